@@ -1,0 +1,113 @@
+# What every target of the project shares: warnings and Qt defines as one
+# interface target, and the functions that declare host libraries and tests.
+
+add_library(zorva_build_settings INTERFACE)
+target_compile_features(zorva_build_settings INTERFACE cxx_std_17)
+target_compile_options(zorva_build_settings INTERFACE
+  -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  $<$<BOOL:${ZORVAPARSER_WERROR}>:-Werror>)
+target_compile_definitions(zorva_build_settings INTERFACE
+  QT_NO_KEYWORDS
+  QT_NO_CAST_FROM_ASCII
+  QT_NO_CAST_TO_ASCII
+  QT_NO_CAST_FROM_BYTEARRAY
+  QT_NO_URL_CAST_FROM_STRING
+  QT_DEPRECATED_WARNINGS)
+if(ZORVAPARSER_SANITIZE)
+  target_compile_options(zorva_build_settings INTERFACE
+    -fsanitize=${ZORVAPARSER_SANITIZE} -fno-omit-frame-pointer
+    -fno-sanitize-recover=all)
+  target_link_options(zorva_build_settings INTERFACE
+    -fsanitize=${ZORVAPARSER_SANITIZE})
+endif()
+if(ZORVAPARSER_BUILD_FUZZ)
+  # Coverage feedback for the fuzzers; their mains come from libFuzzer.
+  target_compile_options(zorva_build_settings INTERFACE -fsanitize=fuzzer-no-link)
+  target_link_options(zorva_build_settings INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
+
+# Public headers install below one folder, so that <vkbase/observable.h> and
+# <zorvaparser/zorvaformular.h> read alike in the tree and in an installation.
+set(ZORVA_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/zorvaparser-${PROJECT_VERSION_MAJOR})
+
+# zorva_export_header(<folder> <prefix> <library>)
+# Writes <build>/include/<folder>/<folder>_export.h with <prefix>_EXPORT.
+function(zorva_export_header folder prefix library)
+  set(ZORVA_EXPORT_PREFIX ${prefix})
+  set(ZORVA_EXPORT_LIBRARY ${library})
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/export.h.in
+    ${PROJECT_BINARY_DIR}/include/${folder}/${folder}_export.h @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/include/${folder}/${folder}_export.h
+    DESTINATION ${ZORVA_INSTALL_INCLUDEDIR}/${folder})
+endfunction()
+
+# zorva_add_host_library(<name> SOURCES ... HEADERS ... LINK ...)
+# One SHARED library for one folder below host/, with the alias
+# ZorvaHost::<name>, the export macro <NAME>_EXPORT and its installation.
+# HEADERS are public; LINK is what those headers need.
+function(zorva_add_host_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;LINK;PRIVATE_LINK" ${ARGN})
+  string(TOUPPER ${name} prefix)
+  zorva_export_header(${name} ${prefix} ${name})
+  add_library(${name} SHARED ${ARG_SOURCES} ${ARG_HEADERS})
+  add_library(ZorvaHost::${name} ALIAS ${name})
+  target_compile_definitions(${name} PRIVATE ${prefix}_BUILD)
+  target_include_directories(${name} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/host>
+    $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include>
+    $<INSTALL_INTERFACE:${ZORVA_INSTALL_INCLUDEDIR}>)
+  target_link_libraries(${name}
+    PUBLIC ${ARG_LINK}
+    PRIVATE ${ARG_PRIVATE_LINK} $<BUILD_INTERFACE:zorva_build_settings>)
+  set_target_properties(${name} PROPERTIES
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+    EXPORT_NAME ${name})
+  install(TARGETS ${name} EXPORT ZorvaParserTargets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES ${ARG_HEADERS} DESTINATION ${ZORVA_INSTALL_INCLUDEDIR}/${name})
+endfunction()
+
+# zorva_add_test(<name> SOURCES ... LINK ... [LABELS ...] [XVFB] [TIMEOUT s])
+# Registers one Qt Test executable. Tests run offscreen unless XVFB asks for a
+# real X server of their own (label "xvfb").
+function(zorva_add_test name)
+  cmake_parse_arguments(ARG "XVFB" "TIMEOUT" "SOURCES;LINK;LABELS;ENVIRONMENT" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE
+    ${ARG_LINK} Qt5::Test zorva_build_settings)
+  target_compile_definitions(${name} PRIVATE
+    ZORVA_EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples"
+    ZORVA_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
+  set(environment
+    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/common/lsan.supp"
+    "UBSAN_OPTIONS=print_stacktrace=1"
+    "QT_LOGGING_RULES="
+    ${ARG_ENVIRONMENT})
+  if(ARG_XVFB)
+    add_test(NAME ${name}
+      COMMAND xvfb-run -a -s "-screen 0 1920x1200x24" $<TARGET_FILE:${name}>)
+    list(APPEND environment "QT_QPA_PLATFORM=xcb")
+    list(APPEND ARG_LABELS xvfb)
+  else()
+    add_test(NAME ${name} COMMAND ${name})
+    list(APPEND environment "QT_QPA_PLATFORM=offscreen")
+  endif()
+  set_tests_properties(${name} PROPERTIES
+    ENVIRONMENT "${environment}" TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}")
+endfunction()
