@@ -1,0 +1,278 @@
+#ifndef ZORVADELEGATE_H
+#define ZORVADELEGATE_H
+
+#include <valueframework/value.h>
+#include <valueframework/valuenumeric.h>
+#include <valueframework/valueselection.h>
+#include <vkbase/iobserver.h>
+#include <zorvaparser/zorvaparser_export.h>
+
+#include <QExplicitlySharedDataPointer>
+#include <QLabel>
+#include <QMap>
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+#include <QVariant>
+
+class FloatGroupLayout;
+class QXmlStreamReader;
+class QXmlStreamWriter;
+
+namespace Orvane {
+
+class ZorvaEnum;
+class ZorvaFormular;
+class ZorvaSheet;
+class ZorvaWidget;
+
+/** When a row's changes are to be applied; 0 stands for any other text. Stored only. */
+enum eApplyMode { ekInstantApplyMode = 1, ekNormalApplyMode = 2 };
+
+/**
+ * Base of every control kind: the object that a form's script sees and that
+ * holds the state of one row. Properties are Qt dynamic properties; every change
+ * runs through event() and PropertyChanged(), and the defined ones are forwarded
+ * to the control. Lives on the GUI thread, owned by its ZorvaWidget.
+ */
+class ZORVAPARSER_EXPORT ZorvaDelegate : public QObject, public IObserver
+{
+    Q_OBJECT
+
+public:
+    /** @p widget is the owning row, never owned; null only for the sheet's own delegate. */
+    explicit ZorvaDelegate(ZorvaWidget* widget);
+    /** Leaves label and controls to the Qt widget tree. */
+    ~ZorvaDelegate() override;
+
+    /** Creates the row's values below GetVTPath(); a second call replaces them. */
+    virtual void CreateValueTree();
+    /** Rebuilds what depends on the form's enumerations; the base only traces. */
+    virtual void ResyncValueTree();
+    /** Adds the row's label and control to @p layout, which must not be null. */
+    virtual void CreateGUI(FloatGroupLayout* layout);
+    /** Writes the row's parameter elements; nothing unless parameter XML is on. */
+    virtual void GetXml(QXmlStreamWriter& writer) const;
+    /** Entered on the row's start tag, leaves the reader on its end tag. */
+    virtual void ReadXml(QXmlStreamReader& reader);
+    /** The row's one main value; null if it has none. */
+    virtual values::ValueBase* GetVTValue() const;
+    /** Takes the "Property" and "CustomProperties" children up to the next end tag. */
+    virtual void ParseProperties(QXmlStreamReader& reader, bool custom);
+    /** Input gate of the sheet; the wish in "enabled" survives a closed gate. */
+    virtual void EnableInput(bool enable, bool restricted);
+
+Q_SIGNALS:
+    /** A custom property got a different value. */
+    void customPropertyChanged(QString name, QVariant value);
+
+public Q_SLOTS:
+    void setApplyMode(eApplyMode applyMode);
+    void setEnabled(bool flag);
+    void setGenerateParameterXml(bool flag);
+    void setReadOnly(bool flag);
+    void setVisible(bool flag);
+    void setLabelText(QString text);
+    /** Stores @p value under @p name and tells, unless it is equal already. */
+    void setCustomProperty(QString name, QVariant value);
+    /** False while the row's group is collapsed; "visible" is held back meanwhile. */
+    virtual void setGroupVisible(bool flag);
+    virtual void setFocus();
+    /** Marks the row and its sheet; nothing while parameter XML is off for the row. */
+    virtual void setModified(bool autoApply);
+    virtual void resetModified();
+    /** Commits text that is still being typed. */
+    virtual void forceFinishEditing();
+
+public:
+    Q_INVOKABLE QVariant customProperty(QString name);
+
+    void Update(Observable* observable, TChangeCode code) override;
+    /** The one funnel of property changes. */
+    bool event(QEvent* event) override;
+
+    /** Sets the property unless it equals @p value (QVariant comparison); true if set. */
+    bool ChangeProperty(const QString& name, QVariant value);
+    /**
+     * Switches a property between forwarded and held back. While it is held back
+     * the control shows @p value (if not null) and the property keeps its own.
+     */
+    void EnableProperty(const QString& name, bool enable, QVariant* value);
+
+    /** The typed getters give @p fallback for an absent or unconvertible property. */
+    bool GetBool(const QString& name, bool fallback) const;
+    int GetInt(const QString& name, int fallback) const;
+    qint64 GetInt64(const QString& name, qint64 fallback) const;
+    quint64 GetUInt64(const QString& name, quint64 fallback) const;
+    double GetDouble(const QString& name, double fallback) const;
+    /** @p fallback also for an empty text. */
+    QString GetString(const QString& name, QString fallback) const;
+    /** The property's text in the user's language; empty if it is empty. */
+    QString GetTranslated(const QString& name);
+
+    bool isEnabled();
+    bool isGroupVisible();
+    bool isModified();
+
+    /** Slash-separated path in parameter XML; an empty one means the object name. */
+    void SetXmlPath(const QString& path);
+    const QString& GetXmlPath() const;
+    /** The last part of the XML path. */
+    const QString& GetXmlTagName() const;
+    /** Compares case-insensitively. */
+    bool ContainsXmlTag(QString tag);
+    /** Every tag that this row answers to; empty if its tag is its object name. */
+    const QStringList& GetAllTags() const;
+    bool HasSeveralXmlTags();
+    /** @p path is the sheet's path in the value tree. */
+    void SetVTPath(const QString& path);
+    const QString& GetVTPath() const;
+    /** Name and node of the row's value; null strings if the path has no node. */
+    QString GetVTName();
+    QString GetVTNodePath();
+
+    /** From value to display: value x factor + offset, with the row's properties. */
+    double displayTransformation(double value) const;
+    static double displayTransformation(double value, double factor, double offset);
+    /** From display to value. A factor of 0 gives an infinity or a NaN. */
+    double reverseDisplayTransformation(double value) const;
+    static double reverseDisplayTransformation(double value, double factor, double offset);
+
+protected:
+    /** Called for each change of a property; subclasses call the base first. */
+    virtual void PropertyChanged(const QString& name, const QVariant& value);
+
+    void DefineProperty(const QString& name);
+    void UndefineProperty(const QString& name);
+    /** Copies every defined property that is set to @p target. */
+    void PropagateProperties(QObject* target);
+    /** Copies one defined property to @p target, which may be null. */
+    void PropagateProperty(const QString& name, QObject* target);
+
+    /** Row-major cell; invalid if out of the list. The column is not checked by itself. */
+    static QVariant GetListValue(const QList<QVariant>& list, int row, int column, int columnCount);
+    /** True if the cell exists and changed. */
+    static bool SetListValue(QList<QVariant>& list, QVariant value, int row, int column, int columnCount);
+    /** False, and nothing done, for a negative count and for an unchanged number of cells. */
+    static bool ResizeList(QList<QVariant>& list, int rows, int columns, int oldColumns);
+
+    /** @p text in the user's language, with the object name as context. */
+    QString Translate(const QString& text);
+
+    /** Adds @p tag to the tags that ReadXml() answers to, unless held in any case. */
+    void AddXmlTag(QString tag);
+
+    /**
+     * The value factories: each makes a value below GetVTNodePath(), starting from
+     * the property @p name, and gives null if the tree refuses it (the text one
+     * returns it all the same). The caller owns the value. An @p index of 0 or more
+     * is appended to the value's name.
+     */
+    values::ValueBool* CreateValueBoolean(const QString& name);
+    values::NumericDouble* CreateValueNumericFloat(const QString& name, int index);
+    values::NumericInt* CreateValueNumericInt(const QString& name, int index);
+    values::ValueSelection* CreateValueSelection(const QString& name,
+                                                 QExplicitlySharedDataPointer<ZorvaEnum> enumeration);
+    values::ValueString* CreateValueString(const QString& name);
+    /** Carries limits and step from the properties (display units) to @p value. */
+    void ConfigureValueNumeric(values::IValueNumeric* value);
+    void WriteUnitAttribute(QXmlStreamWriter& writer) const;
+
+    /** @p value with trailing zeros cut, then @p suffix; see the tooltips for the uncut form. */
+    QString formatString(double value, int decimals, QString suffix);
+    /** Range tooltips of numeric controls; null @p control is allowed. */
+    void SetDoubleTooltip(QWidget* control);
+    void SetIntTooltip(QWidget* control);
+    void SetInt64Tooltip(QWidget* control);
+
+    // What all kinds do alike with values, controls and parameter XML.
+
+    /** Observes @p value, which may be null, and returns it. */
+    template <typename V>
+    V* ObserveValue(V* value)
+    {
+        if (value)
+            value->AddObserver(this);
+        return value;
+    }
+
+    /** Stops observing @p value, deletes it and clears the pointer. */
+    template <typename V>
+    void ReleaseValue(V*& value)
+    {
+        V* const released = value;
+        value = nullptr;
+        if (!released)
+            return;
+        released->DeleteObserver(this);
+        delete released;
+    }
+
+    /** On code 2 from @p value while it is going away: lets it go and clears the pointer. */
+    template <typename V>
+    void ForgetValue(V*& value, Observable* observable, TChangeCode code)
+    {
+        if (!value || code != ChangeCode::State || observable != static_cast<Observable*>(value))
+            return;
+        // Only the base of the value is still alive at this moment.
+        values::ValueBase* const dying = value;
+        if (dying->GetState() != ValueState::GoingAway)
+            return;
+        dying->DeleteObserver(this);
+        value = nullptr;
+    }
+
+    /** True if this is news of a changed content from @p value, which may be null. */
+    template <typename V>
+    static bool IsContentChange(const V* value, const Observable* observable, TChangeCode code)
+    {
+        return value && code == ChangeCode::Content && observable == static_cast<const Observable*>(value);
+    }
+
+    /** Adds @p control to @p layout and ends the row. */
+    static void PlaceControl(FloatGroupLayout* layout, QWidget* control);
+    /** The label's text, or else the row's tag: what a control shows as tool tip for want of a better one. */
+    QString FallbackToolTip() const;
+    /** Gives the keyboard focus to @p control, which may be null. */
+    static void FocusControl(QWidget* control);
+    /** One element named by the row's tag, with the unit if @p withUnit. */
+    void WriteTextElement(QXmlStreamWriter& writer, const QString& text, bool withUnit) const;
+    /** A property as text: whole numbers never get an exponent. */
+    static QString VariantText(const QVariant& value);
+    QString PropertyText(const char* name) const;
+    /** The widget's name as Latin-1, for control names. */
+    QByteArray ControlName() const;
+    /** The row's sheet and formular; null without a widget. */
+    ZorvaSheet* GetSheet() const;
+    ZorvaFormular* GetFormular() const;
+
+    ZorvaWidget* widget; // not owned
+
+private:
+    bool ParseProperty(QXmlStreamReader& reader, bool custom);
+    void FinishParse();
+    bool ConfigureLimit(const char* name, const char* marker, double fallback, double& limit);
+    bool ConfigureStep(double& step);
+    QString ValueName(int index);
+    template <typename V>
+    V* InsertValue(V* value);
+
+protected:
+    QString xmlPath;
+    QString xmlTagName;
+    QString vtPath;
+    QStringList allTags;
+    QStringList definedProperties;
+    QMap<QString, QVariant> customProperties;
+    eApplyMode applyMode;
+    bool generateParameterXml;
+    bool modified;
+    bool groupVisible;
+    QPointer<QLabel> label; // owned by the layout's parent widget
+};
+
+} // namespace Orvane
+
+Q_DECLARE_METATYPE(Orvane::eApplyMode)
+
+#endif

@@ -1,0 +1,81 @@
+#ifndef ZORVAENUM_H
+#define ZORVAENUM_H
+
+#include <zorvaparser/zorvaparser_export.h>
+
+#include <QHash>
+#include <QList>
+#include <QSharedData>
+#include <QString>
+
+class QXmlStreamReader;
+
+namespace Orvane {
+
+/** One choice of an enumeration: its name for the user, for scripts, and its value text. */
+class ZORVAPARSER_EXPORT ZorvaEnumValue
+{
+public:
+    ZorvaEnumValue() = default;
+    ZorvaEnumValue(const QString& displayName, const QString& enumIdentifier, const QString& value);
+    ZorvaEnumValue(const ZorvaEnumValue&) = default;
+    ZorvaEnumValue& operator=(const ZorvaEnumValue&) = default;
+    virtual ~ZorvaEnumValue() = default;
+
+    /** Entered on the start tag of "EnumValue". Missing children leave empty texts. */
+    void ParseZORVA(QXmlStreamReader& reader);
+
+    const QString& GetDisplayName() const { return displayName; }
+    const QString& GetEnumIdentifier() const { return enumIdentifier; }
+    const QString& GetValue() const { return value; }
+    /** The value as a number; @p defaultValue if the text is none. */
+    double GetDoubleValue(double defaultValue) const;
+
+private:
+    QString displayName;
+    QString enumIdentifier;
+    QString value;
+};
+
+/** A named list of choices, in document order; shared between the formular and its rows. */
+class ZORVAPARSER_EXPORT ZorvaEnum : public QSharedData
+{
+public:
+    ZorvaEnum() = default;
+    explicit ZorvaEnum(const QString& name);
+    ZorvaEnum(const ZorvaEnum&) = default;
+    ZorvaEnum& operator=(const ZorvaEnum&) = delete;
+    virtual ~ZorvaEnum() = default;
+
+    /** Entered on the start tag of "Enum"; appends to the list. */
+    void ParseZORVA(QXmlStreamReader& reader);
+    /** No check for duplicates. */
+    void AppendEnumValue(const QString& displayName, const QString& enumIdentifier, const QString& value);
+    void ClearValues();
+
+    const QString& GetName() const { return name; }
+    int GetValueCount() const { return values.count(); }
+    /** A value of three empty texts if @p index is out of range. */
+    const ZorvaEnumValue& GetValueAt(int index) const;
+    /** Lowest index with that display name or value text, compared exactly; -1 if none. */
+    int firstIndexOfName(const QString& displayName) const;
+    int firstIndexOfValue(const QString& valueText) const;
+    /** A miss yields the first entry, or the empty value of an empty list. */
+    const ZorvaEnumValue& FindName(const QString& displayName) const;
+    /** Likewise; @p found, which may be null, tells a hit from a miss. */
+    const ZorvaEnumValue& FindValue(const QString& valueText, bool* found) const;
+
+private:
+    void Append(const ZorvaEnumValue& entry);
+
+    QString name;
+    QList<ZorvaEnumValue> values;
+    ZorvaEnumValue emptyValue;
+    // First index of each text, so that a lookup does not walk the list.
+    QHash<QString, int> indexByName;
+    QHash<QString, int> indexByValue;
+};
+
+} // namespace Orvane
+
+#endif

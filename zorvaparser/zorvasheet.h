@@ -1,0 +1,137 @@
+#ifndef ZORVASHEET_H
+#define ZORVASHEET_H
+
+#include <zorvaparser/zorvaparser_export.h>
+#include <zorvaparser/zorvawidget.h>
+
+#include <QExplicitlySharedDataPointer>
+#include <QHash>
+#include <QList>
+#include <QStringList>
+
+class QWidget;
+class QXmlStreamReader;
+class QXmlStreamWriter;
+
+namespace Orvane {
+
+class ZorvaDelegate;
+class ZorvaElement;
+class ZorvaFormular;
+class ZorvaSheetUi;
+
+/**
+ * The one sheet of a formular: its widgets in order, the tree of their XML tags,
+ * the gate of modified marks, and the switch of input. Held by value by its formular.
+ */
+class ZORVAPARSER_EXPORT ZorvaSheet
+{
+public:
+    /** Who switches input: the form is usable while all three agree. */
+    enum eEnableScope { ekFormularEnableScope = 0, ekHostEnableScope = 1, ekValuesEnableScope = 2 };
+
+    using WidgetPointer = QExplicitlySharedDataPointer<ZorvaWidget>;
+
+    /** @p formular is not owned and outlives the sheet. */
+    explicit ZorvaSheet(ZorvaFormular* formular);
+    virtual ~ZorvaSheet();
+    ZorvaSheet(const ZorvaSheet&) = default;
+    ZorvaSheet& operator=(const ZorvaSheet&) = default;
+
+    /** Entered on the start tag of "Sheet"; widgets are appended, the name is replaced. */
+    void ParseZORVA(QXmlStreamReader& reader);
+    /** Entered on the start tag of an overlay's "Sheet": changes properties of existing widgets. */
+    void ParseChangedZORVA(QXmlStreamReader& reader);
+    void CreateValueTree(const QString& path);
+    void ResyncValueTree();
+    /** Builds the surface and the rows; the rows only once. */
+    void CreateGUI(bool createApplyUi);
+    /** Only the named widgets (by name or tag), or all but them; the others are deselected. */
+    void CreateGUI(bool createApplyUi, const QStringList& names, bool exclude);
+    /** The top widget, null before CreateGUI(). It belongs to the host: the sheet never deletes it. */
+    QWidget* GetGUI();
+    /** The sheet's own delegate; never null. */
+    ZorvaDelegate* GetDelegate();
+    ZorvaFormular* GetFormular() const { return formular; }
+    const QString& GetName() const { return name; }
+    const QString& GetVTPath() const { return vtPath; }
+
+    int GetWidgetCount() const { return widgets.count(); }
+    /** @p index is not checked. */
+    WidgetPointer GetWidgetAt(int index) const;
+    /** By XML path, or by bare tag: the first such widget in list order; null on a miss. */
+    WidgetPointer GetWidget(const QString& path);
+    int IndexOfWidget(const QString& path) const;
+    int IndexOfWidget(WidgetPointer widget) const;
+    /** The first widget of the class @p className, null if there is none. Not owned by the caller. */
+    ZorvaWidget* FindWidget(const QString& className) const;
+    QList<WidgetPointer> FindWidgetsOfClass(const QString& className);
+    /** A row for the host's own @p widget; shown by a later CreateGUI(). Appends if @p index is negative. */
+    WidgetPointer InsertWidget(QString widgetName, QString labelText, QWidget* widget, int index);
+
+    /** Selects (or deselects) the widgets whose XML paths are listed and the reverse for all others. */
+    void SelectWidgets(const QStringList& list, bool select);
+    /** Shows or hides the headline named @p headlineName and the rows up to the next headline. */
+    void ShowGroup(const QString& headlineName, bool visible);
+    /** Opens or collapses the group of @p headline. */
+    void setGroupVisible(ZorvaWidget* headline, bool visible);
+    QStringList GetCollapsed();
+    /** Collapses the headlines in @p list and opens all others. */
+    void SetCollapsed(const QStringList& list);
+    /** Text size in points; 0 or less does nothing. */
+    void SetFontSize(int size);
+
+    void EnableInput(bool enable, eEnableScope scope);
+    bool IsInputEnabled(eEnableScope scope) const;
+    /** While inactive, modified marks do not reach the sheet. */
+    bool isActive() const { return active; }
+    void setActive(bool flag);
+    /** The sheet's own mark. */
+    bool isModified();
+    /** True if the sheet is marked and a selected row stands behind it. */
+    bool isWidgetModified() const;
+    void setModified(bool autoApply);
+    void resetModified();
+    void applyNow();
+    void killAutoApplyTimer();
+    bool isAutoApplyEnabled();
+    void setAutoApplyEnabled(bool enable);
+
+    /** Writes the root element; with values also the groups and leaves. */
+    void GetXml(QXmlStreamWriter& writer, bool withValues, bool modifiedOnly) const;
+    /** Entered on the root's start tag. Changes made meanwhile do not mark the sheet. */
+    void ReadXml(QXmlStreamReader& reader);
+
+    /** A delegate's tag changed: the index from tags to widgets is made anew when next asked. */
+    void TagsChanged();
+    /** For the formular's connections. */
+    ZorvaSheetUi* GetSheetUi() const { return sheetUi; }
+
+private:
+    void SetEnableInput(bool enable, bool restricted);
+    void CreateRows(const QStringList* names, bool exclude);
+    void InstallWidget(const WidgetPointer& widget, int index);
+    void BuildIndex() const;
+    QWidget* Content() const;
+
+    QString name;
+    QString vtPath;
+    QList<WidgetPointer> widgets;
+    ZorvaElement* rootElement; // owned
+    ZorvaFormular* formular;   // not owned
+    ZorvaSheetUi* sheetUi;     // owned
+    bool enableFormular;
+    bool enableHost;
+    bool enableValues;
+    bool active;
+
+    // Positions in the list, the first of equals; made when asked, dropped when the list changes.
+    mutable bool indexValid = false;
+    mutable QHash<QString, int> indexByTag;
+    mutable QHash<QString, int> indexByName;
+    mutable QHash<const ZorvaWidget*, int> indexByWidget;
+};
+
+} // namespace Orvane
+
+#endif

@@ -1,0 +1,72 @@
+#ifndef ZORVAWIDGET_H
+#define ZORVAWIDGET_H
+
+#include <zorvaparser/zorvaparser_export.h>
+
+#include <QSharedData>
+#include <QString>
+
+class FloatGroupLayout;
+class QWidget;
+class QXmlStreamReader;
+class QXmlStreamWriter;
+
+namespace Orvane {
+
+class ZorvaDelegate;
+class ZorvaFormular;
+class ZorvaSheet;
+
+/** The form engine's record of one row: its name, its class and the delegate that does the work. */
+class ZORVAPARSER_EXPORT ZorvaWidget : public QSharedData
+{
+public:
+    /** @p sheet is not owned and outlives the record. */
+    explicit ZorvaWidget(ZorvaSheet* sheet);
+    virtual ~ZorvaWidget();
+    ZorvaWidget(const ZorvaWidget&) = delete;
+    ZorvaWidget& operator=(const ZorvaWidget&) = delete;
+
+    /** Entered on the start tag of "Widget"; @p index numbers a nameless widget. */
+    void ParseZORVA(QXmlStreamReader& reader, int index);
+    void CreateValueTree(const QString& vtPath);
+    void CreateGUI(FloatGroupLayout* layout);
+    void ResyncValueTree();
+    /** Writes the row unless deselected, and clears its mark. */
+    void GetXml(QXmlStreamWriter& writer, bool modifiedOnly) const;
+    /** Reads the row and clears its mark. */
+    void ReadXml(QXmlStreamReader& reader);
+    /** Makes this the record of a host's own @p widget, which stays the host's until it is laid out. */
+    void SetExtWidget(QString name, QString labelText, QWidget* widget);
+
+    bool isModified();
+    void resetModified();
+    /** A deselected row takes no part in parameter XML. */
+    bool IsSelected() const { return selected; }
+    void SetSelected(bool select);
+
+    const QString& GetName() const { return name; }
+    const QString& GetClass() const { return className; }
+    /** True for the rows that head a group. */
+    bool IsHeadline() const { return headline; }
+    const QString& GetXmlTagName() const;
+    /** Null before ParseZORVA() or SetExtWidget(). */
+    ZorvaDelegate* GetDelegate() const { return delegate; }
+    ZorvaSheet* GetSheet() const { return sheet; }
+    ZorvaFormular* GetFormular() const;
+
+private:
+    void createDelegate();
+    void SetClass(const QString& newClass);
+
+    QString name;
+    QString className;
+    ZorvaSheet* sheet;       // not owned
+    ZorvaDelegate* delegate; // owned
+    bool selected;
+    bool headline; // className is "Headline": group walks ask it for every row
+};
+
+} // namespace Orvane
+
+#endif
