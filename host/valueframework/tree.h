@@ -1,0 +1,76 @@
+#ifndef ZORVA_VALUEFRAMEWORK_TREE_H
+#define ZORVA_VALUEFRAMEWORK_TREE_H
+
+#include <valueframework/valuebase.h>
+#include <valueframework/valueframework_export.h>
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+namespace values {
+
+/// The process-wide tree of values. In paths a leading "/" is optional, doubled
+/// and trailing ones are ignored, and case counts. Nodes come with their first
+/// value and go with their last; a node and a value may share a path.
+class VALUEFRAMEWORK_EXPORT Tree
+{
+public:
+    /// Made on first use and never destroyed; never null.
+    static Tree* Instance();
+
+    /// Hangs `value` below the node and owns it from then on. False, and the
+    /// caller keeps it, if it is null, in the tree already or going away, or if
+    /// the node has a value of that name. Values without a name never collide.
+    virtual bool AddValue(const QString& nodePath, ValueBase* value);
+    /// Null if there is none.
+    virtual ValueBase* GetValue(const QString& path) const;
+    /// Takes the value out and deletes it. False if there is none.
+    virtual bool RemoveValue(const QString& path);
+
+    bool IsEmpty() const { return m_valueCount == 0; }
+    /// Values without a name count too.
+    int GetValueCount() const { return m_valueCount; }
+    /// The paths of all named values, sorted.
+    QStringList GetPathNames() const;
+
+protected:
+    Tree();
+    virtual ~Tree();
+    Tree(const Tree&) = delete;
+    Tree& operator=(const Tree&) = delete;
+
+private:
+    friend class ValueBase;
+
+    struct Node;
+    struct Place;
+    struct Key
+    {
+        const Node* node;
+        QString name; // the last part of the value's path
+
+        bool operator==(const Key& other) const { return node == other.node && name == other.name; }
+        friend uint qHash(const Key& key, uint seed = 0)
+        {
+            return ::qHash(key.name, ::qHash(key.node, seed));
+        }
+    };
+
+    static QString pathOf(const ValueBase* value);
+    static Key keyOf(const ValueBase* value);
+    static Place placeOf(const QString& nodePath, const QString& name);
+    bool insert(const Place& place, ValueBase* value);
+    void detach(ValueBase* value);
+    bool rename(ValueBase* value, const QString& name);
+
+    QHash<QString, Node*> m_nodes; // owned, by path without trailing "/"
+    QHash<Key, ValueBase*> m_values;
+    int m_valueCount = 0;
+};
+
+} // namespace values
+
+#endif

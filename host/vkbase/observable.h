@@ -1,0 +1,74 @@
+#ifndef ZORVA_VKBASE_OBSERVABLE_H
+#define ZORVA_VKBASE_OBSERVABLE_H
+
+#include <vkbase/iobserver.h>
+#include <vkbase/vkbase_export.h>
+
+#include <QVarLengthArray>
+
+class Observable;
+
+/// Knows whether an observable still exists. Costs nothing while unused and no
+/// heap while used, so it fits round any call that may destroy the observable.
+class VKBASE_EXPORT ObservableGuard
+{
+public:
+    /// `observable` may be null.
+    explicit ObservableGuard(Observable* observable = nullptr) noexcept;
+    ObservableGuard(const ObservableGuard&) = delete;
+    ObservableGuard& operator=(const ObservableGuard&) = delete;
+    virtual ~ObservableGuard();
+
+    /// The observable, or null once it is gone.
+    Observable* Get() const { return m_observable; }
+    /// Guards `observable` from now on; null guards nothing.
+    void Reset(Observable* observable) noexcept;
+
+private:
+    friend class Observable;
+
+    virtual void observerRemoved(const IObserver* observer);
+
+    Observable* m_observable = nullptr;
+    ObservableGuard* m_previous = nullptr;
+    ObservableGuard* m_next = nullptr;
+};
+
+/// Something that tells observers of its changes, synchronously and in the
+/// order in which they were added.
+class VKBASE_EXPORT Observable
+{
+public:
+    Observable() noexcept;
+    Observable(const Observable&) = delete;
+    Observable& operator=(const Observable&) = delete;
+    virtual ~Observable();
+
+    /// Puts `observer` at the end of the order. False if it is null or already there.
+    virtual bool AddObserver(IObserver* observer);
+    /// False if `observer` is not there; a running notification skips it from now on.
+    virtual bool DeleteObserver(IObserver* observer);
+    /// Takes everybody out; running notifications end.
+    virtual void DeleteObservers();
+    /// Puts `observer` at the head of the order, adding it if need be; a running
+    /// notification keeps its own order. False if it is null or cannot be added.
+    virtual bool MakeFirstObserver(IObserver* observer);
+
+    bool HasObserver(const IObserver* observer) const;
+    int GetObserverCount() const { return m_observers.size(); }
+
+    /// Tells every observer but `originator` (may be null) of `code`, each once.
+    /// Observers may add, remove and destroy observers and this very object
+    /// meanwhile: who was removed is skipped, who was added waits for the next
+    /// round. False if this object was destroyed meanwhile.
+    bool NotifyObservers(TChangeCode code, IObserver* originator = nullptr);
+
+private:
+    friend class ObservableGuard;
+
+    // A value mostly has two observers, its row and its control.
+    QVarLengthArray<IObserver*, 2> m_observers; // not owned
+    ObservableGuard* m_guards = nullptr;        // not owned: each unlinks itself
+};
+
+#endif
