@@ -1,0 +1,60 @@
+#ifndef ZORVA_VALUEBINDING_H
+#define ZORVA_VALUEBINDING_H
+
+#include <basicvaluewidgets/basicvaluewidgets_export.h>
+#include <vkbase/iobserver.h>
+
+#include <QtGlobal>
+
+class Observable;
+class QEvent;
+class QWidget;
+namespace values {
+class ValueBase;
+}
+
+// The tie between one control and one value: joins and leaves its observers,
+// forgets a value that goes away and keeps the control disabled from then on,
+// whatever is asked from outside, until another value (or none) is bound.
+// A member of the control; both may die before the value or after it.
+class BASICVALUEWIDGETS_EXPORT ValueBinding
+{
+public:
+    // Neither is owned; both outlive the binding (it is their member).
+    ValueBinding(QWidget* control, IObserver* observer);
+    ~ValueBinding();
+    Q_DISABLE_COPY(ValueBinding)
+
+    // Leaves the old value and joins the new one, null allowed. False, and
+    // bound to nothing, if the value is already going away.
+    bool Bind(values::ValueBase* value);
+    // Null if nothing is bound or the value has gone.
+    values::ValueBase* Value() const { return m_value; }
+    bool IsLost() const { return m_lost; }
+
+    // To be asked first in the control's Update: true if the notice concerns
+    // the bound value and leaves something to be done. A value that goes away
+    // is dealt with here.
+    bool Concerns(const Observable* observable, TChangeCode code);
+
+    // What is asked from outside; takes effect at once or when a value is
+    // bound again.
+    void RequestEnabled(bool enabled);
+    // To be told of each changeEvent: keeps the control of a lost value
+    // disabled when somebody enables it past RequestEnabled.
+    void ControlChanged(const QEvent* event);
+
+private:
+    void lose();
+    void leave();
+    void setLost(bool lost);
+
+    QWidget* m_control;
+    IObserver* m_observer;
+    values::ValueBase* m_value = nullptr; // not owned, cleared when it goes away
+    bool m_lost = false;
+    bool m_requestedEnabled = true; // kept only while lost
+    bool m_applying = false;
+};
+
+#endif

@@ -1,0 +1,56 @@
+#ifndef ZORVA_VCCHECKBOX_H
+#define ZORVA_VCCHECKBOX_H
+
+#include <basicvaluewidgets/valuebinding.h>
+#include <guibase/undorecordingcontrolbase.h>
+#include <valueframework/value.h>
+#include <vkbase/iobserver.h>
+
+#include <QCheckBox>
+
+// A check box that shows and writes a bool. Every toggle is written with the
+// control as originator.
+class BASICVALUEWIDGETS_EXPORT VCCheckBox : public QCheckBox,
+                                            public IObserver,
+                                            public UndoRecordingControlBase
+{
+    Q_OBJECT
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
+    Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly)
+
+public:
+    // name is the object name, null for none.
+    VCCheckBox(QWidget* parent, const char* name);
+    ~VCCheckBox() override;
+
+    // Null unbinds and leaves a plain check box. The value is not owned.
+    void SetBoolean(values::ValueBool* value);
+    void Update(Observable* observable, TChangeCode code) override;
+
+    // Blocks mouse, keyboard and shortcuts; the value still shows.
+    bool isReadOnly() const { return m_readOnly; }
+    void setReadOnly(bool readOnly);
+
+public Q_SLOTS:
+    void setEnabled(bool enabled);
+
+protected:
+    void ApplyRecordedState(const QVariant& state) override;
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool hitButton(const QPoint& position) const override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void nextCheckState() override;
+
+private:
+    values::ValueBool* boolean() const;
+    void refresh();
+    void setCheckedCheaply(bool checked);
+    void write(bool checked);
+
+    ValueBinding m_binding;
+    bool m_readOnly = false;
+    bool m_refreshing = false;
+};
+
+#endif

@@ -1,0 +1,84 @@
+#ifndef ZORVA_VCLINEEDIT_H
+#define ZORVA_VCLINEEDIT_H
+
+#include <basicvaluewidgets/frequencytext.h>
+#include <basicvaluewidgets/valuebinding.h>
+#include <vkbase/iobserver.h>
+
+#include <QLineEdit>
+
+namespace values {
+class IValueNumeric;
+}
+
+// A line edit over a value. Text that the user typed is final on Return, on
+// leaving the control and by endEdit(); only then the value is written. Escape
+// brings the value's text back.
+//
+// The plain type takes any text that the input mask allows. The frequency type
+// reads and shows hertz by the rules of FrequencyText: wrong text brings the
+// old one back with a short hint, a frequency out of range is clamped. While
+// the user is typing a frequency, a change of the value waits, so that a
+// receiver on the move does not overwrite the entry.
+class BASICVALUEWIDGETS_EXPORT VCLineEdit : public QLineEdit, public IObserver
+{
+    Q_OBJECT
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
+
+public:
+    enum LineEditType { ekPlainText = 0, ekFrequencyText = 1 };
+
+    // name is the object name, null for none.
+    VCLineEdit(QWidget* parent, const char* name, LineEditType type);
+    ~VCLineEdit() override;
+
+    // Null unbinds and keeps the text. The value is not owned. The frequency
+    // type wants a numeric value in hertz; of any other it shows the text.
+    void SetValueBase(values::ValueBase* value);
+    void Update(Observable* observable, TChangeCode code) override;
+
+    // The unit in which the frequency type shows its number.
+    void SetFrequencyUnit(FrequencyText::Unit unit);
+    FrequencyText::Unit GetFrequencyUnit() const { return m_unit; }
+
+public Q_SLOTS:
+    // Makes typed text final at once; nothing on text that nobody touched.
+    void endEdit();
+    void setEnabled(bool enabled);
+
+Q_SIGNALS:
+    // The text as it stands, once per edit and before the value is written.
+    // What a receiver writes to the value itself stands.
+    void signalTextFinallyChanged(const QString& text);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+    values::ValueBase* boundValue() const { return m_binding.Value(); }
+    // Null unless a numeric value is bound.
+    values::IValueNumeric* boundNumber() const;
+    // Shows the value again and drops what was typed.
+    void refresh();
+    // The hertz that are shown; false if the text is no frequency.
+    bool shownFrequency(double* hertz) const;
+    // Writes hertz, clamped to the value's limits, as the user's edit.
+    void commitFrequency(double hertz);
+
+private:
+    QString valueText() const;
+    void commitText(const QString& text);
+    void commitTypedFrequency();
+    void finish(const QString& text, const QString& stored);
+    double clamped(double hertz) const;
+    void refuse(const QString& hint);
+    void showText(const QString& text);
+
+    ValueBinding m_binding;
+    const LineEditType m_type;
+    FrequencyText::Unit m_unit = FrequencyText::Unit::Automatic;
+    bool m_finishing = false;
+};
+
+#endif
