@@ -1,0 +1,582 @@
+// An arrangement is a chain of passes: gather the hint of every item once, cut
+// the items into sections, pack the sections into the most columns that fit,
+// and walk over the items to place them. All passes are linear in the items.
+
+#include <layout/floatgrouplayout.h>
+
+#include "headlinebox_p.h"
+
+#include <QEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPointer>
+#include <QScrollArea>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int unlimitedWidth = 1000000;
+constexpr int maximumLabelHeight = 24;
+constexpr int sectionHeight = 2;
+
+// Sums stop here: items of the largest height Qt knows, 150 of them, would
+// otherwise run over.
+constexpr int farthest = 1 << 29;
+
+int sum(int position, int length)
+{
+    return qMin(position + length, farthest);
+}
+
+void grow(int& widest, int width)
+{
+    widest = qMax(widest, width);
+}
+
+bool isVisible(const QRect& hint)
+{
+    return hint.height() > 0;
+}
+
+void widenBySection(FloatGroupColumn& column, const FloatGroupColumn& section)
+{
+    grow(column.labelWidth, section.labelWidth);
+    grow(column.fieldWidth, section.fieldWidth);
+    grow(column.rowWidth, section.rowWidth);
+    grow(column.sectionWidth, section.sectionWidth);
+}
+
+} // namespace
+
+// Collects the widths of one section after the other.
+class FloatGroupLayout::SectionScan
+{
+public:
+    SectionScan(QList<FloatGroupColumn>& sections, int spacing)
+        : m_sections(sections)
+        , m_spacing(spacing)
+    {
+    }
+
+    void begin(int first)
+    {
+        m_section = FloatGroupColumn();
+        m_section.first = first;
+    }
+    void end() { m_sections.append(m_section); }
+    void add(int flags, int width);
+
+private:
+    void addField(int flags, int width);
+
+    QList<FloatGroupColumn>& m_sections;
+    const int m_spacing;
+    FloatGroupColumn m_section;
+    int m_rowWidth = 0; // of the running row
+    int m_position = 0; // of the item in its row
+};
+
+void FloatGroupLayout::SectionScan::add(int flags, int width)
+{
+    if (flags & FlagNewRow) {
+        m_position = 0;
+        m_rowWidth = 0;
+    }
+    if (flags & FlagLabel)
+        grow(m_section.labelWidth, width);
+    else if (flags & FlagSectionHead)
+        grow(m_section.sectionWidth, width + m_spacing);
+    else
+        addField(flags, width);
+    ++m_position;
+}
+
+void FloatGroupLayout::SectionScan::addField(int flags, int width)
+{
+    m_rowWidth = sum(m_rowWidth, width + m_spacing);
+    grow(m_section.rowWidth, m_rowWidth);
+    if (!(flags & FlagSpecial) && m_position == 1)
+        grow(m_section.fieldWidth, width);
+}
+
+// Walks over the items and turns each hint into the final rectangle.
+class FloatGroupLayout::Placer
+{
+public:
+    Placer(const FloatGroupLayout& layout, QList<FloatGroupColumn>& columns, int width)
+        : m_layout(layout)
+        , m_columns(columns)
+        , m_width(width)
+        , m_rects(layout.m_hints.data())
+        , m_column(&columns[0])
+    {
+    }
+
+    void place(int index);
+    QSize finish();
+
+private:
+    void startRow();
+    void settleLabel();
+    void setWidth(int index, int flags);
+    void startSection(int index);
+    void wrap(const QRect& rect);
+    void putDown(QRect& rect);
+
+    const FloatGroupLayout& m_layout;
+    QList<FloatGroupColumn>& m_columns;
+    const int m_width;
+    QRect* const m_rects;
+    FloatGroupColumn* m_column;
+    int m_x = 0;
+    int m_y = 0;
+    int m_rowHeight = 0;
+    int m_advance = 0; // from the left edge of the last item to the next
+    int m_maxRight = 0;
+    int m_maxBottom = 0;
+    int m_pendingLabel = -1; // its height is known when its row ends
+};
+
+void FloatGroupLayout::Placer::place(int index)
+{
+    const int flags = m_layout.m_flags.at(index);
+    if (flags & FlagNewRow)
+        startRow();
+    else
+        m_x = sum(m_x, m_advance);
+    setWidth(index, flags);
+    if (flags & FlagSectionHead)
+        startSection(index);
+    wrap(m_rects[index]);
+    putDown(m_rects[index]);
+}
+
+QSize FloatGroupLayout::Placer::finish()
+{
+    settleLabel();
+    return QSize(m_maxRight, m_maxBottom + 1);
+}
+
+void FloatGroupLayout::Placer::startRow()
+{
+    settleLabel();
+    m_x = m_column->x;
+    m_y = sum(m_y, m_rowHeight);
+    m_rowHeight = 0;
+}
+
+void FloatGroupLayout::Placer::settleLabel()
+{
+    if (m_pendingLabel < 0)
+        return;
+    m_rects[m_pendingLabel].setHeight(qMin(m_rowHeight, maximumLabelHeight));
+    m_pendingLabel = -1;
+}
+
+void FloatGroupLayout::Placer::setWidth(int index, int flags)
+{
+    QRect& rect = m_rects[index];
+    if (flags & FlagLabel) {
+        rect.setWidth(m_column->labelWidth);
+        m_pendingLabel = index;
+    } else if (!(flags & FlagSpecial) && rect.width() < m_column->fieldWidth) {
+        rect.setWidth(m_column->fieldWidth);
+    }
+}
+
+// The head's distance to the row above stays with the column that it leaves.
+void FloatGroupLayout::Placer::startSection(int index)
+{
+    QLayoutItem* item = m_layout.m_items.at(index);
+    const QWidget* head = item ? item->widget() : nullptr;
+    if (index > 0 && head)
+        m_y = sum(m_y, head->contentsMargins().top());
+    m_column->y = m_y;
+    m_column = &m_columns[m_layout.getSectionIndex(m_columns, index)];
+    int span = qMax(m_column->rowWidth + m_column->labelWidth, m_column->sectionWidth);
+    if (span > m_width)
+        span = qMax(m_width, m_maxRight);
+    m_rects[index].setWidth(span);
+    m_x = m_column->x;
+    m_y = m_column->y;
+}
+
+// Back to the edge of the layout, not of the column: only a single column is
+// meant to hold rows wider than the width.
+void FloatGroupLayout::Placer::wrap(const QRect& rect)
+{
+    if (m_x <= 0 || m_x + rect.width() <= m_width)
+        return;
+    m_x = 0;
+    m_y = sum(m_y, m_rowHeight);
+    m_rowHeight = 0;
+}
+
+void FloatGroupLayout::Placer::putDown(QRect& rect)
+{
+    rect.moveTo(m_x, m_y);
+    m_advance = rect.width() + m_layout.m_horizontalSpacing;
+    if (isVisible(rect))
+        grow(m_rowHeight, rect.height() + m_layout.m_verticalSpacing);
+    grow(m_maxRight, rect.right());
+    grow(m_maxBottom, rect.bottom());
+}
+
+FloatGroupLayout::FloatGroupLayout(QScrollArea* scrollArea)
+    : QLayout(scrollArea ? scrollArea->widget() : nullptr)
+    , m_scrollArea(scrollArea)
+{
+    initialize();
+    if (!m_scrollArea)
+        return;
+    m_scrollArea->installEventFilter(this);
+    // The content may be taken off the area and outlive it.
+    connect(m_scrollArea, &QObject::destroyed, this, [this] { m_scrollArea = nullptr; });
+}
+
+FloatGroupLayout::FloatGroupLayout(QWidget* parent)
+    : QLayout(parent)
+{
+    initialize();
+}
+
+FloatGroupLayout::~FloatGroupLayout()
+{
+    while (!m_items.isEmpty()) {
+        QLayoutItem* item = m_items.takeFirst();
+        if (!item)
+            break;
+        delete item;
+    }
+    m_flags.clear();
+    m_hints.clear();
+}
+
+void FloatGroupLayout::initialize()
+{
+    setSizeConstraint(QLayout::SetNoConstraint);
+    QLayoutItem::setAlignment(Qt::AlignTop);
+}
+
+bool FloatGroupLayout::eventFilter(QObject* watched, QEvent* event)
+{
+    if (m_scrollArea && watched == m_scrollArea && event->type() == QEvent::Resize) {
+        invalidate();
+        QLayout::update();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void FloatGroupLayout::addItem(QLayoutItem* item)
+{
+    clearHints();
+    m_items.append(item);
+    m_flags.append(0);
+}
+
+QLayoutItem* FloatGroupLayout::itemAt(int index) const
+{
+    return index < 0 || index >= m_items.count() ? nullptr : m_items.at(index);
+}
+
+QLayoutItem* FloatGroupLayout::takeAt(int index)
+{
+    return index < 0 || index >= m_items.count() ? nullptr : m_items.takeAt(index);
+}
+
+int FloatGroupLayout::count() const
+{
+    return m_items.count();
+}
+
+QSize FloatGroupLayout::sizeHint() const
+{
+    return sizeHint(unlimitedWidth, 1);
+}
+
+QSize FloatGroupLayout::minimumSize() const
+{
+    const QLayoutItem* first = itemAt(0);
+    return first ? first->sizeHint() : QSize(m_horizontalSpacing, m_verticalSpacing);
+}
+
+Qt::Orientations FloatGroupLayout::expandingDirections() const
+{
+    return Qt::Vertical;
+}
+
+void FloatGroupLayout::setGeometry(const QRect& rect)
+{
+    const QSize size = sizeHint(rect.width(), 0);
+    const int generation = m_generation;
+    if (m_scrollArea && m_scrollArea->widget())
+        m_scrollArea->widget()->setMinimumSize(size);
+    QLayout::setGeometry(rect);
+    // Anything that a child does about its new geometry may invalidate the
+    // arrangement; a fresh pass is under way then.
+    for (int i = 0; generation == m_generation && i < qMin(m_items.count(), m_hints.count()); ++i) {
+        QLayoutItem* item = m_items.at(i);
+        if (!item)
+            continue;
+        item->setGeometry(m_hints.at(i));
+        if (m_flags.at(i) & FlagList)
+            setListGeometry(item);
+    }
+}
+
+bool FloatGroupLayout::hasHeightForWidth() const
+{
+    return true;
+}
+
+int FloatGroupLayout::heightForWidth(int width) const
+{
+    return sizeHint(width, 0).height();
+}
+
+void FloatGroupLayout::invalidate()
+{
+    clearHints();
+    QLayout::invalidate();
+}
+
+void FloatGroupLayout::addRow(const QString& label, QWidget* widget)
+{
+    const QString name = widget ? widget->objectName() : QString();
+    addLabel(label, QStringLiteral("label%1").arg(name).toLatin1().constData());
+    if (widget)
+        QLayout::addWidget(widget);
+}
+
+QLabel* FloatGroupLayout::addLabel(const QString& text, const char* name)
+{
+    setFlag(m_items.count(), FlagNewRow | FlagLabel);
+    return addNamed(new QLabel(text, QLayout::parentWidget()), name);
+}
+
+QGroupBox* FloatGroupLayout::addHeadline(const QString& text, int margin, const char* name)
+{
+    setFlag(m_items.count(), FlagNewRow | FlagSectionHead);
+    auto* box = new HeadlineBox(text, QLayout::parentWidget());
+    box->setAlignment(Qt::AlignHCenter);
+    box->setFlat(true);
+    int topMargin = margin;
+    if (text.isEmpty()) {
+        box->setFixedHeight(margin / 2 + 5);
+        topMargin = margin - margin / 2;
+    }
+    box->keepMargins(QMargins(0, topMargin, 0, 0));
+    return addNamed(box, name);
+}
+
+void FloatGroupLayout::addSection(const char* name)
+{
+    setFlag(m_items.count(), FlagNewRow | FlagSectionHead);
+    auto* head = new QWidget(QLayout::parentWidget());
+    head->setFixedHeight(sectionHeight);
+    addNamed(head, name);
+}
+
+QWidget* FloatGroupLayout::addSeparator(int height, const char* name)
+{
+    setFlag(m_items.count(), FlagNewRow);
+    auto* separator = new QWidget(QLayout::parentWidget());
+    separator->setFixedHeight(height);
+    return addNamed(separator, name);
+}
+
+void FloatGroupLayout::addGroup()
+{
+    setFlag(m_items.count(), FlagNewRow);
+}
+
+void FloatGroupLayout::addList()
+{
+    setFlag(m_items.count(), FlagList);
+}
+
+void FloatGroupLayout::addSpecial()
+{
+    setFlag(m_items.count(), FlagSpecial);
+}
+
+void FloatGroupLayout::setHorizontalSpacing(int spacing)
+{
+    m_horizontalSpacing = spacing;
+}
+
+void FloatGroupLayout::setVerticalSpacing(int spacing)
+{
+    m_verticalSpacing = spacing;
+}
+
+// All items leave before the first widget is deleted: otherwise Qt looks among
+// the remaining ones for every widget that goes. A widget may take others with
+// it, hence the guarded pointers.
+void FloatGroupLayout::removeAllWidgets()
+{
+    QVector<std::pair<QLayoutItem*, QPointer<QWidget>>> taken;
+    taken.reserve(m_items.count());
+    while (QLayoutItem* item = takeAt(0))
+        taken.append({item, item->widget()});
+    for (const auto& [item, widget] : qAsConst(taken)) {
+        delete widget.data();
+        delete item;
+    }
+    m_flags.clear();
+    m_hints.clear();
+}
+
+template <typename Widget>
+Widget* FloatGroupLayout::addNamed(Widget* widget, const char* name)
+{
+    widget->setObjectName(QString::fromLatin1(name));
+    QLayout::addWidget(widget);
+    return widget;
+}
+
+void FloatGroupLayout::setFlag(int index, int flag)
+{
+    while (m_flags.count() <= index)
+        m_flags.append(0);
+    m_flags[index] |= flag;
+}
+
+void FloatGroupLayout::clearHints() const
+{
+    ++m_generation;
+    m_hints.clear();
+}
+
+QSize FloatGroupLayout::sizeHint(int width, int columns) const
+{
+    if (m_hints.count() == m_items.count())
+        return m_sizeHint;
+    if (m_scrollArea && m_scrollArea->width() > 0)
+        width = qMin(width, m_scrollArea->width());
+    QList<FloatGroupColumn> sections;
+    if (!scanItems(sections))
+        return m_sizeHint;
+    if (columns <= 0 || columns > sections.count())
+        columns = sections.count();
+    QList<FloatGroupColumn> columnList;
+    const int sectionsPerColumn = scanSections(columnList, sections, columns, width);
+    arrangeItems(columnList, sectionsPerColumn, width);
+    return m_sizeHint;
+}
+
+bool FloatGroupLayout::scanItems(QList<FloatGroupColumn>& sections) const
+{
+    clearHints();
+    m_sizeHint = QSize(0, 0);
+    if (m_items.isEmpty())
+        return false;
+    gatherHints();
+    SectionScan scan(sections, m_horizontalSpacing);
+    scan.begin(0);
+    for (int i = 0; i < m_items.count(); ++i) {
+        const int flags = m_flags.at(i);
+        if (i > 0 && (flags & FlagSectionHead) && !skipSection(i)) {
+            scan.end();
+            scan.begin(i);
+        }
+        scan.add(flags, m_hints.at(i).width());
+    }
+    scan.end();
+    return true;
+}
+
+void FloatGroupLayout::gatherHints() const
+{
+    // Kept apart until complete: a hint may be computed by a control that
+    // invalidates the layout while it is asked.
+    QVector<QRect> hints;
+    hints.reserve(m_items.count());
+    for (int i = 0; i < m_items.count(); ++i) {
+        const QLayoutItem* item = m_items.at(i);
+        hints.append(QRect(QPoint(0, 0), item ? item->sizeHint() : QSize(0, 0)));
+    }
+    m_hints = std::move(hints);
+}
+
+// From the most columns downward: a column that runs over is counted out and
+// all sections are packed anew, by their number alone.
+int FloatGroupLayout::scanSections(QList<FloatGroupColumn>& columns, QList<FloatGroupColumn>& sections,
+                                   int columnCount, int width) const
+{
+    while (true) {
+        const int perColumn = (columnCount - 1 + sections.count()) / columnCount;
+        int section = 0;
+        int total = 0;
+        bool fits = true;
+        for (int c = 0; fits && c < columnCount; ++c) {
+            FloatGroupColumn column;
+            column.first = section < sections.count() ? sections.at(section).first : m_items.count();
+            column.x = total;
+            const int end = qMin(section + perColumn, sections.count());
+            for (; section < end; ++section)
+                widenBySection(column, sections.at(section));
+            columns.append(column);
+            total = sum(total, qMax(column.rowWidth + 2 * m_horizontalSpacing + column.labelWidth,
+                                    column.sectionWidth));
+            if (c >= 1 && total >= width) {
+                columns.clear();
+                columnCount = c;
+                fits = false;
+            }
+        }
+        if (fits)
+            return perColumn;
+    }
+}
+
+void FloatGroupLayout::arrangeItems(QList<FloatGroupColumn>& columns, int sectionsPerColumn, int width) const
+{
+    Q_UNUSED(sectionsPerColumn)
+    Placer placer(*this, columns, width);
+    for (int i = 0; i < m_hints.count(); ++i)
+        placer.place(i);
+    m_sizeHint = placer.finish();
+}
+
+// The last column that does not begin behind the item.
+int FloatGroupLayout::getSectionIndex(QList<FloatGroupColumn>& columns, int item) const
+{
+    const auto behind =
+        std::upper_bound(columns.cbegin(), columns.cend(), item,
+                         [](int index, const FloatGroupColumn& column) { return index < column.first; });
+    return qMax(0, int(behind - columns.cbegin()) - 1);
+}
+
+// A head is no boundary when nothing visible stands before it up to the head
+// before, or nothing at all behind it.
+bool FloatGroupLayout::skipSection(int item) const
+{
+    for (int i = item - 1; i >= 0; --i) {
+        if (m_flags.at(i) & FlagSectionHead)
+            return true;
+        if (isVisible(m_hints.at(i)))
+            break;
+    }
+    for (int i = item + 1; i < m_hints.count(); ++i) {
+        if ((m_flags.at(i) & FlagSectionHead) || isVisible(m_hints.at(i)))
+            return false;
+    }
+    return true;
+}
+
+void FloatGroupLayout::setListGeometry(QLayoutItem* item)
+{
+    QLayout* list = item && item->widget() ? item->widget()->layout() : nullptr;
+    if (!list)
+        return;
+    const int width = item->geometry().width();
+    for (int i = 0; i < list->count(); ++i) {
+        QLayoutItem* inner = list->itemAt(i);
+        if (inner && inner->widget())
+            inner->widget()->setMinimumWidth(width);
+    }
+}

@@ -1,0 +1,28 @@
+#ifndef ZORVA_LAYOUT_FLOATSCROLLAREA_H
+#define ZORVA_LAYOUT_FLOATSCROLLAREA_H
+
+#include <layout/layout_export.h>
+
+#include <QScrollArea>
+
+/// Frameless scroll area round a content widget that carries a
+/// FloatGroupLayout. It lets the content follow the area down again, which the
+/// minimum size set by the last arrangement would prevent.
+class LAYOUT_EXPORT FloatScrollArea : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    explicit FloatScrollArea(QWidget* parent = nullptr);
+    ~FloatScrollArea() override;
+
+    /// The usual hint with a height of at most 20 pixels: a form may be
+    /// squeezed to a strip.
+    QSize minimumSizeHint() const override;
+
+protected:
+    /// Called for each new size of the viewport: has the content arranged anew.
+    void resizeEvent(QResizeEvent* event) override;
+};
+
+#endif
