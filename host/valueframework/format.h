@@ -31,6 +31,7 @@ template <typename To, typename From>
 bool convertNumber(From from, To* to)
 {
     static_assert(std::is_arithmetic<To>::value && std::is_arithmetic<From>::value, "numbers only");
+    static_assert(std::is_signed<To>::value, "values hold signed numbers");
     using Limits = std::numeric_limits<To>;
     if constexpr (std::is_floating_point<From>::value || std::is_floating_point<To>::value) {
         const double number = static_cast<double>(from);

@@ -8,8 +8,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <memory>
-
 namespace values {
 
 /// The process-wide tree of values. In paths a leading "/" is optional, doubled
@@ -45,11 +43,10 @@ protected:
 private:
     friend class ValueBase;
 
-    struct Node;
     struct Place;
     struct Key
     {
-        const Node* node;
+        const TreeNode* node;
         QString name; // the last part of the value's path
 
         bool operator==(const Key& other) const { return node == other.node && name == other.name; }
@@ -66,7 +63,7 @@ private:
     void detach(ValueBase* value);
     bool rename(ValueBase* value, const QString& name);
 
-    QHash<QString, Node*> m_nodes; // owned, by path without trailing "/"
+    QHash<QString, TreeNode*> m_nodes; // owned, by path without trailing "/"
     QHash<Key, ValueBase*> m_values;
     int m_valueCount = 0;
 };

@@ -14,6 +14,7 @@
 namespace values {
 
 class Tree;
+struct TreeNode;
 
 /// A named, observable value with a state, inside or outside of the tree.
 ///
@@ -96,7 +97,7 @@ private:
 
     QString m_name;
     QByteArray m_translationNamespace;
-    void* m_treeNode = nullptr;            // not owned: the tree's, null outside of it
+    TreeNode* m_treeNode = nullptr;        // not owned: the tree's, null outside of it
     ITreeItem* m_deleteObserver = nullptr; // not owned
     TValueState m_state;
     int m_transactionDepth : 31;

@@ -27,6 +27,7 @@ public:
 private:
     friend class Observable;
 
+    /// The observable lost `observer`, or all of them if that is null.
     virtual void observerRemoved(const IObserver* observer);
 
     Observable* m_observable = nullptr;

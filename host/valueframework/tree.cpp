@@ -1,0 +1,151 @@
+#include <valueframework/tree.h>
+
+#include <algorithm>
+
+namespace values {
+
+/// What values of one node share.
+struct TreeNode
+{
+    QString path; // "/a/b", empty for the root
+    int valueCount = 0;
+};
+
+/// Where a value belongs.
+struct Tree::Place
+{
+    QString nodePath; // as in TreeNode
+    QString name;     // without "/"; empty for a value that cannot be looked up
+};
+
+namespace {
+
+constexpr QLatin1Char slash('/');
+
+/// The path with one "/" before each part and none at the end.
+QString normalized(const QString& path)
+{
+    const bool isNormal =
+        path.startsWith(slash) && !path.endsWith(slash) && !path.contains(QLatin1String("//"));
+    if (isNormal)
+        return path;
+    QString result;
+    for (const QStringRef& part : path.splitRef(slash, Qt::SkipEmptyParts)) {
+        result += slash;
+        result += part;
+    }
+    return result;
+}
+
+} // namespace
+
+Tree::Tree() = default;
+
+Tree::~Tree()
+{
+    qDeleteAll(m_nodes);
+}
+
+Tree* Tree::Instance()
+{
+    static Tree* const instance = new Tree;
+    return instance;
+}
+
+bool Tree::AddValue(const QString& nodePath, ValueBase* value)
+{
+    if (!value || value->m_treeNode || value->m_retired)
+        return false;
+    return insert(placeOf(nodePath, value->m_name), value);
+}
+
+ValueBase* Tree::GetValue(const QString& path) const
+{
+    const QString full = normalized(path);
+    const int split = full.lastIndexOf(slash);
+    if (split < 0)
+        return nullptr;
+    const TreeNode* const node = m_nodes.value(full.left(split));
+    return node ? m_values.value(Key{node, full.mid(split + 1)}) : nullptr;
+}
+
+bool Tree::RemoveValue(const QString& path)
+{
+    ValueBase* const value = GetValue(path);
+    delete value; // takes itself out
+    return value != nullptr;
+}
+
+QStringList Tree::GetPathNames() const
+{
+    QStringList paths;
+    for (const ValueBase* value : m_values)
+        paths << pathOf(value);
+    paths.sort();
+    return paths;
+}
+
+Tree::Place Tree::placeOf(const QString& nodePath, const QString& name)
+{
+    if (!name.contains(slash))
+        return {normalized(nodePath), name};
+    const QString below = normalized(name);
+    const int split = below.lastIndexOf(slash);
+    return {normalized(nodePath + below.left(split)), below.mid(split + 1)};
+}
+
+Tree::Key Tree::keyOf(const ValueBase* value)
+{
+    return {value->m_treeNode, placeOf(QString(), value->m_name).name};
+}
+
+QString Tree::pathOf(const ValueBase* value)
+{
+    const Key key = keyOf(value);
+    return key.name.isEmpty() ? QString() : key.node->path + slash + key.name;
+}
+
+bool Tree::insert(const Place& place, ValueBase* value)
+{
+    TreeNode* node = m_nodes.value(place.nodePath);
+    const Key key{node, place.name};
+    if (node && m_values.contains(key))
+        return false;
+    if (!node) {
+        node = new TreeNode{place.nodePath, 0};
+        m_nodes.insert(place.nodePath, node);
+    }
+    if (!place.name.isEmpty())
+        m_values.insert(Key{node, place.name}, value);
+    value->m_treeNode = node;
+    ++node->valueCount;
+    ++m_valueCount;
+    return true;
+}
+
+void Tree::detach(ValueBase* value)
+{
+    TreeNode* const node = value->m_treeNode;
+    const Key key = keyOf(value);
+    if (!key.name.isEmpty())
+        m_values.remove(key);
+    value->m_treeNode = nullptr;
+    --m_valueCount;
+    if (--node->valueCount > 0)
+        return;
+    m_nodes.remove(node->path);
+    delete node;
+}
+
+bool Tree::rename(ValueBase* value, const QString& name)
+{
+    const Place place = placeOf(value->m_treeNode->path, name);
+    const TreeNode* const node = m_nodes.value(place.nodePath);
+    ValueBase* const there = node ? m_values.value(Key{node, place.name}) : nullptr;
+    if (there && there != value)
+        return false;
+    detach(value);
+    return insert(place, value);
+}
+
+} // namespace values

@@ -1,0 +1,69 @@
+#include <vkbase/errorhandler.h>
+
+#include <vkbase/qtrace.h>
+#include <vkbase/vkexception.h>
+
+#include <QString>
+
+namespace {
+
+int initialTraceMask()
+{
+    bool ok = false;
+    const int mask = qEnvironmentVariable("VELK_TRACE_MASK").toInt(&ok, 0);
+    return ok ? mask : ErrorHandler::TraceErrors;
+}
+
+void trace(const QString& what, const VKException& exception)
+{
+    const QString text = QStringLiteral("%1 in %2::%3, code 0x%4: %5");
+    _Q_Trace(text.arg(what, exception.GetClassName(), exception.GetMethod(),
+                      QString::number(exception.GetCode(), 16), exception.GetMessage()),
+             exception.GetFile(), static_cast<unsigned short>(exception.GetLine()));
+}
+
+} // namespace
+
+IErrorHandler::~IErrorHandler() = default;
+
+ErrorHandler::ErrorHandler()
+    : m_traceMask(initialTraceMask())
+{
+}
+
+ErrorHandler::~ErrorHandler() = default;
+
+ErrorHandler& ErrorHandler::Instance()
+{
+    static ErrorHandler* const instance = new ErrorHandler;
+    return *instance;
+}
+
+IErrorHandler* ErrorHandler::Interface()
+{
+    return &Instance();
+}
+
+int ErrorHandler::GetTraceMask() const
+{
+    return m_traceMask;
+}
+
+void ErrorHandler::SetTraceMask(int mask)
+{
+    m_traceMask = mask;
+}
+
+void ErrorHandler::HandleException(const VKException& exception)
+{
+    trace(QStringLiteral("Exception"), exception);
+}
+
+void ErrorHandler::ReportException(const VKException& exception, int severity, int category, bool log,
+                                   bool notify)
+{
+    Q_UNUSED(notify)
+    if (log)
+        trace(QStringLiteral("Exception report (severity %1, category %2)").arg(severity).arg(category),
+              exception);
+}
