@@ -98,6 +98,8 @@ public:
      * the control shows @p value (if not null) and the property keeps its own.
      */
     void EnableProperty(const QString& name, bool enable, QVariant* value);
+    /** Sends the held-back look to controls that were made after it was asked for. */
+    void PushHeldBackProperties();
 
     /** The typed getters give @p fallback for an absent or unconvertible property. */
     bool GetBool(const QString& name, bool fallback) const;
@@ -229,6 +231,21 @@ protected:
         return value && code == ChangeCode::Content && observable == static_cast<const Observable*>(value);
     }
 
+    /**
+     * Carries limits and step of the row to @p value, which may be null. A content that
+     * they clamp goes into the property "value" as well, without a mark.
+     */
+    template <typename V>
+    void ConfigureRowValue(V* value)
+    {
+        if (!value)
+            return;
+        const auto before = value->GetValue();
+        ConfigureValueNumeric(value);
+        if (value->GetValue() != before)
+            setProperty("value", value->GetValue());
+    }
+
     /** Adds @p control to @p layout and ends the row. */
     static void PlaceControl(FloatGroupLayout* layout, QWidget* control);
     /** The label's text, or else the row's tag: what a control shows as tool tip for want of a better one. */
@@ -251,11 +268,15 @@ protected:
 private:
     bool ParseProperty(QXmlStreamReader& reader, bool custom);
     void FinishParse();
-    bool ConfigureLimit(const char* name, const char* marker, double fallback, double& limit);
-    bool ConfigureStep(double& step);
+    /** Writes a converted limit or step back, marker first; false if it was converted before. */
+    bool TakeConverted(const char* name, const char* marker, double& number, double factor, double offset);
     QString ValueName(int index);
+    /** Translation context first, then the tree; null (and @p value deleted) if the tree refuses it. */
     template <typename V>
     V* InsertValue(V* value);
+    template <typename V>
+    V* PrepareValue(V* value);
+    void SetRangeTooltip(QWidget* control, const QString& lowest, const QString& highest);
 
 protected:
     QString xmlPath;
@@ -269,6 +290,10 @@ protected:
     bool modified;
     bool groupVisible;
     QPointer<QLabel> label; // owned by the layout's parent widget
+
+private:
+    // What the control shows in place of a property that is held back.
+    QMap<QString, QVariant> heldBackLooks;
 };
 
 } // namespace Orvane

@@ -111,7 +111,9 @@ private:
     void SetEnableInput(bool enable, bool restricted);
     void CreateRows(const QStringList* names, bool exclude);
     void InstallWidget(const WidgetPointer& widget, int index);
-    void BuildIndex() const;
+    WidgetPointer Lookup(const QString& path) const;
+    void BuildTagIndex() const;
+    void BuildListIndex() const;
     QWidget* Content() const;
 
     QString name;
@@ -125,9 +127,11 @@ private:
     bool enableValues;
     bool active;
 
-    // Positions in the list, the first of equals; made when asked, dropped when the list changes.
-    mutable bool indexValid = false;
+    // Positions in the list, the first of equals; made when asked, dropped when
+    // the list or, for the first one, a tag changes.
+    mutable bool tagIndexValid = false;
     mutable QHash<QString, int> indexByTag;
+    mutable bool listIndexValid = false;
     mutable QHash<QString, int> indexByName;
     mutable QHash<const ZorvaWidget*, int> indexByWidget;
 };

@@ -28,6 +28,7 @@ public:
     explicit ZorvaSheetUi(ZorvaSheet* sheet);
     ~ZorvaSheetUi() override;
 
+    using ZorvaDelegate::CreateGUI;
     /** Builds the surface once; a later call does nothing. */
     void CreateGUI(bool createApplyUi);
     /** Null before CreateGUI() and once the host has deleted it. */

@@ -1,0 +1,51 @@
+#include "spincontrol.h"
+
+#include <basicvaluewidgets/vcnumericfloatspin.h>
+#include <zorvaparser/zorvadelegate.h>
+
+#include <QVariant>
+#include <QWidget>
+
+namespace Orvane {
+
+VCNumericFloatSpin* CreateSpinControl(const ZorvaDelegate& row, values::IValueNumeric* value, QWidget* parent,
+                                      const char* name)
+{
+    auto* const control = new VCNumericFloatSpin(parent, nullptr, true);
+    control->setObjectName(QString::fromLatin1(name));
+    control->setSuffix(row.GetString(QStringLiteral("suffix"), QString()));
+    control->setAdditionalPrecision(DecimalsOf(row));
+    ConfigureSpinDisplay(row, control);
+    control->setFixedWidth(QWIDGETSIZE_MAX);
+    control->EnableWrapAround(row.property("wrapping").toBool());
+    control->SetNumericValue(value);
+    return control;
+}
+
+void ConfigureSpinDisplay(const ZorvaDelegate& row, VCNumericFloatSpin* control)
+{
+    if (!control)
+        return;
+    control->SetDisplayAdditveOffset(row.GetDouble(QStringLiteral("displayAdditiveOffset"), 0.0));
+    control->SetDisplayScalingFactor(row.GetDouble(QStringLiteral("displayScalingFactor"), 1.0));
+    control->SetUnitScale(row.GetDouble(QStringLiteral("unitScale"), 1.0));
+}
+
+void ApplySpinText(VCNumericFloatSpin* control, const QString& name, const QVariant& value)
+{
+    if (!control)
+        return;
+    if (name == QLatin1String("suffix"))
+        control->setSuffix(value.toString());
+    else if (name == QLatin1String("wrapping"))
+        control->EnableWrapAround(value.toBool());
+}
+
+int DecimalsOf(const ZorvaDelegate& row)
+{
+    // The smallest double ends at this digit; more would only ask for memory.
+    constexpr int lastDigit = 1074;
+    return qMin(row.GetInt(QStringLiteral("decimals"), 0), lastDigit);
+}
+
+} // namespace Orvane

@@ -1,0 +1,298 @@
+#include "zorvachannelspacingtable.h"
+
+#include <layout/floatgrouplayout.h>
+#include <zorvaparser/xmlwalk_p.h>
+
+#include <QAction>
+#include <QDoubleSpinBox>
+#include <QHeaderView>
+#include <QMenu>
+#include <QScopedValueRollback>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+#include <limits>
+
+namespace Orvane {
+
+namespace {
+
+constexpr int rowHeight = 20;
+// A damaged description must not make the form eat the machine's memory.
+constexpr int maxSpacings = 100000;
+// The last digit that any double has behind the point.
+constexpr int maxDecimals = 1074;
+
+} // namespace
+
+ChannelSpacingItemDelegate::ChannelSpacingItemDelegate(ZorvaDelegate* ownerDelegate)
+    : QStyledItemDelegate(ownerDelegate), owner(ownerDelegate)
+{
+}
+
+QWidget* ChannelSpacingItemDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                                  const QModelIndex& index) const
+{
+    QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);
+    if (auto* const spinBox = qobject_cast<QDoubleSpinBox*>(editor)) {
+        spinBox->setMinimum(owner->GetDouble(QStringLiteral("minimum"), 0));
+        spinBox->setMaximum(owner->GetDouble(QStringLiteral("maximum"), 1000));
+        spinBox->setSingleStep(owner->GetDouble(QStringLiteral("singleStep"), 1));
+        spinBox->setDecimals(owner->GetInt(QStringLiteral("decimals"), 0));
+    }
+    return editor;
+}
+
+ZorvaChannelSpacingTable::ZorvaChannelSpacingTable(ZorvaWidget* ownerWidget)
+    : ZorvaDelegate(ownerWidget), menuRow(0), updating(false)
+{
+}
+
+ZorvaChannelSpacingTable::~ZorvaChannelSpacingTable()
+{
+    delete tableWidget.data();
+}
+
+void ZorvaChannelSpacingTable::CreateValueTree()
+{
+    Resize(GetInt(QStringLiteral("spacingsCount"), 0));
+}
+
+void ZorvaChannelSpacingTable::CreateGUI(FloatGroupLayout* layout)
+{
+    ZorvaDelegate::CreateGUI(layout);
+    tableWidget = new QTableWidget(0, 1, layout->parentWidget());
+    tableWidget->setObjectName(QString::fromLatin1(ControlName()));
+    tableWidget->setSortingEnabled(false);
+    ShowHeaderLabel();
+    tableWidget->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    // Styles with a larger minimum would not let a row be this low.
+    tableWidget->verticalHeader()->setMinimumSectionSize(rowHeight);
+    tableWidget->setItemDelegate(new ChannelSpacingItemDelegate(this));
+    tableWidget->setContextMenuPolicy(Qt::CustomContextMenu);
+    Refill();
+    SetDoubleTooltip(tableWidget);
+    PlaceControl(layout, tableWidget);
+    ConnectTable();
+}
+
+void ZorvaChannelSpacingTable::ConnectTable()
+{
+    // cellChanged stays unconnected on purpose: an edit is taken over by whoever calls the slot.
+    using Self = ZorvaChannelSpacingTable;
+    QTableWidget* const table = tableWidget;
+    connect(table, &QTableWidget::currentCellChanged, this, &Self::sl_currentCellChanged);
+    connect(table, &QTableWidget::cellActivated, this, &Self::sl_cellActivated);
+    connect(table, &QTableWidget::cellClicked, this, &Self::sl_cellClicked);
+    connect(table, &QTableWidget::cellDoubleClicked, this, &Self::sl_cellDoubleClicked);
+    connect(table, &QTableWidget::cellEntered, this, &Self::sl_cellEntered);
+    connect(table, &QTableWidget::cellPressed, this, &Self::sl_cellPressed);
+    connect(table, &QWidget::customContextMenuRequested, this, &Self::sl_customContextMenuRequested);
+}
+
+void ZorvaChannelSpacingTable::GetXml(QXmlStreamWriter& writer) const
+{
+    if (!generateParameterXml)
+        return;
+    const int decimals = qMin(property("decimals").toInt(), maxDecimals);
+    const QString itemTag = property("parameterListItemTag").toString();
+    writer.writeStartElement(GetXmlTagName());
+    for (int i = 0; i < spacings.count(); ++i) {
+        writer.writeStartElement(itemTag);
+        WriteUnitAttribute(writer);
+        writer.writeAttribute(QStringLiteral("index"), QString::number(i));
+        writer.writeCharacters(QString::number(spacings.at(i), 'f', decimals));
+        writer.writeEndElement();
+    }
+    writer.writeEndElement();
+}
+
+void ZorvaChannelSpacingTable::ReadXml(QXmlStreamReader& reader)
+{
+    const QScopedValueRollback<bool> guard(updating, true);
+    int index = 0;
+    walkChildren(reader, [&] {
+        const QXmlStreamAttributes attributes = reader.attributes();
+        if (attributes.hasAttribute(QStringLiteral("index")))
+            index = attributes.value(QStringLiteral("index")).toInt();
+        const double spacing = reader.readElementText().toDouble();
+        setSpacingValue(index, spacing);
+        if (index < std::numeric_limits<int>::max())
+            ++index;
+    });
+}
+
+void ZorvaChannelSpacingTable::setAllSpacingValues(double value)
+{
+    for (int i = 0; i < spacings.count(); ++i)
+        setSpacingValue(i, value);
+}
+
+void ZorvaChannelSpacingTable::setHeaderLabel(QString value)
+{
+    ChangeProperty(QStringLiteral("headerLabel"), value);
+}
+
+void ZorvaChannelSpacingTable::setSpacingsCount(int value)
+{
+    ChangeProperty(QStringLiteral("spacingsCount"), value);
+}
+
+void ZorvaChannelSpacingTable::setDecimals(int value)
+{
+    ChangeProperty(QStringLiteral("decimals"), value);
+}
+
+void ZorvaChannelSpacingTable::setMaximum(double value)
+{
+    ChangeProperty(QStringLiteral("maximum"), value);
+}
+
+void ZorvaChannelSpacingTable::setMinimum(double value)
+{
+    ChangeProperty(QStringLiteral("minimum"), value);
+}
+
+void ZorvaChannelSpacingTable::setSingleStep(double value)
+{
+    ChangeProperty(QStringLiteral("singleStep"), value);
+}
+
+void ZorvaChannelSpacingTable::setFocus()
+{
+    FocusControl(tableWidget);
+}
+
+void ZorvaChannelSpacingTable::sl_cellChanged(int row, int)
+{
+    if (updating || !tableWidget || !HasSpacing(row))
+        return;
+    const QTableWidgetItem* const item = tableWidget->item(row, 0);
+    if (!item)
+        return;
+    const double value = item->data(Qt::DisplayRole).toDouble();
+    spacings[row] = value;
+    setModified(true);
+    Q_EMIT spacingChanged(row);
+    Q_EMIT spacingValueChanged(row, value);
+}
+
+void ZorvaChannelSpacingTable::sl_currentCellChanged(int currentRow, int, int previousRow, int)
+{
+    Q_EMIT currentSpacingChanged(currentRow, previousRow);
+}
+
+void ZorvaChannelSpacingTable::sl_cellActivated(int row, int)
+{
+    Q_EMIT spacingActivated(row);
+}
+
+void ZorvaChannelSpacingTable::sl_cellClicked(int row, int)
+{
+    Q_EMIT spacingClicked(row);
+}
+
+void ZorvaChannelSpacingTable::sl_cellDoubleClicked(int row, int)
+{
+    Q_EMIT spacingDoubleClicked(row);
+}
+
+void ZorvaChannelSpacingTable::sl_cellEntered(int row, int)
+{
+    Q_EMIT spacingEntered(row);
+}
+
+void ZorvaChannelSpacingTable::sl_cellPressed(int row, int)
+{
+    Q_EMIT spacingPressed(row);
+}
+
+void ZorvaChannelSpacingTable::sl_customContextMenuRequested(QPoint pt)
+{
+    if (!tableWidget)
+        return;
+    menuRow = tableWidget->rowAt(pt.y());
+    if (menuRow < 0 || spacings.count() <= 1)
+        return;
+    // The table may die while its menu is open, and the menu with it.
+    const QPointer<QMenu> menu = new QMenu(tableWidget);
+    const QAction* const setToAll = menu->addAction(tr("Set to all"));
+    connect(setToAll, &QAction::triggered, this, &ZorvaChannelSpacingTable::sl_setToAll);
+    // The request of a scroll area comes in the coordinates of its viewport.
+    menu->exec(tableWidget->viewport()->mapToGlobal(pt));
+    delete menu.data();
+}
+
+void ZorvaChannelSpacingTable::sl_setToAll()
+{
+    if (HasSpacing(menuRow))
+        setAllSpacingValues(spacings.at(menuRow));
+}
+
+double ZorvaChannelSpacingTable::spacingValue(int index)
+{
+    return spacings.value(index, 0.0);
+}
+
+void ZorvaChannelSpacingTable::setSpacingValue(int index, double value)
+{
+    if (!HasSpacing(index) || spacings.at(index) == value)
+        return;
+    spacings[index] = value;
+    if (QTableWidgetItem* const item = tableWidget ? tableWidget->item(index, 0) : nullptr)
+        item->setData(Qt::DisplayRole, value);
+}
+
+void ZorvaChannelSpacingTable::Update(Observable*, TChangeCode)
+{
+}
+
+void ZorvaChannelSpacingTable::PropertyChanged(const QString& name, const QVariant& value)
+{
+    ZorvaDelegate::PropertyChanged(name, value);
+    if (name == QLatin1String("headerLabel")) {
+        ShowHeaderLabel();
+    } else if (name == QLatin1String("spacingsCount")) {
+        Resize(value.toInt());
+        Refill();
+    }
+    PropagateProperty(name, tableWidget);
+}
+
+void ZorvaChannelSpacingTable::ShowHeaderLabel()
+{
+    if (tableWidget)
+        tableWidget->setHorizontalHeaderItem(0,
+                                             new QTableWidgetItem(GetTranslated(QStringLiteral("headerLabel"))));
+}
+
+void ZorvaChannelSpacingTable::Resize(int count)
+{
+    const int wanted = qBound(0, count, maxSpacings);
+    while (spacings.count() > wanted)
+        spacings.removeLast();
+    spacings.reserve(wanted);
+    while (spacings.count() < wanted)
+        spacings.append(0.0);
+}
+
+void ZorvaChannelSpacingTable::Refill()
+{
+    if (!tableWidget)
+        return;
+    const QScopedValueRollback<bool> guard(updating, true);
+    QHeaderView* const header = tableWidget->verticalHeader();
+    header->setUpdatesEnabled(false);
+    tableWidget->setRowCount(spacings.count());
+    for (int i = 0; i < spacings.count(); ++i) {
+        tableWidget->setVerticalHeaderItem(i, new QTableWidgetItem(QString::number(i + 1)));
+        header->resizeSection(i, rowHeight);
+        auto* const item = new QTableWidgetItem;
+        item->setData(Qt::DisplayRole, spacings.at(i));
+        tableWidget->setItem(i, 0, item);
+    }
+    header->setUpdatesEnabled(true);
+    tableWidget->adjustSize();
+}
+
+} // namespace Orvane

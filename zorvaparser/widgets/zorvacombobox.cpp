@@ -1,0 +1,216 @@
+#include "zorvacombobox.h"
+
+#include <basicvaluewidgets/vccomboboxclassic.h>
+#include <layout/floatgrouplayout.h>
+#include <zorvaparser/zorvaformular.h>
+#include <zorvaparser/zorvawidget.h>
+
+#include <QStandardItemModel>
+#include <QXmlStreamReader>
+
+namespace Orvane {
+
+ZorvaComboBox::ZorvaComboBox(ZorvaWidget* owner)
+    : ZorvaDelegate(owner)
+    , selectionValue(nullptr)
+{
+}
+
+ZorvaComboBox::~ZorvaComboBox()
+{
+    ReleaseValue(selectionValue);
+}
+
+void ZorvaComboBox::CreateValueTree()
+{
+    ReleaseValue(selectionValue);
+    const QString enumName = PropertyText("enumName");
+    enumeration = GetFormular()->GetEnum(enumName);
+    selectionValue = ObserveValue(CreateValueSelection(QStringLiteral("currentValue"), enumeration));
+    if (selectionValue)
+        selectionValue->SetTranslationNamespace(enumName.toLatin1().constData(), nullptr);
+    if (comboBox)
+        comboBox->SetValueSelection(selectionValue);
+}
+
+void ZorvaComboBox::ResyncValueTree()
+{
+    enumeration = GetFormular()->GetEnum(PropertyText("enumName"));
+    if (selectionValue)
+        RefillSelection();
+}
+
+void ZorvaComboBox::RefillSelection()
+{
+    const QString current = selectionValue->GetStringValue();
+    // One notice for the whole refill: a control rebuilds its list at each.
+    selectionValue->StartTransaction(this);
+    selectionValue->DeleteItems(this);
+    for (int i = 0; i < enumeration->GetValueCount(); ++i) {
+        const ZorvaEnumValue& entry = enumeration->GetValueAt(i);
+        selectionValue->AddItem(entry.GetDisplayName(), entry.GetDoubleValue(i), i + 1, nullptr);
+    }
+    selectionValue->SetStringValue(current, this);
+    selectionValue->EndTransaction(ChangeCode::ItemChanged, this);
+}
+
+void ZorvaComboBox::CreateGUI(FloatGroupLayout* layout)
+{
+    ZorvaDelegate::CreateGUI(layout);
+    comboBox = new VCComboBoxClassic(layout->parentWidget(), nullptr);
+    comboBox->setObjectName(widget->GetName());
+    comboBox->SetValueSelection(selectionValue);
+    comboBox->setToolTip(FallbackToolTip());
+    PropagateProperties(comboBox);
+    PlaceControl(layout, comboBox);
+}
+
+void ZorvaComboBox::GetXml(QXmlStreamWriter& writer) const
+{
+    if (generateParameterXml)
+        WriteTextElement(writer, PropertyText("currentValue"), true);
+}
+
+void ZorvaComboBox::ReadXml(QXmlStreamReader& reader)
+{
+    const QString text = reader.readElementText();
+    setProperty("currentValue", text);
+    Q_EMIT currentValueChanged(text);
+}
+
+values::ValueBase* ZorvaComboBox::GetVTValue() const
+{
+    return selectionValue;
+}
+
+void ZorvaComboBox::Update(Observable* observable, TChangeCode code)
+{
+    ForgetValue(selectionValue, observable, code);
+    if (!IsContentChange(selectionValue, observable, code))
+        return;
+    const QString text = enumeration->FindName(selectionValue->GetStringValue()).GetValue();
+    if (!ChangeProperty(QStringLiteral("currentValue"), text))
+        return;
+    Q_EMIT currentValueChanged(text);
+    setModified(true);
+}
+
+void ZorvaComboBox::PropertyChanged(const QString& name, const QVariant& value)
+{
+    ZorvaDelegate::PropertyChanged(name, value);
+    if (name == QLatin1String("currentValue") && selectionValue) {
+        bool found = false;
+        const ZorvaEnumValue& entry = enumeration->FindValue(value.toString(), &found);
+        if (found)
+            selectionValue->Select(entry.GetDisplayName(), this);
+        else if (SelectNumber(value))
+            return;
+    }
+    PropagateProperty(name, comboBox);
+}
+
+// A text that is no value of the enumeration chooses by number; the property then
+// takes the value text of what was chosen.
+bool ZorvaComboBox::SelectNumber(const QVariant& value)
+{
+    if (!value.canConvert(QMetaType::Double) || !selectionValue->Select(value.toDouble(), this, false))
+        return false;
+    setProperty("currentValue", enumeration->FindName(selectionValue->GetStringValue()).GetValue());
+    return true;
+}
+
+QString ZorvaComboBox::getCurrentEnumValue()
+{
+    return PropertyText("currentValue");
+}
+
+int ZorvaComboBox::getCurrentIndex() const
+{
+    return selectionValue ? static_cast<int>(selectionValue->GetCurrentIndex()) : -1;
+}
+
+double ZorvaComboBox::getCurrentValue() const
+{
+    return selectionValue ? selectionValue->GetCurrentValue() : 0.0;
+}
+
+quint64 ZorvaComboBox::getValueCount() const
+{
+    return enumeration ? static_cast<quint64>(enumeration->GetValueCount()) : 0;
+}
+
+QString ZorvaComboBox::itemValue(int index)
+{
+    return enumeration ? enumeration->GetValueAt(index).GetValue() : QString();
+}
+
+int ZorvaComboBox::firstIndexOfValue(QString value)
+{
+    return enumeration ? enumeration->firstIndexOfValue(value) : -1;
+}
+
+void ZorvaComboBox::setItemEnabled(const QString& value, bool enabled)
+{
+    const int index = firstIndexOfValue(value);
+    if (index >= 0)
+        setItemEnabled(index, enabled);
+}
+
+void ZorvaComboBox::setItemEnabled(int index, bool enabled)
+{
+    const auto model = comboBox ? qobject_cast<QStandardItemModel*>(comboBox->model()) : nullptr;
+    QStandardItem* const item = model ? model->item(index, 0) : nullptr;
+    if (item)
+        item->setFlags(item->flags().setFlag(Qt::ItemIsEnabled, enabled));
+}
+
+bool ZorvaComboBox::setMinValueGreaterThanOrEqualTo(double value)
+{
+    return selectionValue && selectionValue->Select(value, nullptr, false);
+}
+
+void ZorvaComboBox::clearCurrentValue()
+{
+    setCurrentValue(QString());
+}
+
+void ZorvaComboBox::setCurrentValue(QString value)
+{
+    ChangeProperty(QStringLiteral("currentValue"), value);
+}
+
+bool ZorvaComboBox::setCurrentIndex(int index)
+{
+    if (!selectionValue || index < 0 || index >= enumeration->GetValueCount())
+        return false;
+    // Without an originator this row hears of the change like everybody else.
+    selectionValue->SelectIndex(index, nullptr);
+    return true;
+}
+
+void ZorvaComboBox::setEnumName(QString value)
+{
+    ChangeProperty(QStringLiteral("enumName"), value);
+}
+
+void ZorvaComboBox::setDisplayUnknownValues(bool flag)
+{
+    ChangeProperty(QStringLiteral("displayUnknownValues"), flag);
+}
+
+void ZorvaComboBox::setDisplayAsUnknown(bool flag)
+{
+    ChangeProperty(QStringLiteral("displayAsUnknown"), flag);
+}
+
+void ZorvaComboBox::setFirstValueAsCurrent(QString value)
+{
+    setCurrentValue(value);
+}
+
+void ZorvaComboBox::setFocus()
+{
+    FocusControl(comboBox);
+}
+
+} // namespace Orvane

@@ -1,0 +1,326 @@
+#include "zorvafrequencyrangeedit.h"
+
+#include <basicvaluewidgets/vclineedit.h>
+#include <layout/floatgrouplayout.h>
+#include <zorvaparser/numericcast_p.h>
+#include <zorvaparser/zorvasheet.h>
+
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+namespace Orvane {
+
+namespace {
+
+constexpr double lowestFrequency = 8000.0;
+constexpr double highestFrequency = 26500000000.0;
+
+qint64 wholeHertz(const values::NumericDouble* value)
+{
+    return value ? truncatedTo<qint64>(value->GetValue()) : 0;
+}
+
+bool isNumber(const QVariant& value)
+{
+    bool ok = false;
+    value.toDouble(&ok);
+    return ok;
+}
+
+void finishEdit(VCLineEdit* edit)
+{
+    if (edit && edit->isModified())
+        edit->endEdit();
+}
+
+} // namespace
+
+ZorvaFrequencyRangeEdit::ZorvaFrequencyRangeEdit(ZorvaWidget* ownerWidget)
+    : ZorvaDelegate(ownerWidget), startFrequencyValue(nullptr), stopFrequencyValue(nullptr),
+      minimumGiven(false), maximumGiven(false)
+{
+    DefineProperty(QStringLiteral("startFrequency"));
+    DefineProperty(QStringLiteral("startFrequencyParameterXmlTag"));
+    DefineProperty(QStringLiteral("stopFrequency"));
+    DefineProperty(QStringLiteral("stopFrequencyParameterXmlTag"));
+    DefineProperty(QStringLiteral("startFrequencyUnitScale"));
+    DefineProperty(QStringLiteral("stopFrequencyUnitScale"));
+}
+
+ZorvaFrequencyRangeEdit::~ZorvaFrequencyRangeEdit()
+{
+    ReleaseValues();
+}
+
+void ZorvaFrequencyRangeEdit::ReleaseValues()
+{
+    ReleaseValue(stopFrequencyValue);
+    ReleaseValue(startFrequencyValue);
+}
+
+void ZorvaFrequencyRangeEdit::NoteGivenLimits()
+{
+    if (!property("q_internalLastMinimum").isValid())
+        minimumGiven = isNumber(property("minimum"));
+    if (!property("q_internalLastMaximum").isValid())
+        maximumGiven = isNumber(property("maximum"));
+}
+
+void ZorvaFrequencyRangeEdit::CreateValueTree()
+{
+    ReleaseValues();
+    NoteGivenLimits();
+    startFrequencyValue = ObserveValue(CreateValueNumericFloat(QStringLiteral("startFrequency"), 1));
+    const double min = minimumGiven ? GetDouble(QStringLiteral("minimum"), lowestFrequency) : lowestFrequency;
+    const double max =
+        maximumGiven ? GetDouble(QStringLiteral("maximum"), highestFrequency) : highestFrequency;
+    // Each end leaves room for the other one, one hertz beside it.
+    if (startFrequencyValue)
+        startFrequencyValue->SetMinMax(min, max - 1, 1, this);
+    stopFrequencyValue = ObserveValue(CreateValueNumericFloat(QStringLiteral("stopFrequency"), 2));
+    if (stopFrequencyValue)
+        stopFrequencyValue->SetMinMax(min + 1, max, 1, this);
+    if (startFrequencyEdit)
+        startFrequencyEdit->SetValueBase(startFrequencyValue);
+    if (stopFrequencyEdit)
+        stopFrequencyEdit->SetValueBase(stopFrequencyValue);
+}
+
+void ZorvaFrequencyRangeEdit::CreateGUI(FloatGroupLayout* layout)
+{
+    ZorvaDelegate::CreateGUI(layout);
+    startFrequencyEdit = CreateEdit(layout, "_StartFrequency", startFrequencyValue, tr("Start Frequency"));
+    stopFrequencyEdit = CreateEdit(layout, "_StopFrequency", stopFrequencyValue, tr("Stop Frequency"));
+    layout->addGroup();
+    ConnectEdit(startFrequencyEdit);
+    ConnectEdit(stopFrequencyEdit);
+}
+
+VCLineEdit* ZorvaFrequencyRangeEdit::CreateEdit(FloatGroupLayout* layout, const char* suffix,
+                                                values::NumericDouble* value, const QString& toolTip)
+{
+    const QByteArray editName = ControlName() + suffix;
+    auto* const edit =
+        new VCLineEdit(layout->parentWidget(), editName.constData(), VCLineEdit::ekFrequencyText);
+    edit->SetValueBase(value);
+    edit->setToolTip(toolTip);
+    PropagateProperties(edit);
+    layout->addWidget(edit);
+    return edit;
+}
+
+void ZorvaFrequencyRangeEdit::ConnectEdit(VCLineEdit* edit)
+{
+    connect(edit, &QLineEdit::editingFinished, this, [this] { SlotTextEdited(); });
+    connect(edit, &VCLineEdit::signalTextFinallyChanged, this, &ZorvaFrequencyRangeEdit::SlotTextEdited);
+}
+
+void ZorvaFrequencyRangeEdit::GetXml(QXmlStreamWriter& writer) const
+{
+    if (!generateParameterXml)
+        return;
+    writer.writeTextElement(property("startFrequencyParameterXmlTag").toString(),
+                            PropertyText("startFrequency"));
+    writer.writeTextElement(property("stopFrequencyParameterXmlTag").toString(),
+                            PropertyText("stopFrequency"));
+}
+
+void ZorvaFrequencyRangeEdit::ReadXml(QXmlStreamReader& reader)
+{
+    if (reader.name() == property("startFrequencyParameterXmlTag").toString())
+        setProperty("startFrequency", reader.readElementText());
+    else if (reader.name() == property("stopFrequencyParameterXmlTag").toString())
+        setProperty("stopFrequency", reader.readElementText());
+}
+
+values::ValueBase* ZorvaFrequencyRangeEdit::GetVTValue() const
+{
+    return startFrequencyValue;
+}
+
+QPair<qint64, qint64> ZorvaFrequencyRangeEdit::getCurrentRange() const
+{
+    return {wholeHertz(startFrequencyValue), wholeHertz(stopFrequencyValue)};
+}
+
+void ZorvaFrequencyRangeEdit::addValidBand(QString, qlonglong, qlonglong)
+{
+}
+
+void ZorvaFrequencyRangeEdit::clearValidBands()
+{
+}
+
+void ZorvaFrequencyRangeEdit::autosetUnitScale()
+{
+}
+
+void ZorvaFrequencyRangeEdit::setFocus()
+{
+    FocusControl(startFrequencyEdit);
+}
+
+void ZorvaFrequencyRangeEdit::setMaximum(qlonglong value)
+{
+    ChangeProperty(QStringLiteral("maximum"), value);
+}
+
+void ZorvaFrequencyRangeEdit::setMinimum(qlonglong value)
+{
+    ChangeProperty(QStringLiteral("minimum"), value);
+}
+
+void ZorvaFrequencyRangeEdit::setRange(qlonglong a_startFrequency, qlonglong a_stopFrequency)
+{
+    ChangeProperty(QStringLiteral("startFrequency"), a_startFrequency);
+    ChangeProperty(QStringLiteral("stopFrequency"), a_stopFrequency);
+}
+
+void ZorvaFrequencyRangeEdit::setStartFrequency(qlonglong fValue)
+{
+    ChangeProperty(QStringLiteral("startFrequency"), fValue);
+}
+
+void ZorvaFrequencyRangeEdit::setStartFrequencyParameterXmlTag(QString sTag)
+{
+    ChangeProperty(QStringLiteral("startFrequencyParameterXmlTag"), sTag);
+}
+
+void ZorvaFrequencyRangeEdit::setStartFrequencyUnitScale(QString a_unitstring)
+{
+    ChangeProperty(QStringLiteral("startFrequencyUnitScale"), a_unitstring);
+}
+
+void ZorvaFrequencyRangeEdit::setStartFrequencyUnitScale(qulonglong a_value)
+{
+    ChangeProperty(QStringLiteral("startFrequencyUnitScale"), a_value);
+}
+
+void ZorvaFrequencyRangeEdit::setStopFrequency(qlonglong fValue)
+{
+    ChangeProperty(QStringLiteral("stopFrequency"), fValue);
+}
+
+void ZorvaFrequencyRangeEdit::setStopFrequencyParameterXmlTag(QString sTag)
+{
+    ChangeProperty(QStringLiteral("stopFrequencyParameterXmlTag"), sTag);
+}
+
+void ZorvaFrequencyRangeEdit::setStopFrequencyUnitScale(QString a_unitstring)
+{
+    ChangeProperty(QStringLiteral("stopFrequencyUnitScale"), a_unitstring);
+}
+
+void ZorvaFrequencyRangeEdit::setStopFrequencyUnitScale(qulonglong a_value)
+{
+    ChangeProperty(QStringLiteral("stopFrequencyUnitScale"), a_value);
+}
+
+void ZorvaFrequencyRangeEdit::setUnitHidden(bool flag)
+{
+    ChangeProperty(QStringLiteral("unitHidden"), flag);
+}
+
+void ZorvaFrequencyRangeEdit::forceFinishEditing()
+{
+    finishEdit(startFrequencyEdit);
+    finishEdit(stopFrequencyEdit);
+}
+
+void ZorvaFrequencyRangeEdit::SlotTextEdited(QString)
+{
+    setModified(false);
+}
+
+void ZorvaFrequencyRangeEdit::SlotReturnPressed()
+{
+    Q_EMIT returnPressed();
+    if (ZorvaSheet* const sheet = GetSheet())
+        sheet->applyNow();
+}
+
+void ZorvaFrequencyRangeEdit::Update(Observable* observable, TChangeCode code)
+{
+    ForgetValue(stopFrequencyValue, observable, code);
+    ForgetValue(startFrequencyValue, observable, code);
+    if (!startFrequencyValue || !stopFrequencyValue)
+        return;
+    if (IsContentChange(startFrequencyValue, observable, code))
+        StartChanged();
+    else if (IsContentChange(stopFrequencyValue, observable, code))
+        StopChanged();
+}
+
+void ZorvaFrequencyRangeEdit::StartChanged()
+{
+    const qint64 start = wholeHertz(startFrequencyValue);
+    qint64 stop = wholeHertz(stopFrequencyValue);
+    bool changed = false;
+    if (start >= stop) {
+        stop = start + 1;
+        changed = ChangeProperty(QStringLiteral("stopFrequency"), stop);
+    }
+    changed = ChangeProperty(QStringLiteral("startFrequency"), start) || changed;
+    ConfirmRange(changed, start, stop);
+}
+
+void ZorvaFrequencyRangeEdit::StopChanged()
+{
+    qint64 start = wholeHertz(startFrequencyValue);
+    const qint64 stop = wholeHertz(stopFrequencyValue);
+    bool changed = false;
+    if (stop <= start) {
+        start = stop - 1;
+        changed = ChangeProperty(QStringLiteral("startFrequency"), start);
+    }
+    changed = ChangeProperty(QStringLiteral("stopFrequency"), stop) || changed;
+    ConfirmRange(changed, start, stop);
+}
+
+void ZorvaFrequencyRangeEdit::ConfirmRange(bool changed, qint64 start, qint64 stop)
+{
+    if (!changed)
+        return;
+    Q_EMIT rangeChanged(start, stop);
+    Q_EMIT editingFinished();
+    setModified(true);
+}
+
+void ZorvaFrequencyRangeEdit::PropertyChanged(const QString& name, const QVariant& value)
+{
+    ZorvaDelegate::PropertyChanged(name, value);
+    if (name == QLatin1String("startFrequency")) {
+        if (startFrequencyValue)
+            startFrequencyValue->SetStringValue(VariantText(value), this);
+    } else if (name == QLatin1String("stopFrequency")) {
+        if (stopFrequencyValue)
+            stopFrequencyValue->SetStringValue(VariantText(value), this);
+    } else if (name == QLatin1String("minimum") || name == QLatin1String("maximum")) {
+        LimitChanged(name, value.toDouble());
+    } else if (name == QLatin1String("startFrequencyParameterXmlTag") ||
+               name == QLatin1String("stopFrequencyParameterXmlTag")) {
+        AddXmlTag(value.toString());
+    }
+    PropagateProperty(name, startFrequencyEdit);
+    PropagateProperty(name, stopFrequencyEdit);
+}
+
+void ZorvaFrequencyRangeEdit::LimitChanged(const QString& name, double limit)
+{
+    const bool lower = name == QLatin1String("minimum");
+    if (startFrequencyValue) {
+        (lower ? minimumGiven : maximumGiven) = true;
+        if (lower)
+            startFrequencyValue->SetMin(limit, this);
+        else
+            startFrequencyValue->SetMax(limit - 1, this);
+    }
+    if (stopFrequencyValue) {
+        if (lower)
+            stopFrequencyValue->SetMin(limit + 1, this);
+        else
+            stopFrequencyValue->SetMax(limit, this);
+    }
+}
+
+} // namespace Orvane

@@ -1,0 +1,80 @@
+#include "zorvaheadline.h"
+
+#include <layout/floatgrouplayout.h>
+#include <zorvaparser/zorvaformular.h>
+#include <zorvaparser/zorvasheet.h>
+
+namespace Orvane {
+
+ZorvaHeadline::ZorvaHeadline(ZorvaWidget* owner)
+    : ZorvaDelegate(owner)
+{
+    UndefineProperty(QStringLiteral("enabled"));
+}
+
+ZorvaHeadline::~ZorvaHeadline() = default;
+
+void ZorvaHeadline::CreateGUI(FloatGroupLayout* layout)
+{
+    const QString title = GetTranslated(QStringLiteral("text"));
+    if (title.isEmpty())
+        return;
+    groupBox = layout->addHeadline(title, GetInt(QStringLiteral("margin"), 0), ControlName().constData());
+    groupBox->setAlignment(Qt::AlignLeft);
+    groupBox->setCheckable(true);
+    groupBox->setChecked(groupVisible);
+    groupBox->setStyleSheet(
+        QStringLiteral("QGroupBox::indicator:unchecked {image: url(:/ZorvaParser/HeadlineClosed.svg);}"
+                       "QGroupBox::indicator:checked {image: url(:/ZorvaParser/HeadlineOpened.svg);}"));
+    UpdateToolTip();
+    connect(groupBox, &QGroupBox::clicked, this, &ZorvaHeadline::slotClicked);
+    PropagateProperties(groupBox);
+}
+
+void ZorvaHeadline::EnableInput(bool /*enable*/, bool /*restricted*/)
+{
+}
+
+void ZorvaHeadline::PropertyChanged(const QString& name, const QVariant& value)
+{
+    ZorvaDelegate::PropertyChanged(name, value);
+    PropagateProperty(name, groupBox);
+}
+
+void ZorvaHeadline::setText(QString text)
+{
+    ChangeProperty(QStringLiteral("text"), text);
+}
+
+void ZorvaHeadline::setMargin(int value)
+{
+    ChangeProperty(QStringLiteral("margin"), value);
+}
+
+void ZorvaHeadline::setGroupVisible(bool flag)
+{
+    if (flag == groupVisible)
+        return;
+    groupVisible = flag;
+    if (!groupBox)
+        return;
+    groupBox->setChecked(flag);
+    UpdateToolTip();
+}
+
+void ZorvaHeadline::slotClicked(bool clicked)
+{
+    GetSheet()->setGroupVisible(widget, clicked);
+    GetFormular()->ApplyConfiguration();
+    UpdateToolTip();
+}
+
+void ZorvaHeadline::UpdateToolTip()
+{
+    if (!groupBox)
+        return;
+    const QString pattern = Translate(groupVisible ? QStringLiteral("Hide %1") : QStringLiteral("Show %1"));
+    groupBox->setToolTip(pattern.arg(PropertyText("text")));
+}
+
+} // namespace Orvane

@@ -1,0 +1,67 @@
+#ifndef ZORVAINT64SPINBOX_H
+#define ZORVAINT64SPINBOX_H
+
+#include <zorvaparser/zorvadelegate.h>
+
+#include <QPointer>
+
+class VCNumericFloatSpin;
+
+namespace Orvane {
+
+/**
+ * A row with one 64-bit number, a bandwidth or an offset in hertz. The value in
+ * the tree is a double, so numbers above 2 to the 53rd lose digits there.
+ * "unitScale" 1, 1000, 1000000 or 1000000000 chooses suffix and decimals.
+ */
+class ZorvaInt64SpinBox : public ZorvaDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit ZorvaInt64SpinBox(ZorvaWidget* widget);
+    ~ZorvaInt64SpinBox() override;
+
+    void CreateValueTree() override;
+    void CreateGUI(FloatGroupLayout* layout) override;
+    void GetXml(QXmlStreamWriter& writer) const override;
+    /** An unreadable text counts as 0. */
+    void ReadXml(QXmlStreamReader& reader) override;
+    values::ValueBase* GetVTValue() const override;
+    void Update(Observable* observable, TChangeCode code) override;
+
+Q_SIGNALS:
+    void editingFinished();
+    /** For scripts; never emitted here. */
+    void unitChanged(QString unit);
+    /** @p value is cut toward zero. */
+    void valueChanged(qlonglong value);
+
+public Q_SLOTS:
+    void setMaxHistoryLength(int value);
+    void setMaximum(qlonglong value);
+    void setMinimum(qlonglong value);
+    void setUnitHidden(bool flag);
+    /** Resets the scale to 1 whatever the text says; an empty text does nothing. */
+    void setUnitScale(QString value);
+    void setUnitScale(qulonglong value);
+    void setUseHistory(bool flag);
+    void setValue(qlonglong value);
+    void setSingleStep(qlonglong value);
+    void setSuffix(QString value);
+    void setWrapping(bool flag);
+    void setFocus() override;
+
+protected:
+    void PropertyChanged(const QString& name, const QVariant& value) override;
+
+private:
+    void ApplyUnitScale();
+
+    values::NumericDouble* numericValue;      // owned; cleared when it goes away
+    QPointer<VCNumericFloatSpin> spinControl; // owned by the widget tree
+};
+
+} // namespace Orvane
+
+#endif

@@ -1,0 +1,161 @@
+#include "zorvalineedit.h"
+
+#include <basicvaluewidgets/vclineedit.h>
+#include <layout/floatgrouplayout.h>
+#include <zorvaparser/zorvasheet.h>
+
+#include <QXmlStreamReader>
+
+namespace Orvane {
+
+ZorvaLineEdit::ZorvaLineEdit(ZorvaWidget* owner)
+    : ZorvaDelegate(owner)
+    , textValue(nullptr)
+{
+    DefineProperty(QStringLiteral("inputMask"));
+    DefineProperty(QStringLiteral("maxLength"));
+}
+
+ZorvaLineEdit::~ZorvaLineEdit()
+{
+    ReleaseValue(textValue);
+}
+
+void ZorvaLineEdit::CreateValueTree()
+{
+    ReleaseValue(textValue);
+    textValue = ObserveValue(CreateValueString(QStringLiteral("text")));
+    if (lineEdit)
+        lineEdit->SetValueBase(textValue);
+}
+
+void ZorvaLineEdit::CreateGUI(FloatGroupLayout* layout)
+{
+    ZorvaDelegate::CreateGUI(layout);
+    lineEdit = new VCLineEdit(layout->parentWidget(), ControlName().constData(),
+                              static_cast<VCLineEdit::LineEditType>(0));
+    lineEdit->SetValueBase(textValue);
+    PropagateProperties(lineEdit);
+    // The caption wins over a tool tip of the description here.
+    lineEdit->setToolTip(GetTranslated(QStringLiteral("labelText")));
+    PlaceControl(layout, lineEdit);
+    connect(lineEdit, &VCLineEdit::signalTextFinallyChanged, this, &ZorvaLineEdit::SlotTextFinallyChanged);
+    connect(lineEdit, &QLineEdit::textEdited, this, &ZorvaLineEdit::SlotTextEdited);
+    connect(lineEdit, &QLineEdit::returnPressed, this, &ZorvaLineEdit::SlotReturnPressed);
+    connect(lineEdit, &QLineEdit::textChanged, this, &ZorvaLineEdit::textChanged);
+}
+
+void ZorvaLineEdit::GetXml(QXmlStreamWriter& writer) const
+{
+    if (generateParameterXml)
+        WriteTextElement(writer, PropertyText("text"), true);
+}
+
+void ZorvaLineEdit::ReadXml(QXmlStreamReader& reader)
+{
+    const QString newText = reader.readElementText();
+    setProperty("text", newText);
+    Q_EMIT textChanged(newText);
+}
+
+values::ValueBase* ZorvaLineEdit::GetVTValue() const
+{
+    return textValue;
+}
+
+void ZorvaLineEdit::Update(Observable* observable, TChangeCode code)
+{
+    ForgetValue(textValue, observable, code);
+    if (!IsContentChange(textValue, observable, code))
+        return;
+    const QString newText = textValue->GetValue();
+    if (!ChangeProperty(QStringLiteral("text"), newText))
+        return;
+    Q_EMIT textChanged(newText);
+    // A text from elsewhere is no user's edit: no auto-apply.
+    setModified(false);
+}
+
+void ZorvaLineEdit::PropertyChanged(const QString& name, const QVariant& value)
+{
+    ZorvaDelegate::PropertyChanged(name, value);
+    if (name == QLatin1String("text") && textValue)
+        textValue->SetValue(VariantText(value), this);
+    PropagateProperty(name, lineEdit);
+}
+
+QString ZorvaLineEdit::inputMask()
+{
+    return PropertyText("inputMask");
+}
+
+QString ZorvaLineEdit::text()
+{
+    return PropertyText("text");
+}
+
+int ZorvaLineEdit::maxLength() const
+{
+    return GetInt(QStringLiteral("maxLength"), 0);
+}
+
+bool ZorvaLineEdit::isEnabled() const
+{
+    return property("enabled").toBool();
+}
+
+bool ZorvaLineEdit::isReadOnly() const
+{
+    return property("readOnly").toBool();
+}
+
+void ZorvaLineEdit::setInputMask(QString inputMask)
+{
+    ChangeProperty(QStringLiteral("inputMask"), inputMask);
+}
+
+void ZorvaLineEdit::setMaxLength(int maxLength)
+{
+    ChangeProperty(QStringLiteral("maxLength"), maxLength);
+}
+
+void ZorvaLineEdit::setText(QString text)
+{
+    ChangeProperty(QStringLiteral("text"), text);
+}
+
+void ZorvaLineEdit::setFocus()
+{
+    FocusControl(lineEdit);
+}
+
+void ZorvaLineEdit::forceFinishEditing()
+{
+    if (lineEdit)
+        lineEdit->endEdit();
+}
+
+void ZorvaLineEdit::SlotTextEdited(QString text)
+{
+    setModified(false);
+    Q_EMIT textEdited(text);
+}
+
+void ZorvaLineEdit::SlotTextFinallyChanged(QString value)
+{
+    ChangeProperty(QStringLiteral("text"), value);
+    if (textValue)
+        textValue->SetValue(value, this);
+    Q_EMIT textEdited(value);
+    Q_EMIT editingFinished();
+    setModified(true);
+}
+
+void ZorvaLineEdit::SlotReturnPressed()
+{
+    // A script connected to the signal runs before the apply.
+    Q_EMIT returnPressed();
+    GetSheet()->applyNow();
+}
+
+} // namespace Orvane

@@ -1,0 +1,68 @@
+#ifndef ZORVALINEEDIT_H
+#define ZORVALINEEDIT_H
+
+#include <zorvaparser/zorvadelegate.h>
+#include <zorvaparser/zorvaparser_export.h>
+
+#include <QPointer>
+
+class VCLineEdit;
+
+namespace Orvane {
+
+/**
+ * A row with free text. Typing marks the row without auto-apply; the final text
+ * changes property and value and marks it with auto-apply; Return applies the
+ * sheet at once.
+ */
+class ZORVAPARSER_EXPORT ZorvaLineEdit : public ZorvaDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit ZorvaLineEdit(ZorvaWidget* widget);
+    ~ZorvaLineEdit() override;
+
+    void CreateValueTree() override;
+    void CreateGUI(FloatGroupLayout* layout) override;
+    void GetXml(QXmlStreamWriter& writer) const override;
+    void ReadXml(QXmlStreamReader& reader) override;
+    values::ValueBase* GetVTValue() const override;
+    void Update(Observable* observable, TChangeCode code) override;
+
+    QString inputMask();
+    QString text();
+    int maxLength() const;
+    bool isEnabled() const;
+    bool isReadOnly() const;
+
+Q_SIGNALS:
+    void editingFinished();
+    void returnPressed();
+    void textChanged(QString text);
+    /** While typing, and once more when the text is final. */
+    void textEdited(QString text);
+
+public Q_SLOTS:
+    void setInputMask(QString inputMask);
+    void setMaxLength(int maxLength);
+    void setText(QString text);
+    void setFocus() override;
+    void forceFinishEditing() override;
+
+protected:
+    void PropertyChanged(const QString& name, const QVariant& value) override;
+
+private Q_SLOTS:
+    void SlotTextEdited(QString text);
+    void SlotTextFinallyChanged(QString value);
+    void SlotReturnPressed();
+
+private:
+    values::ValueString* textValue; // owned; cleared when it goes away
+    QPointer<VCLineEdit> lineEdit;  // owned by the widget tree
+};
+
+} // namespace Orvane
+
+#endif

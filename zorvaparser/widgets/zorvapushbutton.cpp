@@ -1,0 +1,86 @@
+#include "zorvapushbutton.h"
+
+#include <layout/floatgrouplayout.h>
+#include <zorvaparser/zorvawidget.h>
+
+#include <QFileInfo>
+
+namespace Orvane {
+
+ZorvaPushButton::ZorvaPushButton(ZorvaWidget* owner)
+    : ZorvaDelegate(owner)
+{
+    DefineProperty(QStringLiteral("icon"));
+    DefineProperty(QStringLiteral("iconSize"));
+}
+
+ZorvaPushButton::~ZorvaPushButton() = default;
+
+void ZorvaPushButton::CreateGUI(FloatGroupLayout* layout)
+{
+    ZorvaDelegate::CreateGUI(layout);
+    const QString caption = GetTranslated(QStringLiteral("text"));
+    pushButton = new QPushButton(layout->parentWidget());
+    pushButton->setObjectName(widget->GetName());
+    PropagateProperties(pushButton);
+    pushButton->setText(caption);
+    layout->addSpecial();
+    // The caption wins over a tool tip of the description here.
+    pushButton->setToolTip(caption);
+    PlaceControl(layout, pushButton);
+    connect(pushButton, &QAbstractButton::clicked, this, &ZorvaPushButton::clicked);
+    connect(pushButton, &QAbstractButton::pressed, this, &ZorvaPushButton::pressed);
+    connect(pushButton, &QAbstractButton::released, this, &ZorvaPushButton::released);
+}
+
+void ZorvaPushButton::PropertyChanged(const QString& name, const QVariant& value)
+{
+    ZorvaDelegate::PropertyChanged(name, value);
+    if (name == QLatin1String("text") && pushButton)
+        pushButton->setText(Translate(VariantText(value)));
+    PropagateProperty(name, pushButton);
+}
+
+void ZorvaPushButton::animateClick()
+{
+    if (pushButton)
+        pushButton->animateClick(100);
+}
+
+void ZorvaPushButton::clearIcon()
+{
+    ChangeProperty(QStringLiteral("icon"), QVariant());
+}
+
+void ZorvaPushButton::setIcon(QIcon icon)
+{
+    ChangeProperty(QStringLiteral("icon"), icon);
+}
+
+void ZorvaPushButton::setIcon(QString iconFilePath)
+{
+    // An icon made from the path of no file would not be null.
+    setIcon(QFileInfo::exists(iconFilePath) ? QIcon(iconFilePath) : QIcon());
+}
+
+void ZorvaPushButton::setIconSize(QSize size)
+{
+    ChangeProperty(QStringLiteral("iconSize"), size);
+}
+
+void ZorvaPushButton::setIconSize(int width, int height)
+{
+    setIconSize(QSize(width, height));
+}
+
+void ZorvaPushButton::setText(QString text)
+{
+    ChangeProperty(QStringLiteral("text"), text);
+}
+
+void ZorvaPushButton::setFocus()
+{
+    FocusControl(pushButton);
+}
+
+} // namespace Orvane

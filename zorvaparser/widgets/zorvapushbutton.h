@@ -1,0 +1,51 @@
+#ifndef ZORVAPUSHBUTTON_H
+#define ZORVAPUSHBUTTON_H
+
+#include <zorvaparser/zorvadelegate.h>
+
+#include <QIcon>
+#include <QPointer>
+#include <QPushButton>
+#include <QSize>
+
+namespace Orvane {
+
+/** A row with a plain button for a form's script. It has no value and no parameter XML. */
+class ZorvaPushButton : public ZorvaDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit ZorvaPushButton(ZorvaWidget* widget);
+    ~ZorvaPushButton() override;
+
+    void CreateGUI(FloatGroupLayout* layout) override;
+
+Q_SIGNALS:
+    void clicked();
+    void pressed();
+    void released();
+
+public Q_SLOTS:
+    /** A click shown for 100 milliseconds; nothing without a control. */
+    void animateClick();
+    /** Clears the stored property; the button keeps showing its icon. */
+    void clearIcon();
+    void setIcon(QIcon icon);
+    /** A path to no file stores a null icon. */
+    void setIcon(QString iconFilePath);
+    void setIconSize(QSize size);
+    void setIconSize(int width, int height);
+    void setText(QString text);
+    void setFocus() override;
+
+protected:
+    void PropertyChanged(const QString& name, const QVariant& value) override;
+
+private:
+    QPointer<QPushButton> pushButton; // owned by the widget tree
+};
+
+} // namespace Orvane
+
+#endif

@@ -1,0 +1,41 @@
+#include "zorvaseparator.h"
+
+#include <layout/floatgrouplayout.h>
+
+namespace Orvane {
+
+ZorvaSeparator::ZorvaSeparator(ZorvaWidget* owner, bool line)
+    : ZorvaDelegate(owner)
+    , isLine(line)
+{
+}
+
+ZorvaSeparator::~ZorvaSeparator() = default;
+
+void ZorvaSeparator::CreateGUI(FloatGroupLayout* layout)
+{
+    const QByteArray name = ControlName();
+    if (isLine)
+        spacerWidget = layout->addHeadline(QString(), GetInt(QStringLiteral("margin"), 0), name.constData());
+    else
+        spacerWidget = layout->addSeparator(GetInt(QStringLiteral("height"), 0), name.constData());
+    PropagateProperties(spacerWidget);
+}
+
+void ZorvaSeparator::PropertyChanged(const QString& name, const QVariant& value)
+{
+    ZorvaDelegate::PropertyChanged(name, value);
+    PropagateProperty(name, spacerWidget);
+}
+
+void ZorvaSeparator::setHeight(int value)
+{
+    ChangeProperty(QStringLiteral("height"), value);
+}
+
+void ZorvaSeparator::setMargin(int value)
+{
+    ChangeProperty(QStringLiteral("margin"), value);
+}
+
+} // namespace Orvane

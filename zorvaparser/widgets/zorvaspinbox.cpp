@@ -1,0 +1,148 @@
+#include "zorvaspinbox.h"
+
+#include "spincontrol.h"
+
+#include <basicvaluewidgets/vcnumericfloatspin.h>
+#include <layout/floatgrouplayout.h>
+
+#include <QXmlStreamReader>
+
+namespace Orvane {
+
+ZorvaSpinBox::ZorvaSpinBox(ZorvaWidget* owner)
+    : ZorvaDelegate(owner)
+    , numericValue(nullptr)
+{
+    DefineProperty(QStringLiteral("prefix"));
+    DefineProperty(QStringLiteral("minimum"));
+    DefineProperty(QStringLiteral("maximum"));
+    DefineProperty(QStringLiteral("specialValueText"));
+    DefineProperty(QStringLiteral("displayAdditiveOffset"));
+}
+
+ZorvaSpinBox::~ZorvaSpinBox()
+{
+    ReleaseValue(numericValue);
+}
+
+void ZorvaSpinBox::CreateValueTree()
+{
+    ReleaseValue(numericValue);
+    numericValue = ObserveValue(CreateValueNumericInt(QStringLiteral("value"), -1));
+    if (spinControl)
+        spinControl->SetNumericValue(numericValue);
+}
+
+void ZorvaSpinBox::CreateGUI(FloatGroupLayout* layout)
+{
+    ZorvaDelegate::CreateGUI(layout);
+    const QByteArray name = numericValue ? numericValue->GetName().toLatin1() : ControlName();
+    spinControl = CreateSpinControl(*this, numericValue, layout->parentWidget(), name.constData());
+    PropagateProperties(spinControl);
+    SetIntTooltip(spinControl);
+    PlaceControl(layout, spinControl);
+}
+
+void ZorvaSpinBox::GetXml(QXmlStreamWriter& writer) const
+{
+    if (generateParameterXml)
+        WriteTextElement(writer, QString::number(GetInt(QStringLiteral("value"), 0)), true);
+}
+
+void ZorvaSpinBox::ReadXml(QXmlStreamReader& reader)
+{
+    const int number = reader.readElementText().toInt();
+    setProperty("value", number);
+    Q_EMIT valueChanged(number);
+}
+
+values::ValueBase* ZorvaSpinBox::GetVTValue() const
+{
+    return numericValue;
+}
+
+void ZorvaSpinBox::Update(Observable* observable, TChangeCode code)
+{
+    ForgetValue(numericValue, observable, code);
+    if (!IsContentChange(numericValue, observable, code))
+        return;
+    const int number = numericValue->GetValue();
+    if (!ChangeProperty(QStringLiteral("value"), number))
+        return;
+    Q_EMIT valueChanged(number);
+    Q_EMIT editingFinished();
+    setModified(true);
+}
+
+void ZorvaSpinBox::PropertyChanged(const QString& name, const QVariant& value)
+{
+    ZorvaDelegate::PropertyChanged(name, value);
+    if (name == QLatin1String("value")) {
+        if (numericValue)
+            numericValue->SetValue(GetInt(name, 0), this);
+    } else if (name == QLatin1String("minimum") || name == QLatin1String("maximum")) {
+        ConfigureRowValue(numericValue);
+        SetIntTooltip(spinControl);
+    } else if (name == QLatin1String("singleStep")) {
+        ConfigureRowValue(numericValue);
+    }
+    ApplySpinText(spinControl, name, value);
+    PropagateProperty(name, spinControl);
+}
+
+void ZorvaSpinBox::setDisplayAdditiveOffset(int value)
+{
+    ChangeProperty(QStringLiteral("displayAdditiveOffset"), value);
+}
+
+void ZorvaSpinBox::setMaximum(int value)
+{
+    ChangeProperty(QStringLiteral("maximum"), value);
+}
+
+void ZorvaSpinBox::setMinimum(int value)
+{
+    ChangeProperty(QStringLiteral("minimum"), value);
+}
+
+void ZorvaSpinBox::setPrefix(QString value)
+{
+    ChangeProperty(QStringLiteral("prefix"), value);
+}
+
+void ZorvaSpinBox::setSingleStep(int value)
+{
+    ChangeProperty(QStringLiteral("singleStep"), value);
+}
+
+void ZorvaSpinBox::setSpecialValueText(QString value)
+{
+    ChangeProperty(QStringLiteral("specialValueText"), value);
+}
+
+void ZorvaSpinBox::setSuffix(QString value)
+{
+    ChangeProperty(QStringLiteral("suffix"), value);
+}
+
+void ZorvaSpinBox::setUnit(QString value)
+{
+    ChangeProperty(QStringLiteral("unit"), value);
+}
+
+void ZorvaSpinBox::setValue(int value)
+{
+    ChangeProperty(QStringLiteral("value"), value);
+}
+
+void ZorvaSpinBox::setWrapping(bool flag)
+{
+    ChangeProperty(QStringLiteral("wrapping"), flag);
+}
+
+void ZorvaSpinBox::setFocus()
+{
+    FocusControl(spinControl);
+}
+
+} // namespace Orvane

@@ -1,0 +1,58 @@
+#ifndef ZORVASPINBOX_H
+#define ZORVASPINBOX_H
+
+#include <zorvaparser/zorvadelegate.h>
+
+#include <QPointer>
+
+class VCNumericFloatSpin;
+
+namespace Orvane {
+
+/** A row with one 32-bit number. */
+class ZorvaSpinBox : public ZorvaDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit ZorvaSpinBox(ZorvaWidget* widget);
+    ~ZorvaSpinBox() override;
+
+    void CreateValueTree() override;
+    void CreateGUI(FloatGroupLayout* layout) override;
+    void GetXml(QXmlStreamWriter& writer) const override;
+    /** An unreadable text counts as 0. */
+    void ReadXml(QXmlStreamReader& reader) override;
+    values::ValueBase* GetVTValue() const override;
+    void Update(Observable* observable, TChangeCode code) override;
+
+Q_SIGNALS:
+    void editingFinished();
+    /** For scripts; never emitted here. */
+    void returnPressed();
+    void valueChanged(int value);
+
+public Q_SLOTS:
+    void setDisplayAdditiveOffset(int value);
+    void setMaximum(int value);
+    void setMinimum(int value);
+    void setPrefix(QString value);
+    void setSingleStep(int value);
+    void setSpecialValueText(QString value);
+    void setSuffix(QString value);
+    void setUnit(QString value);
+    void setValue(int value);
+    void setWrapping(bool flag);
+    void setFocus() override;
+
+protected:
+    void PropertyChanged(const QString& name, const QVariant& value) override;
+
+private:
+    values::NumericInt* numericValue;         // owned; cleared when it goes away
+    QPointer<VCNumericFloatSpin> spinControl; // owned by the widget tree
+};
+
+} // namespace Orvane
+
+#endif

@@ -1,0 +1,76 @@
+#ifndef ZORVASPINBOXLIST_H
+#define ZORVASPINBOXLIST_H
+
+#include <zorvaparser/zorvadelegate.h>
+
+#include <QList>
+#include <QPointer>
+#include <QWidget>
+
+class VCNumericFloatSpin;
+
+namespace Orvane {
+
+/**
+ * A row of integer spin boxes above each other, each with a value of its own.
+ * The number of items is "itemCount" at the time the values are created.
+ * Reading parameter XML marks the row as modified.
+ */
+class ZorvaSpinBoxList : public ZorvaDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit ZorvaSpinBoxList(ZorvaWidget* widget);
+    /** Deletes the container with the controls in it. */
+    ~ZorvaSpinBoxList() override;
+
+    void CreateValueTree() override;
+    void CreateGUI(FloatGroupLayout* layout) override;
+    void GetXml(QXmlStreamWriter& writer) const override;
+    void ReadXml(QXmlStreamReader& reader) override;
+    void Update(Observable* observable, TChangeCode code) override;
+
+    using ZorvaDelegate::isEnabled;
+    using ZorvaDelegate::setEnabled;
+
+Q_SIGNALS:
+    /** For scripts, as the next one; never emitted here. */
+    void editingFinished(int index);
+    void returnPressed(int index);
+    void valueChanged(int index, int value);
+
+public Q_SLOTS:
+    // Only prefix and special text reach controls that exist.
+    void setDisplayAdditiveOffset(int value);
+    void setMaximum(int value);
+    void setMinimum(int value);
+    void setPrefix(QString value);
+    void setSingleStep(int value);
+    void setSpecialValueText(QString value);
+    void setSuffix(QString value);
+    void setUnit(QString value);
+    void setValue(int value);
+    void setWrapping(bool flag);
+    void setFocus() override;
+
+public:
+    /** False if @p index is out of range. */
+    Q_INVOKABLE bool isEnabled(int index);
+    Q_INVOKABLE void setEnabled(int index, bool flag);
+    /** 0 if @p index is out of range. */
+    Q_INVOKABLE int itemValue(int index);
+    Q_INVOKABLE void setItemValue(int index, int value);
+
+protected:
+    void PropertyChanged(const QString& name, const QVariant& value) override;
+
+private:
+    QList<values::NumericInt*> values; // owned; a value that goes away leaves the list
+    QList<QPointer<VCNumericFloatSpin>> controls; // owned by the widget tree
+    QPointer<QWidget> container; // deleted with this row unless its window was first
+};
+
+} // namespace Orvane
+
+#endif

@@ -1,0 +1,195 @@
+#include "zorvatable.h"
+
+#include <layout/floatgrouplayout.h>
+#include <zorvaparser/xmlwalk_p.h>
+
+#include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+namespace Orvane {
+
+namespace {
+
+// A damaged description must not make the form eat the machine's memory.
+constexpr qint64 maxCells = 1000000;
+
+int cellAttribute(const QXmlStreamReader& reader, const QString& name)
+{
+    return reader.attributes().value(name).toInt();
+}
+
+} // namespace
+
+ZorvaTable::ZorvaTable(ZorvaWidget* ownerWidget)
+    : ZorvaDelegate(ownerWidget), rows(0), columns(0), suppressSignals(false)
+{
+}
+
+void ZorvaTable::CreateValueTree()
+{
+    Resize(GetInt(QStringLiteral("rowCount"), 0), GetInt(QStringLiteral("columnCount"), 0), 0);
+}
+
+void ZorvaTable::CreateGUI(FloatGroupLayout* layout)
+{
+    ZorvaDelegate::CreateGUI(layout);
+    tableWidget = new QTableWidget(0, 1, layout->parentWidget());
+    tableWidget->setObjectName(QString::fromLatin1(ControlName()));
+    tableWidget->setSortingEnabled(false);
+    tableWidget->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    Refill();
+    PlaceControl(layout, tableWidget);
+
+    QTableWidget* const table = tableWidget;
+    connect(table, &QTableWidget::cellChanged, this, &ZorvaTable::sl_cellChanged);
+    connect(table, &QTableWidget::currentCellChanged, this, &ZorvaTable::currentCellChanged);
+    connect(table, &QTableWidget::cellActivated, this, &ZorvaTable::cellActivated);
+    connect(table, &QTableWidget::cellClicked, this, &ZorvaTable::cellClicked);
+    connect(table, &QTableWidget::cellDoubleClicked, this, &ZorvaTable::cellDoubleClicked);
+    connect(table, &QTableWidget::cellEntered, this, &ZorvaTable::cellEntered);
+    connect(table, &QTableWidget::cellPressed, this, &ZorvaTable::cellPressed);
+}
+
+void ZorvaTable::GetXml(QXmlStreamWriter& writer) const
+{
+    if (!generateParameterXml)
+        return;
+    const QString itemTag = property("parameterListItemTag").toString();
+    writer.writeStartElement(GetXmlTagName());
+    for (int i = 0; i < cells.count(); ++i) {
+        writer.writeStartElement(itemTag);
+        WriteUnitAttribute(writer);
+        writer.writeAttribute(QStringLiteral("row"), QString::number(i / columns));
+        writer.writeAttribute(QStringLiteral("column"), QString::number(i % columns));
+        writer.writeCharacters(cells.at(i).toString());
+        writer.writeEndElement();
+    }
+    writer.writeEndElement();
+}
+
+void ZorvaTable::ReadXml(QXmlStreamReader& reader)
+{
+    const QScopedValueRollback<bool> guard(suppressSignals, true);
+    clear();
+    walkChildren(reader, [&] {
+        const int row = cellAttribute(reader, QStringLiteral("row"));
+        const int column = cellAttribute(reader, QStringLiteral("column"));
+        setItemValue(row, column, reader.readElementText());
+    });
+}
+
+void ZorvaTable::clear()
+{
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column) {
+            cells[row * columns + column] = QVariant();
+            ShowCell(row, column, QVariant());
+        }
+    }
+    if (!suppressSignals)
+        Q_EMIT tableCleared();
+}
+
+void ZorvaTable::setColumnCount(int newColumns)
+{
+    ChangeProperty(QStringLiteral("columnCount"), newColumns);
+}
+
+void ZorvaTable::setRowCount(int newRows)
+{
+    ChangeProperty(QStringLiteral("rowCount"), newRows);
+}
+
+void ZorvaTable::setFocus()
+{
+    FocusControl(tableWidget);
+}
+
+void ZorvaTable::sl_cellChanged(int row, int column)
+{
+    if (suppressSignals)
+        return;
+    const QTableWidgetItem* const item = ItemAtPixel(row, column);
+    if (!item || row < 0 || row >= cells.count())
+        return;
+    // By row alone: forms in the field count on the list looking like this.
+    cells[row] = item->data(Qt::DisplayRole);
+    setModified(true);
+    Q_EMIT cellChanged(row, column);
+}
+
+QVariant ZorvaTable::itemValue(int row, int column)
+{
+    return GetListValue(cells, row, column, columns);
+}
+
+void ZorvaTable::setItemValue(int row, int column, QVariant value)
+{
+    if (SetListValue(cells, value, row, column, columns))
+        ShowCell(row, column, value);
+}
+
+void ZorvaTable::Update(Observable*, TChangeCode)
+{
+}
+
+void ZorvaTable::PropertyChanged(const QString& name, const QVariant& value)
+{
+    ZorvaDelegate::PropertyChanged(name, value);
+    if (name == QLatin1String("columnCount")) {
+        Resize(rows, value.toInt(), columns);
+        Refill();
+    } else if (name == QLatin1String("rowCount")) {
+        Resize(value.toInt(), columns, columns);
+        Refill();
+    }
+    PropagateProperty(name, tableWidget);
+}
+
+bool ZorvaTable::Resize(int newRows, int newColumns, int oldColumns)
+{
+    if (qint64(newRows) * newColumns > maxCells || !ResizeList(cells, newRows, newColumns, oldColumns))
+        return false;
+    rows = newRows;
+    columns = newColumns;
+    return true;
+}
+
+void ZorvaTable::Refill()
+{
+    if (!tableWidget)
+        return;
+    const QScopedValueRollback<bool> guard(suppressSignals, true);
+    tableWidget->setColumnCount(columns);
+    tableWidget->setRowCount(rows);
+    for (int column = 0; column < columns; ++column)
+        tableWidget->setHorizontalHeaderItem(column, new QTableWidgetItem(QString::number(column)));
+    int next = 0; // moves only where an item was found
+    for (int row = 0; row < rows; ++row) {
+        tableWidget->setVerticalHeaderItem(row, new QTableWidgetItem(QString::number(row)));
+        for (int column = 0; column < columns; ++column) {
+            if (QTableWidgetItem* const item = ItemAtPixel(row, column))
+                item->setData(Qt::DisplayRole, cells.at(next++));
+        }
+    }
+}
+
+QTableWidgetItem* ZorvaTable::ItemAtPixel(int row, int column) const
+{
+    // x is the row and y the column, both in pixels: with small numbers this is the first cell.
+    return tableWidget ? tableWidget->itemAt(QPoint(row, column)) : nullptr;
+}
+
+void ZorvaTable::ShowCell(int row, int column, const QVariant& value)
+{
+    QTableWidgetItem* const item = ItemAtPixel(row, column);
+    if (!item)
+        return;
+    // What code writes is no edit: without the guard it would come back as one.
+    const QScopedValueRollback<bool> guard(suppressSignals, true);
+    item->setData(Qt::DisplayRole, value);
+}
+
+} // namespace Orvane

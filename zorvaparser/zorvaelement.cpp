@@ -1,0 +1,141 @@
+#include "zorvaelement_p.h"
+
+#include <zorvaparser/zorvadelegate.h>
+
+#include <QVector>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+namespace Orvane {
+
+// A path has as many levels as its author likes, so no walk here calls itself.
+
+ZorvaElement::~ZorvaElement()
+{
+    QList<ZorvaElement*> descendants;
+    takeDescendants(descendants);
+    while (!descendants.isEmpty())
+        delete descendants.takeLast();
+}
+
+void ZorvaElement::takeDescendants(QList<ZorvaElement*>& taken)
+{
+    taken.append(children);
+    children.clear();
+    for (int i = 0; i < taken.count(); ++i) {
+        taken.append(taken.at(i)->children);
+        taken.at(i)->children.clear();
+    }
+}
+
+ZorvaElement* ZorvaElement::child(const QString& tag) const
+{
+    return firstChildByTag.value(tag, nullptr);
+}
+
+ZorvaElement* ZorvaElement::append(const QStringList& childTags)
+{
+    auto* const element = new ZorvaElement;
+    element->tags = childTags;
+    children.append(element);
+    for (const QString& tag : childTags) {
+        if (!firstChildByTag.contains(tag))
+            firstChildByTag.insert(tag, element);
+    }
+    return element;
+}
+
+void ZorvaElement::addWidget(const WidgetPointer& newWidget)
+{
+    ZorvaDelegate* const delegate = newWidget->GetDelegate();
+    const QStringList parts = delegate->GetXmlPath().split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    ZorvaElement* current = this;
+    for (int i = 0; i + 1 < parts.count(); ++i) {
+        ZorvaElement* const group = current->child(parts.at(i));
+        current = group ? group : current->append({parts.at(i)});
+    }
+    const QStringList leafTags =
+        delegate->HasSeveralXmlTags() ? delegate->GetAllTags() : QStringList{delegate->GetXmlTagName()};
+    current->append(leafTags)->widget = newWidget;
+}
+
+ZorvaElement::WidgetPointer ZorvaElement::findWidget(const QString& path) const
+{
+    const ZorvaElement* current = this;
+    const QStringList parts = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (const QString& part : parts) {
+        current = current->child(part);
+        if (!current)
+            return WidgetPointer();
+    }
+    return current->widget;
+}
+
+void ZorvaElement::noteModified() const
+{
+    struct Visit {
+        const ZorvaElement* element;
+        int parent;
+    };
+    QVector<Visit> visits{{this, -1}};
+    for (int i = 0; i < visits.count(); ++i) {
+        const ZorvaElement* const element = visits.at(i).element;
+        element->modifiedBelow = element->widget && element->widget->isModified();
+        if (element->widget)
+            continue;
+        for (const ZorvaElement* const below : element->children)
+            visits.append({below, i});
+    }
+    for (int i = visits.count() - 1; i > 0; --i) {
+        if (visits.at(i).element->modifiedBelow)
+            visits.at(visits.at(i).parent).element->modifiedBelow = true;
+    }
+}
+
+void ZorvaElement::writeChildren(QXmlStreamWriter& writer, bool modifiedOnly) const
+{
+    struct Open {
+        const ZorvaElement* element;
+        int next;
+    };
+    if (modifiedOnly)
+        noteModified();
+    QVector<Open> open{{this, 0}};
+    while (!open.isEmpty()) {
+        Open& group = open.last();
+        if (group.next == group.element->children.count()) {
+            open.removeLast();
+            if (!open.isEmpty())
+                writer.writeEndElement();
+            continue;
+        }
+        const ZorvaElement* const element = group.element->children.at(group.next++);
+        if (element->widget) {
+            element->widget->GetXml(writer, modifiedOnly);
+        } else if (!modifiedOnly || element->modifiedBelow) {
+            writer.writeStartElement(element->tags.first());
+            open.append({element, 0});
+        }
+    }
+}
+
+void ZorvaElement::readChildren(QXmlStreamReader& reader) const
+{
+    QVector<const ZorvaElement*> open{this};
+    while (!open.isEmpty() && !reader.atEnd()) {
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        if (token == QXmlStreamReader::EndElement) {
+            open.removeLast();
+        } else if (token == QXmlStreamReader::StartElement) {
+            const ZorvaElement* const element = open.last()->child(reader.name().toString());
+            if (!element)
+                reader.skipCurrentElement();
+            else if (element->widget)
+                element->widget->ReadXml(reader);
+            else
+                open.append(element);
+        }
+    }
+}
+
+} // namespace Orvane

@@ -1,0 +1,580 @@
+#include "zorvaformular.h"
+
+#include "widgets/zorvasheetui.h"
+#include "xmlwalk_p.h"
+
+#include <valueframework/valuebase.h>
+#include <valueframework/valuenumeric.h>
+#include <valueframework/valueselection.h>
+#include <velkappstartup/translationcenter.h>
+#include <vkbase/errorhandler.h>
+#include <vkbase/qtrace.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QScriptEngineDebugger>
+#include <QScriptValueIterator>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+namespace Orvane {
+
+namespace {
+
+const QLatin1String rootTag("KVParamGui");
+
+bool tracesErrors()
+{
+    return ErrorHandler::Instance().GetTraceMask() & ErrorHandler::TraceErrors;
+}
+
+void traceInitFailure(unsigned short line)
+{
+    if (tracesErrors())
+        _Q_Trace(QStringLiteral("Exception in ZorvaFormular::InitVTValue"), QStringLiteral("zorvaformular"),
+                 line);
+}
+
+QScriptValue applyModeToScript(QScriptEngine*, const eApplyMode& mode)
+{
+    return QScriptValue(static_cast<int>(mode));
+}
+
+void applyModeFromScript(const QScriptValue& value, eApplyMode& mode)
+{
+    mode = static_cast<eApplyMode>(value.toInt32());
+}
+
+bool isNumeric(const values::ValueBase* value)
+{
+    const int type = value->GetType();
+    return type == values::TypeInt || type == values::TypeInt64 || type == values::TypeDouble;
+}
+
+void copyNumber(values::ValueBase* target, values::ValueBase* source, IObserver* observer)
+{
+    auto* const to = dynamic_cast<values::IValueNumeric*>(target);
+    const auto* const from = dynamic_cast<const values::IValueNumeric*>(source);
+    if (!to || !from)
+        return;
+    to->SetMin(from->GetMin(), observer);
+    to->SetMax(from->GetMax(), observer);
+    to->SetStep(from->GetStep(), observer);
+    to->SetValue(from->GetValue(), observer);
+}
+
+void appendCopies(values::ValueSelection* target, const values::ValueSelection* source, IObserver* observer)
+{
+    for (long i = 0; i < source->GetItemCount(); ++i)
+        target->AddItem(new values::SelectionItem(*source->GetItemIndex(i)), observer);
+}
+
+bool haveSameItems(const values::ValueSelection* left, const values::ValueSelection* right)
+{
+    if (left->GetItemCount() != right->GetItemCount())
+        return false;
+    for (long i = 0; i < left->GetItemCount(); ++i) {
+        if (*left->GetItemIndex(i) != *right->GetItemIndex(i))
+            return false;
+    }
+    return true;
+}
+
+void copyItems(values::ValueBase* target, values::ValueBase* source, IObserver* observer)
+{
+    auto* const to = dynamic_cast<values::ValueSelection*>(target);
+    const auto* const from = dynamic_cast<const values::ValueSelection*>(source);
+    if (!to || !from || haveSameItems(to, from))
+        return;
+    to->DeleteItems(observer);
+    appendCopies(to, from, observer);
+}
+
+template <typename Numeric>
+void takeRange(ZorvaDelegate* delegate, values::ValueBase* source)
+{
+    const auto* const number = dynamic_cast<const Numeric*>(source);
+    if (!number)
+        return;
+    delegate->setProperty("minimum", QVariant::fromValue(number->GetMin()));
+    delegate->setProperty("maximum", QVariant::fromValue(number->GetMax()));
+    delegate->setProperty("singleStep", QVariant::fromValue(number->GetStep()));
+}
+
+void takeItems(ZorvaDelegate* delegate, values::ValueBase* source)
+{
+    auto* const to = dynamic_cast<values::ValueSelection*>(delegate->GetVTValue());
+    const auto* const from = dynamic_cast<const values::ValueSelection*>(source);
+    if (!to || !from || from->GetItemCount() == 0)
+        return;
+    to->DeleteItems(delegate);
+    appendCopies(to, from, delegate);
+}
+
+/** Sends @p text to a host's selection; one without such an item shrinks to it alone. */
+void selectOrReduce(values::ValueSelection* target, const QString& text, IObserver* observer)
+{
+    if (target->Select(text, observer))
+        return;
+    target->DeleteItems(observer);
+    target->AddItem(text, text.toDouble(), 0, observer);
+    target->Select(text, observer);
+}
+
+} // namespace
+
+ZorvaFormular::ZorvaFormular()
+    : emptyEnum(new ZorvaEnum)
+    , sheet(this)
+    , scriptDebugger(nullptr)
+{
+    connect(sheet.GetSheetUi(), &ZorvaSheetUi::si_parametersModified, this,
+            &ZorvaFormular::si_parametersModified);
+    connect(sheet.GetSheetUi(), &ZorvaSheetUi::si_chooseFontSize, this, &ZorvaFormular::sl_fontSize);
+    RegisterScriptTypes();
+}
+
+ZorvaFormular::~ZorvaFormular()
+{
+    delete scriptDebugger;
+    if (!name.isEmpty())
+        TranslationCenter::Instance().Unregister(name);
+}
+
+void ZorvaFormular::ParseZORVA(QXmlStreamReader& reader)
+{
+    version = reader.attributes().value(QLatin1String("version")).toString();
+    walkChildren(reader, [&] {
+        if (reader.name() == QLatin1String("Enums"))
+            ParseEnums(reader);
+        else if (reader.name() == QLatin1String("Sheet"))
+            sheet.ParseZORVA(reader);
+        else if (reader.name() == QLatin1String("Script"))
+            script.ParseZORVA(reader);
+        else
+            reader.skipCurrentElement();
+    });
+}
+
+void ZorvaFormular::ParseEnums(QXmlStreamReader& reader)
+{
+    walkChildren(reader, [&] {
+        if (reader.name() != QLatin1String("Enum")) {
+            reader.skipCurrentElement();
+            return;
+        }
+        const QExplicitlySharedDataPointer<ZorvaEnum> enumeration(new ZorvaEnum);
+        enumeration->ParseZORVA(reader);
+        PublishEnum(enumeration);
+    });
+}
+
+void ZorvaFormular::PublishEnum(const QExplicitlySharedDataPointer<ZorvaEnum>& enumeration)
+{
+    enums.insert(enumeration->GetName(), enumeration);
+    QScriptValue object = scriptEngine.newObject();
+    for (int i = 0; i < enumeration->GetValueCount(); ++i) {
+        const ZorvaEnumValue& entry = enumeration->GetValueAt(i);
+        object.setProperty(entry.GetEnumIdentifier(), QScriptValue(entry.GetValue()));
+    }
+    SetGlobal(enumeration->GetName(), object);
+}
+
+void ZorvaFormular::CreateValueTree(QString path)
+{
+    vtPath = path;
+    // Defaults and what the script presets never count as changes by the user.
+    sheet.setActive(false);
+    sheet.CreateValueTree(path);
+    InitScript();
+    sheet.setActive(true);
+}
+
+void ZorvaFormular::CreateGUI(bool createApplyUi)
+{
+    sheet.CreateGUI(createApplyUi);
+    RestoreConfiguration();
+}
+
+void ZorvaFormular::CreateGUI(bool createApplyUi, const QStringList& names, bool exclude)
+{
+    sheet.CreateGUI(createApplyUi, names, exclude);
+    RestoreConfiguration();
+}
+
+QWidget* ZorvaFormular::GetGUI()
+{
+    return sheet.GetGUI();
+}
+
+void ZorvaFormular::Show()
+{
+    GetGUI()->show();
+}
+
+void ZorvaFormular::Hide()
+{
+    GetGUI()->hide();
+}
+
+void ZorvaFormular::EnableInput(bool enable)
+{
+    sheet.EnableInput(enable, ZorvaSheet::ekFormularEnableScope);
+}
+
+bool ZorvaFormular::IsInputEnabled()
+{
+    return sheet.IsInputEnabled(ZorvaSheet::ekFormularEnableScope);
+}
+
+void ZorvaFormular::ShowGroup(const QString& headline, bool visible)
+{
+    sheet.ShowGroup(headline, visible);
+}
+
+void ZorvaFormular::SelectWidgets(const QStringList& list, bool select)
+{
+    sheet.SelectWidgets(list, select);
+}
+
+void ZorvaFormular::applyNow()
+{
+    sheet.applyNow();
+}
+
+void ZorvaFormular::SetName(const QString& newName)
+{
+    name = newName;
+    if (!name.isEmpty())
+        TranslationCenter::Instance().Register(name);
+}
+
+QExplicitlySharedDataPointer<ZorvaEnum> ZorvaFormular::GetEnum(const QString& enumName)
+{
+    return enums.value(enumName, emptyEnum);
+}
+
+QString ZorvaFormular::WriteXml(bool withValues, bool modifiedOnly)
+{
+    QString text;
+    QXmlStreamWriter writer(&text);
+    writer.setAutoFormatting(true);
+    writer.setCodec("UTF-8");
+    sheet.GetXml(writer, withValues, modifiedOnly);
+    // The writer begins each element on a line of its own, the first one too.
+    if (text.startsWith(QLatin1Char('\n')))
+        text.remove(0, 1);
+    return text;
+}
+
+QString ZorvaFormular::GetEmptyXmlElement()
+{
+    return WriteXml(false, false);
+}
+
+QString ZorvaFormular::GetXmlString(bool modifiedOnly)
+{
+    if (modifiedOnly && !sheet.isWidgetModified()) {
+        sheet.resetModified();
+        return QString();
+    }
+    const QString text = WriteXml(true, modifiedOnly);
+    sheet.resetModified();
+    return text;
+}
+
+void ZorvaFormular::SetXmlString(const QString& text)
+{
+    const QString root = sheet.GetSheetUi()->GetString(QStringLiteral("parametersXmlRootTag"),
+                                                       QStringLiteral("Parameters"));
+    QXmlStreamReader reader(text);
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == root)
+            sheet.ReadXml(reader);
+    }
+}
+
+values::ValueBase* ZorvaFormular::GetVTValue(const QString& path) const
+{
+    // The look-up leaves the sheet as it is, but the sheet hands out its own widgets.
+    const ZorvaSheet::WidgetPointer widget = const_cast<ZorvaSheet&>(sheet).GetWidget(path);
+    return widget ? widget->GetDelegate()->GetVTValue() : nullptr;
+}
+
+values::ValueBase* ZorvaFormular::GetVTValue(values::ValueBase* target, IObserver* observer, bool initialize,
+                                             values::ValueBase* source)
+{
+    if (!target)
+        return nullptr;
+    if (!source)
+        source = GetVTValue(target->GetName());
+    if (!source) {
+        if (initialize)
+            target->SetStringValue(QString(), observer);
+        return nullptr;
+    }
+    const QString text = source->GetStringValue();
+    if (initialize) {
+        InitVTValue(target, source, observer);
+        if (target->GetStringValue() == text) {
+            target->HasChanged(ChangeCode::Content, observer);
+            return source;
+        }
+    }
+    auto* const selection = dynamic_cast<values::ValueSelection*>(target);
+    if (selection && source->GetType() != values::TypeSelection)
+        selectOrReduce(selection, text, observer);
+    else
+        target->SetStringValue(text, observer);
+    return source;
+}
+
+void ZorvaFormular::GetVTValues(QList<values::ValueBase*> targets, IObserver* observer, bool initialize)
+{
+    for (auto target = targets.crbegin(); target != targets.crend(); ++target)
+        GetVTValue(*target, observer, initialize, nullptr);
+}
+
+bool ZorvaFormular::SetVTValue(const QString& path, const QString& text, IObserver* observer, bool apply)
+{
+    values::ValueBase* const value = GetVTValue(path);
+    if (!value || value->GetStringValue() == text)
+        return false;
+    value->SetStringValue(text, observer);
+    if (apply)
+        sheet.applyNow();
+    return true;
+}
+
+bool ZorvaFormular::SetVTValue(values::ValueBase* value, IObserver* observer, bool apply)
+{
+    return value && SetVTValue(value->GetName(), value->GetStringValue(), observer, apply);
+}
+
+void ZorvaFormular::InitVTValue(const QString& path, values::ValueBase* source)
+{
+    if (!source)
+        return;
+    const ZorvaSheet::WidgetPointer widget = sheet.GetWidget(path);
+    if (!widget)
+        return;
+    ZorvaDelegate* const delegate = widget->GetDelegate();
+    try {
+        switch (source->GetType()) {
+        case values::TypeInt:
+            takeRange<values::NumericInt>(delegate, source);
+            break;
+        case values::TypeInt64:
+            takeRange<values::NumericInt64>(delegate, source);
+            break;
+        case values::TypeDouble:
+            takeRange<values::NumericDouble>(delegate, source);
+            break;
+        case values::TypeSelection:
+            takeItems(delegate, source);
+            break;
+        default:
+            break;
+        }
+    } catch (...) {
+        traceInitFailure(__LINE__);
+    }
+}
+
+void ZorvaFormular::InitVTValue(values::ValueBase* target, values::ValueBase* source, IObserver* observer)
+{
+    try {
+        if (!target || !source || target->GetType() != source->GetType())
+            return;
+        if (isNumeric(source))
+            copyNumber(target, source, observer);
+        else if (source->GetType() == values::TypeSelection)
+            copyItems(target, source, observer);
+    } catch (...) {
+        traceInitFailure(__LINE__);
+    }
+}
+
+void ZorvaFormular::InitEnumeration(const QString& enumName, values::ValueSelection* selection,
+                                    const QStringList* valueTexts)
+{
+    const QExplicitlySharedDataPointer<ZorvaEnum> enumeration = GetEnum(enumName);
+    if (enumeration == emptyEnum || !selection)
+        return;
+    const QString prefix = enumName.toUpper() + QLatin1Char('_');
+    enumeration->ClearValues();
+    for (long i = 0; i < selection->GetItemCount(); ++i) {
+        const values::SelectionItem* const item = selection->GetItemIndex(i);
+        const QString value = valueTexts && i < valueTexts->size()
+                                  ? valueTexts->at(static_cast<int>(i))
+                                  : QString::number(item->GetValue(), 'f', 2);
+        enumeration->AppendEnumValue(item->GetName(), prefix + value, value);
+    }
+}
+
+void ZorvaFormular::RegisterScriptTypes()
+{
+    qRegisterMetaType<eApplyMode>("eApplyMode");
+    qRegisterMetaType<QList<QString>>("QList<QString>");
+    qScriptRegisterMetaType<eApplyMode>(&scriptEngine, applyModeToScript, applyModeFromScript);
+    qScriptRegisterSequenceMetaType<QList<QString>>(&scriptEngine);
+}
+
+void ZorvaFormular::InitScript()
+{
+    scriptEngine.evaluate(script.GetCode(), QString(), 1);
+    if (!scriptEngine.hasUncaughtException() || !tracesErrors())
+        return;
+    _Q_Trace(QStringLiteral("** ZorvaFormular Script Exception %1\n")
+                 .arg(scriptEngine.uncaughtException().toString()),
+             QStringLiteral("zorvaformular"), __LINE__);
+}
+
+void ZorvaFormular::EvaluateScript(const QString& code)
+{
+    scriptEngine.evaluate(code, QString(), 1);
+}
+
+void ZorvaFormular::DebugScript()
+{
+    if (scriptDebugger)
+        return;
+    scriptDebugger = new QScriptEngineDebugger;
+    scriptDebugger->attachTo(&scriptEngine);
+    scriptDebugger->action(QScriptEngineDebugger::InterruptAction)->activate(QAction::Trigger);
+}
+
+void ZorvaFormular::SetGlobal(const QString& globalName, const QScriptValue& value)
+{
+    scriptEngine.globalObject().setProperty(globalName, value);
+}
+
+void ZorvaFormular::SetScriptValue(const QString& globalName, const QString& value)
+{
+    SetGlobal(globalName, QScriptValue(value));
+}
+
+void ZorvaFormular::SetScriptValue(const QString& globalName, double value)
+{
+    SetGlobal(globalName, QScriptValue(value));
+}
+
+void ZorvaFormular::SetScriptValue(const QString& globalName, bool value)
+{
+    SetGlobal(globalName, QScriptValue(value));
+}
+
+void ZorvaFormular::SetScriptValue(const QString& globalName, QObject* value)
+{
+    SetGlobal(globalName, scriptEngine.newQObject(value, QScriptEngine::QtOwnership));
+}
+
+QMap<QString, QScriptValue> ZorvaFormular::GetScriptValues()
+{
+    QMap<QString, QScriptValue> globals;
+    QScriptValueIterator property(scriptEngine.globalObject());
+    while (property.hasNext()) {
+        property.next();
+        if (property.value().isValid())
+            globals.insert(property.name(), property.value());
+    }
+    return globals;
+}
+
+void ZorvaFormular::SetChangedZORVA(const QString& text)
+{
+    QXmlStreamReader reader(text);
+    while (!reader.atEnd() && reader.readNextStartElement()) {
+        if (reader.name() == rootTag)
+            ProcessChangedZORVA(reader);
+    }
+    sheet.ResyncValueTree();
+}
+
+void ZorvaFormular::ProcessChangedZORVA(QXmlStreamReader& reader)
+{
+    walkChildren(reader, [&] {
+        if (reader.name() == QLatin1String("Enums"))
+            ParseChangedEnums(reader);
+        else if (reader.name() == QLatin1String("Sheet"))
+            sheet.ParseChangedZORVA(reader);
+        else if (reader.name() == QLatin1String("Script"))
+            script.ParseZORVA(reader);
+        else
+            reader.skipCurrentElement();
+    });
+}
+
+void ZorvaFormular::ParseChangedEnums(QXmlStreamReader& reader)
+{
+    walkChildren(reader, [&] {
+        if (reader.name() != QLatin1String("Enum")) {
+            reader.skipCurrentElement();
+            return;
+        }
+        QExplicitlySharedDataPointer<ZorvaEnum> enumeration =
+            GetEnum(reader.attributes().value(QLatin1String("name")).toString());
+        const bool isNew = enumeration == emptyEnum;
+        if (isNew)
+            enumeration = new ZorvaEnum;
+        enumeration->ClearValues();
+        enumeration->ParseZORVA(reader);
+        // Scripts keep the identifiers of the first parse of an enumeration.
+        if (isNew)
+            PublishEnum(enumeration);
+    });
+}
+
+QByteArray ZorvaFormular::ConfigName(const char* suffix) const
+{
+    return (configKey + QLatin1String(suffix)).toLatin1();
+}
+
+void ZorvaFormular::SetConfigObject(QObject* object, const QString& key)
+{
+    if (object == configObject && key == configKey)
+        return;
+    configObject = object;
+    configKey = key;
+    RestoreConfiguration();
+}
+
+void ZorvaFormular::RestoreConfiguration()
+{
+    if (!configObject)
+        return;
+    const int size = configObject->property(ConfigName("-fontsize").constData()).toInt();
+    const int normal = QApplication::font().pointSize();
+    if (size > 0)
+        sheet.SetFontSize(size);
+    else if (GetGUI() && GetGUI()->font().pointSize() != normal)
+        sheet.SetFontSize(normal);
+    const QString collapsed = configObject->property(ConfigName("-collapsed").constData()).toString();
+    sheet.SetCollapsed(collapsed.split(QLatin1Char(',')));
+    const QVariant disabled = configObject->property("input-disabled");
+    if (disabled.isValid())
+        sheet.EnableInput(!disabled.toBool(), ZorvaSheet::ekFormularEnableScope);
+}
+
+void ZorvaFormular::ApplyConfiguration()
+{
+    if (!configObject)
+        return;
+    QVariant fontSize;
+    if (GetGUI() && GetGUI()->font().pointSize() != QApplication::font().pointSize())
+        fontSize = GetGUI()->font().pointSize();
+    configObject->setProperty(ConfigName("-fontsize").constData(), fontSize);
+    QVariant collapsed;
+    const QStringList names = sheet.GetCollapsed();
+    if (!names.isEmpty())
+        collapsed = names.join(QLatin1Char(','));
+    configObject->setProperty(ConfigName("-collapsed").constData(), collapsed);
+}
+
+void ZorvaFormular::sl_fontSize(int size)
+{
+    sheet.SetFontSize(size);
+    ApplyConfiguration();
+}
+
+} // namespace Orvane

@@ -1,0 +1,205 @@
+#include "zorvaformularmanager.h"
+
+#include <zorvaparser/zorvaparser.h>
+
+#include <valueframework/valuebase.h>
+
+#include <QWidget>
+
+#include <algorithm>
+
+namespace Orvane {
+
+namespace {
+
+/** The part of a form's name that may stand in a path of the value tree. */
+QString nodeName(const QString& name)
+{
+    QString node;
+    std::copy_if(name.cbegin(), name.cend(), std::back_inserter(node),
+                 [](QChar character) { return character.isLetterOrNumber(); });
+    return node;
+}
+
+} // namespace
+
+ZorvaFormularManager::ZorvaFormularManager()
+    : applyUiEnabled(true)
+    , autoApplyMemory(0)
+{
+}
+
+ZorvaFormularManager::~ZorvaFormularManager()
+{
+    Reset();
+}
+
+void ZorvaFormularManager::DefineFormular(const QString& name, const QString& text)
+{
+    if (!formulars.contains(name))
+        descriptions.insert(name, text);
+}
+
+void ZorvaFormularManager::AddFormular(ZorvaFormular* formular)
+{
+    if (formular)
+        formulars.insert(formular->GetName(), FormularPointer(formular));
+}
+
+ZorvaFormularManager::FormularPointer ZorvaFormularManager::GetFormular(const QString& name)
+{
+    const auto parsed = formulars.constFind(name);
+    if (parsed != formulars.cend())
+        return parsed.value();
+    const auto description = descriptions.constFind(name);
+    if (description == descriptions.cend())
+        return FormularPointer();
+    ZorvaParser parser;
+    const FormularPointer formular(parser.ParseZORVA(description.value()));
+    if (!formular)
+        return formular;
+    formular->SetName(name);
+    formulars.insert(name, formular);
+    formular->CreateValueTree(vtPath + QLatin1Char('/') + nodeName(name));
+    formular->CreateGUI(applyUiEnabled);
+    return formular;
+}
+
+void ZorvaFormularManager::LeaveCurrent()
+{
+    ZorvaSheet& sheet = current->GetSheet();
+    sheet.killAutoApplyTimer();
+    if (current->GetGUI())
+        current->Hide();
+    disconnect(current.data(), &ZorvaFormular::si_parametersModified, this,
+               &ZorvaFormularManager::si_parametersModified);
+    autoApplyMemory = sheet.isAutoApplyEnabled() ? 1 : -1;
+    current.reset();
+}
+
+bool ZorvaFormularManager::ShowFormular(const QString& name)
+{
+    if (current)
+        LeaveCurrent();
+    current = formulars.value(name);
+    if (!current)
+        return false;
+    if (autoApplyMemory != 0)
+        current->GetSheet().setAutoApplyEnabled(autoApplyMemory >= 1);
+    connect(current.data(), &ZorvaFormular::si_parametersModified, this,
+            &ZorvaFormularManager::si_parametersModified);
+    current->SetConfigObject(configObject, configKey);
+    if (current->GetGUI())
+        current->Show();
+    return true;
+}
+
+void ZorvaFormularManager::Reset()
+{
+    descriptions.clear();
+    for (const FormularPointer& formular : qAsConst(formulars)) {
+        if (formular->GetGUI())
+            formular->GetGUI()->deleteLater();
+    }
+    formulars.clear();
+    current.reset();
+}
+
+QList<QString> ZorvaFormularManager::GetNames()
+{
+    return descriptions.keys();
+}
+
+QString ZorvaFormularManager::GetZorva(const QString& name)
+{
+    return descriptions.value(name);
+}
+
+ZorvaFormularManager::FormularPointer ZorvaFormularManager::GetCurrentFormular()
+{
+    return current;
+}
+
+QString ZorvaFormularManager::GetCurrentName()
+{
+    return current ? current->GetName() : QString();
+}
+
+QString ZorvaFormularManager::GetEmptyXmlElement()
+{
+    return current ? current->GetEmptyXmlElement() : QString();
+}
+
+QString ZorvaFormularManager::GetXmlString(bool modifiedOnly)
+{
+    return current ? current->GetXmlString(modifiedOnly) : QString();
+}
+
+void ZorvaFormularManager::SetXmlString(const QString& xml)
+{
+    if (current)
+        current->SetXmlString(xml);
+}
+
+void ZorvaFormularManager::SetConfigObject(QObject* object, const QString& key)
+{
+    configObject = object;
+    configKey = key;
+    for (const FormularPointer& formular : qAsConst(formulars))
+        formular->SetConfigObject(object, key);
+}
+
+void ZorvaFormularManager::SetVTPath(const QString& path)
+{
+    vtPath = path.endsWith(QLatin1Char('/')) ? path.chopped(1) : path;
+}
+
+bool ZorvaFormularManager::SetVTValue(values::ValueBase* value, IObserver* observer)
+{
+    return current && current->SetVTValue(value, observer, true);
+}
+
+void ZorvaFormularManager::GetVTValues(QList<values::ValueBase*> targets, IObserver* observer,
+                                       bool initialize)
+{
+    if (current) {
+        current->GetVTValues(targets, observer, initialize);
+        return;
+    }
+    if (!initialize)
+        return;
+    for (auto target = targets.crbegin(); target != targets.crend(); ++target) {
+        if (*target)
+            (*target)->SetStringValue(QString(), nullptr);
+    }
+}
+
+void ZorvaFormularManager::EnableApplyUi(bool enable)
+{
+    applyUiEnabled = enable;
+}
+
+void ZorvaFormularManager::SetCurrentModified(bool autoApply)
+{
+    if (current)
+        current->GetSheet().setModified(autoApply);
+}
+
+bool ZorvaFormularManager::isWidgetModified()
+{
+    if (!current)
+        return false;
+    ZorvaSheet& sheet = current->GetSheet();
+    const bool result = sheet.isWidgetModified();
+    if (!result && sheet.isModified())
+        sheet.resetModified();
+    return result;
+}
+
+void ZorvaFormularManager::RestoreConfiguration()
+{
+    if (current)
+        current->RestoreConfiguration();
+}
+
+} // namespace Orvane

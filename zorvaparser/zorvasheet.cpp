@@ -1,0 +1,436 @@
+#include "zorvasheet.h"
+
+#include "widgets/zorvasheetui.h"
+#include "xmlwalk_p.h"
+#include "zorvaelement_p.h"
+
+#include <zorvaparser/zorvaformular.h>
+
+#include <layout/bulkchange.h>
+
+#include <QScopedValueRollback>
+#include <QSet>
+
+namespace Orvane {
+
+namespace {
+
+QSet<QString> toSet(const QStringList& list)
+{
+    return QSet<QString>(list.cbegin(), list.cend());
+}
+
+} // namespace
+
+ZorvaSheet::ZorvaSheet(ZorvaFormular* owningFormular)
+    : rootElement(new ZorvaElement)
+    , formular(owningFormular)
+    , sheetUi(new ZorvaSheetUi(this))
+    , enableFormular(true)
+    , enableHost(true)
+    , enableValues(true)
+    , active(true)
+{
+}
+
+ZorvaSheet::~ZorvaSheet()
+{
+    delete sheetUi;
+    formular = nullptr;
+    delete rootElement;
+}
+
+void ZorvaSheet::ParseZORVA(QXmlStreamReader& reader)
+{
+    name = reader.attributes().value(QLatin1String("name")).toString();
+    formular->SetScriptValue(name, sheetUi);
+    int index = widgets.count();
+    walkChildren(reader, [&] {
+        if (reader.name() == QLatin1String("Widget")) {
+            const WidgetPointer widget(new ZorvaWidget(this));
+            InstallWidget(widget, -1);
+            widget->ParseZORVA(reader, index++);
+            // The XML path is known only now that the properties are read.
+            rootElement->addWidget(widget);
+        } else if (reader.name() == QLatin1String("Properties")) {
+            sheetUi->ParseProperties(reader, false);
+        } else if (reader.name() == QLatin1String("CustomProperties")) {
+            sheetUi->ParseProperties(reader, true);
+        } else {
+            reader.skipCurrentElement();
+        }
+    });
+}
+
+void ZorvaSheet::ParseChangedZORVA(QXmlStreamReader& reader)
+{
+    const BulkChange bulk(Content());
+    walkChildren(reader, [&] {
+        const QString widgetName = reader.attributes().value(QLatin1String("name")).toString();
+        if (reader.name() != QLatin1String("Widget")) {
+            reader.skipCurrentElement();
+            return;
+        }
+        BuildListIndex();
+        const int index = indexByName.value(widgetName, -1);
+        // An unknown widget is not skipped: the walk goes on inside it, and its end
+        // tag ends the sheet.
+        if (index >= 0)
+            widgets.at(index)->GetDelegate()->ParseProperties(reader, false);
+    });
+}
+
+void ZorvaSheet::CreateValueTree(const QString& path)
+{
+    vtPath = path;
+    for (const WidgetPointer& widget : qAsConst(widgets))
+        widget->CreateValueTree(path);
+}
+
+void ZorvaSheet::ResyncValueTree()
+{
+    const BulkChange bulk(Content());
+    for (const WidgetPointer& widget : qAsConst(widgets))
+        widget->ResyncValueTree();
+}
+
+void ZorvaSheet::CreateGUI(bool createApplyUi)
+{
+    sheetUi->CreateGUI(createApplyUi);
+    CreateRows(nullptr, true);
+}
+
+void ZorvaSheet::CreateGUI(bool createApplyUi, const QStringList& names, bool exclude)
+{
+    sheetUi->CreateGUI(createApplyUi);
+    CreateRows(&names, exclude);
+}
+
+void ZorvaSheet::CreateRows(const QStringList* names, bool exclude)
+{
+    FloatGroupLayout* const layout = sheetUi->GetLayout();
+    if (!layout || layout->count() > 0)
+        return;
+    const QSet<QString> listed = names ? toSet(*names) : QSet<QString>();
+    for (const WidgetPointer& widget : qAsConst(widgets)) {
+        const bool isListed =
+            listed.contains(widget->GetName()) || listed.contains(widget->GetXmlTagName());
+        if (names && isListed == exclude)
+            widget->SetSelected(false);
+        else
+            widget->CreateGUI(layout);
+    }
+    for (const WidgetPointer& widget : qAsConst(widgets))
+        widget->GetDelegate()->PushHeldBackProperties();
+    const bool open = enableFormular && enableHost;
+    if (!open || !enableValues)
+        SetEnableInput(false, open);
+}
+
+QWidget* ZorvaSheet::GetGUI()
+{
+    return sheetUi->GetGUI();
+}
+
+QWidget* ZorvaSheet::Content() const
+{
+    const FloatGroupLayout* const layout = sheetUi->GetLayout();
+    return layout ? layout->parentWidget() : nullptr;
+}
+
+ZorvaDelegate* ZorvaSheet::GetDelegate()
+{
+    return sheetUi;
+}
+
+ZorvaSheet::WidgetPointer ZorvaSheet::GetWidgetAt(int index) const
+{
+    return widgets.at(index);
+}
+
+ZorvaSheet::WidgetPointer ZorvaSheet::Lookup(const QString& path) const
+{
+    const WidgetPointer widget = rootElement->findWidget(path);
+    if (widget || path.contains(QLatin1Char('/')))
+        return widget;
+    BuildTagIndex();
+    const int index = indexByTag.value(path, -1);
+    return index < 0 ? WidgetPointer() : widgets.at(index);
+}
+
+ZorvaSheet::WidgetPointer ZorvaSheet::GetWidget(const QString& path)
+{
+    return Lookup(path);
+}
+
+int ZorvaSheet::IndexOfWidget(const QString& path) const
+{
+    return IndexOfWidget(Lookup(path));
+}
+
+int ZorvaSheet::IndexOfWidget(WidgetPointer widget) const
+{
+    BuildListIndex();
+    return indexByWidget.value(widget.data(), -1);
+}
+
+ZorvaWidget* ZorvaSheet::FindWidget(const QString& className) const
+{
+    for (const WidgetPointer& widget : widgets) {
+        if (widget->GetClass() == className)
+            return widget.data();
+    }
+    return nullptr;
+}
+
+QList<ZorvaSheet::WidgetPointer> ZorvaSheet::FindWidgetsOfClass(const QString& className)
+{
+    QList<WidgetPointer> found;
+    for (const WidgetPointer& widget : qAsConst(widgets)) {
+        if (widget->GetClass() == className)
+            found.append(widget);
+    }
+    return found;
+}
+
+ZorvaSheet::WidgetPointer ZorvaSheet::InsertWidget(QString widgetName, QString labelText, QWidget* widget,
+                                                   int index)
+{
+    const WidgetPointer row(new ZorvaWidget(this));
+    row->SetExtWidget(widgetName, labelText, widget);
+    InstallWidget(row, index);
+    rootElement->addWidget(row);
+    return row;
+}
+
+void ZorvaSheet::InstallWidget(const WidgetPointer& widget, int index)
+{
+    widgets.insert(index < 0 ? widgets.count() : qMin(index, widgets.count()), widget);
+    listIndexValid = false;
+    TagsChanged();
+}
+
+void ZorvaSheet::TagsChanged()
+{
+    tagIndexValid = false;
+}
+
+void ZorvaSheet::BuildTagIndex() const
+{
+    if (tagIndexValid)
+        return;
+    indexByTag.clear();
+    // Backwards, so that the first of equals stays.
+    for (int i = widgets.count() - 1; i >= 0; --i)
+        indexByTag.insert(widgets.at(i)->GetXmlTagName(), i);
+    tagIndexValid = true;
+}
+
+void ZorvaSheet::BuildListIndex() const
+{
+    if (listIndexValid)
+        return;
+    indexByName.clear();
+    indexByWidget.clear();
+    for (int i = widgets.count() - 1; i >= 0; --i) {
+        indexByName.insert(widgets.at(i)->GetName(), i);
+        indexByWidget.insert(widgets.at(i).data(), i);
+    }
+    listIndexValid = true;
+}
+
+void ZorvaSheet::SelectWidgets(const QStringList& list, bool select)
+{
+    const QSet<QString> listed = toSet(list);
+    for (const WidgetPointer& widget : qAsConst(widgets)) {
+        const bool hit = list.isEmpty() || listed.contains(widget->GetDelegate()->GetXmlPath());
+        widget->SetSelected(hit ? select : !select);
+    }
+}
+
+void ZorvaSheet::ShowGroup(const QString& headlineName, bool visible)
+{
+    const BulkChange bulk(Content());
+    bool inside = false;
+    for (const WidgetPointer& widget : qAsConst(widgets)) {
+        if (widget->IsHeadline()) {
+            if (inside)
+                return;
+            inside = widget->GetName() == headlineName;
+        }
+        if (inside)
+            widget->GetDelegate()->setVisible(visible);
+    }
+}
+
+void ZorvaSheet::setGroupVisible(ZorvaWidget* headline, bool visible)
+{
+    const BulkChange bulk(Content());
+    bool inside = false;
+    for (const WidgetPointer& widget : qAsConst(widgets)) {
+        if (inside && widget->IsHeadline())
+            return;
+        inside = inside || widget.data() == headline;
+        if (inside)
+            widget->GetDelegate()->setGroupVisible(visible);
+    }
+}
+
+QStringList ZorvaSheet::GetCollapsed()
+{
+    QStringList collapsed;
+    for (const WidgetPointer& widget : qAsConst(widgets)) {
+        if (widget->IsHeadline() && !widget->GetDelegate()->isGroupVisible())
+            collapsed.append(widget->GetName());
+    }
+    return collapsed;
+}
+
+void ZorvaSheet::SetCollapsed(const QStringList& list)
+{
+    const BulkChange bulk(Content());
+    const QSet<QString> collapsed = toSet(list);
+    bool inside = false;
+    bool visible = true;
+    for (const WidgetPointer& widget : qAsConst(widgets)) {
+        if (widget->IsHeadline()) {
+            inside = true;
+            visible = !collapsed.contains(widget->GetName());
+        }
+        if (inside)
+            widget->GetDelegate()->setGroupVisible(visible);
+    }
+}
+
+void ZorvaSheet::SetFontSize(int size)
+{
+    QWidget* const top = GetGUI();
+    if (size <= 0 || !top)
+        return;
+    const BulkChange bulk(Content());
+    QWidget* const target = top->parentWidget() ? top->parentWidget() : top;
+    if (target->styleSheet().isEmpty()) {
+        QFont font = target->font();
+        font.setPointSize(size);
+        target->setFont(font);
+    } else {
+        target->setStyleSheet(QStringLiteral("font-size: %1pt;").arg(size));
+    }
+}
+
+void ZorvaSheet::SetEnableInput(bool enable, bool restricted)
+{
+    const BulkChange bulk(Content());
+    for (const WidgetPointer& widget : qAsConst(widgets))
+        widget->GetDelegate()->EnableInput(enable, restricted);
+    sheetUi->EnableInput(enable, restricted);
+}
+
+void ZorvaSheet::EnableInput(bool enable, eEnableScope scope)
+{
+    if (scope == ekValuesEnableScope) {
+        if (enable == enableValues)
+            return;
+        enableValues = enable;
+        if (enableFormular && enableHost)
+            SetEnableInput(enable, true);
+        return;
+    }
+    if (scope != ekFormularEnableScope && scope != ekHostEnableScope)
+        return;
+    bool& own = scope == ekFormularEnableScope ? enableFormular : enableHost;
+    const bool other = scope == ekFormularEnableScope ? enableHost : enableFormular;
+    if (enable == own)
+        return;
+    own = enable;
+    if (!other)
+        return;
+    SetEnableInput(enable, false);
+    // The values' gate may still be closed.
+    if (enable && !enableValues)
+        SetEnableInput(false, true);
+}
+
+bool ZorvaSheet::IsInputEnabled(eEnableScope scope) const
+{
+    switch (scope) {
+    case ekFormularEnableScope:
+        return enableFormular;
+    case ekHostEnableScope:
+        return enableHost;
+    case ekValuesEnableScope:
+        return enableValues;
+    }
+    return false;
+}
+
+void ZorvaSheet::setActive(bool flag)
+{
+    active = flag;
+}
+
+bool ZorvaSheet::isModified()
+{
+    return sheetUi->isModified();
+}
+
+bool ZorvaSheet::isWidgetModified() const
+{
+    if (!sheetUi->isModified())
+        return false;
+    for (const WidgetPointer& widget : widgets) {
+        if (widget->IsSelected() && widget->isModified())
+            return true;
+    }
+    return false;
+}
+
+void ZorvaSheet::setModified(bool autoApply)
+{
+    if (active)
+        sheetUi->setModified(autoApply);
+}
+
+void ZorvaSheet::resetModified()
+{
+    sheetUi->resetModified();
+}
+
+void ZorvaSheet::applyNow()
+{
+    sheetUi->applyNow();
+}
+
+void ZorvaSheet::killAutoApplyTimer()
+{
+    sheetUi->killAutoApplyTimer();
+}
+
+bool ZorvaSheet::isAutoApplyEnabled()
+{
+    return sheetUi->isAutoApplyEnabled();
+}
+
+void ZorvaSheet::setAutoApplyEnabled(bool enable)
+{
+    sheetUi->setAutoApplyEnabled(enable);
+}
+
+void ZorvaSheet::GetXml(QXmlStreamWriter& writer, bool withValues, bool modifiedOnly) const
+{
+    if (modifiedOnly)
+        modifiedOnly = sheetUi->GetBool(QStringLiteral("emitOnlyModifiedParameters"), true);
+    sheetUi->WriteRootStart(writer);
+    if (withValues)
+        rootElement->writeChildren(writer, modifiedOnly);
+    writer.writeEndElement();
+}
+
+void ZorvaSheet::ReadXml(QXmlStreamReader& reader)
+{
+    const QScopedValueRollback<bool> inactive(active, false);
+    const BulkChange bulk(Content());
+    rootElement->readChildren(reader);
+}
+
+} // namespace Orvane
