@@ -1,0 +1,307 @@
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <csignal>
+#include <memory>
+
+namespace {
+
+QString dataFile(const char* name)
+{
+    return QStringLiteral(ZORVA_TEST_DATA_DIR "/shell/") + QLatin1String(name);
+}
+
+bool makeFile(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+} // namespace
+
+/** Runs the program in a folder of its own and looks at what it says and how it ends. */
+class TestZorvaShell : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void helpAndVersionNeedNoDisplay_data();
+    void helpAndVersionNeedNoDisplay();
+    void mistakesAreExplained_data();
+    void mistakesAreExplained();
+    void whatCannotBeShownIsExplained_data();
+    void whatCannotBeShownIsExplained();
+    void requestsToEndAreObeyed_data();
+    void requestsToEndAreObeyed();
+    void missingDisplayIsExplained_data();
+    void missingDisplayIsExplained();
+    void unwritableFolderIsNoHindrance();
+    void damagedStoredParametersAreNoHindrance();
+    void formReplacedWhileOpenIsNoHindrance();
+    void pathBeyondAsciiIsRead();
+
+private:
+    void setEnvironment(const QString& name, const QString& value);
+    void start(const QStringList& arguments);
+    /** Once its event loop runs, the program obeys a request to end; it ends by itself if there is nothing to
+     * show. */
+    void waitUntilShown();
+    void finish();
+
+    std::unique_ptr<QTemporaryDir> folder;
+    std::unique_ptr<QProcess> program;
+    QString output;
+    QString errors;
+};
+
+void TestZorvaShell::init()
+{
+    folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(folder->isValid());
+    program = std::make_unique<QProcess>();
+    program->setWorkingDirectory(folder->path());
+    output.clear();
+    errors.clear();
+    setEnvironment(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+}
+
+void TestZorvaShell::cleanup()
+{
+    if (program->state() != QProcess::NotRunning) {
+        program->kill();
+        program->waitForFinished();
+    }
+    program.reset();
+    folder.reset();
+}
+
+void TestZorvaShell::setEnvironment(const QString& name, const QString& value)
+{
+    QProcessEnvironment environment = program->processEnvironment();
+    if (environment.isEmpty())
+        environment = QProcessEnvironment::systemEnvironment();
+    if (value.isNull())
+        environment.remove(name);
+    else
+        environment.insert(name, value);
+    program->setProcessEnvironment(environment);
+}
+
+void TestZorvaShell::start(const QStringList& arguments)
+{
+    program->start(QStringLiteral(ZORVA_SHELL_PROGRAM), arguments, QIODevice::ReadOnly);
+    QVERIFY2(program->waitForStarted(), qPrintable(program->errorString()));
+}
+
+void TestZorvaShell::waitUntilShown()
+{
+    // The handlers are there before the form is read; what matters is that they are.
+    const QString status = QStringLiteral("/proc/%1/status").arg(program->processId());
+    const auto catchesTermination = [&status] {
+        QFile file(status);
+        if (!file.open(QIODevice::ReadOnly))
+            return false;
+        const QList<QByteArray> lines = file.readAll().split('\n');
+        for (const QByteArray& line : lines) {
+            if (line.startsWith("SigCgt:"))
+                return (line.mid(7).trimmed().toULongLong(nullptr, 16) >> (SIGTERM - 1) & 1) == 1;
+        }
+        return false;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(catchesTermination(), 20000);
+}
+
+void TestZorvaShell::finish()
+{
+    QVERIFY2(program->waitForFinished(30000), "the program does not end");
+    output = QString::fromLocal8Bit(program->readAllStandardOutput());
+    errors = QString::fromLocal8Bit(program->readAllStandardError());
+    QVERIFY2(program->exitStatus() == QProcess::NormalExit, qPrintable(errors));
+}
+
+void TestZorvaShell::helpAndVersionNeedNoDisplay_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("said");
+    QTest::newRow("help") << QStringLiteral("--help")
+                          << QStringLiteral("Usage: zorvashell FORM.zorva [debug]\n");
+    QTest::newRow("version") << QStringLiteral("--version")
+                             << QStringLiteral("zorvashell " ZORVA_SHELL_VERSION "\n");
+}
+
+void TestZorvaShell::helpAndVersionNeedNoDisplay()
+{
+    QFETCH(QString, option);
+    QFETCH(QString, said);
+    setEnvironment(QStringLiteral("QT_QPA_PLATFORM"), QString());
+    setEnvironment(QStringLiteral("DISPLAY"), QString());
+    start({option});
+    finish();
+    QCOMPARE(program->exitCode(), 0);
+    QVERIFY2(output.startsWith(said), qPrintable(output));
+    QCOMPARE(errors, QString());
+}
+
+void TestZorvaShell::mistakesAreExplained_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("said");
+    QTest::newRow("no argument") << QStringList() << QStringLiteral("no form given");
+    QTest::newRow("unknown option") << QStringList(QStringLiteral("--frobnicate"))
+                                    << QStringLiteral("unknown option --frobnicate");
+    QTest::newRow("unknown word") << QStringList{QStringLiteral("a.zorva"), QStringLiteral("DEBUG")}
+                                  << QStringLiteral("unknown argument \"DEBUG\"");
+    QTest::newRow("empty name") << QStringList(QStringLiteral(""))
+                                << QStringLiteral("the file name is empty");
+}
+
+void TestZorvaShell::mistakesAreExplained()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, said);
+    start(arguments);
+    finish();
+    QCOMPARE(program->exitCode(), 2);
+    QCOMPARE(output, QString());
+    QVERIFY2(errors.startsWith(QStringLiteral("zorvashell: ") + said), qPrintable(errors));
+    QVERIFY2(errors.contains(QStringLiteral("Usage: ")), qPrintable(errors));
+}
+
+void TestZorvaShell::whatCannotBeShownIsExplained_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("said");
+    const auto row = [](const char* name, const QString& path, const char* said) {
+        QTest::newRow(name) << path << QString::fromLatin1(said);
+    };
+    row("missing form", QStringLiteral("missing.zorva"),
+        "zorvashell: cannot read missing.zorva: there is no such file\n");
+    row("missing list", QStringLiteral("missing.xml"),
+        "zorvashell: cannot read missing.xml: there is no such file\n");
+    row("a folder", QStringLiteral("folder.zorva"), "zorvashell: cannot read folder.zorva: it is a folder\n");
+    row("no form in the file", dataFile("no-form.zorva"), "holds no form");
+    row("empty file", QStringLiteral("empty.zorva"), "zorvashell: empty.zorva holds no form");
+    row("no list", QStringLiteral("text.txt"), "zorvashell: text.txt is no component list");
+    row("list without forms", dataFile("empty-list.xml"), "there is no form in it");
+    row("form under another ending", QStringLiteral("form.ZORVA"), "form.ZORVA is no component list");
+}
+
+void TestZorvaShell::whatCannotBeShownIsExplained()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, said);
+    QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("folder.zorva")));
+    QVERIFY(makeFile(folder->filePath(QStringLiteral("empty.zorva")), QByteArray()));
+    QVERIFY(makeFile(folder->filePath(QStringLiteral("text.txt")), "just < words"));
+    QVERIFY(QFile::copy(dataFile("gain.zorva"), folder->filePath(QStringLiteral("form.ZORVA"))));
+    start({path});
+    finish();
+    QCOMPARE(program->exitCode(), 1);
+    QVERIFY2(errors.contains(said), qPrintable(errors));
+}
+
+void TestZorvaShell::requestsToEndAreObeyed_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QStringList>("arguments");
+    const QStringList form = {dataFile("gain.zorva")};
+    QTest::newRow("Ctrl+C") << SIGINT << form;
+    QTest::newRow("SIGTERM") << SIGTERM << form;
+    QTest::newRow("closed terminal") << SIGHUP << form;
+    QTest::newRow("tabs") << SIGTERM << QStringList(dataFile("two.xml"));
+    QTest::newRow("script stopped in the debugger")
+        << SIGTERM << QStringList{dataFile("gain.zorva"), QStringLiteral("debug")};
+}
+
+void TestZorvaShell::requestsToEndAreObeyed()
+{
+    QFETCH(int, number);
+    QFETCH(QStringList, arguments);
+    start(arguments);
+    waitUntilShown();
+    QCOMPARE(::kill(pid_t(program->processId()), number), 0);
+    finish();
+    QVERIFY2(program->exitCode() == 0, qPrintable(errors));
+    QVERIFY2(!errors.contains(QStringLiteral("zorvashell:")), qPrintable(errors));
+}
+
+void TestZorvaShell::missingDisplayIsExplained_data()
+{
+    QTest::addColumn<QString>("display");
+    QTest::newRow("none set") << QString();
+    QTest::newRow("nobody there") << QStringLiteral(":9876");
+}
+
+void TestZorvaShell::missingDisplayIsExplained()
+{
+    QFETCH(QString, display);
+    setEnvironment(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    setEnvironment(QStringLiteral("DISPLAY"), display);
+    start({dataFile("gain.zorva")});
+    finish();
+    QCOMPARE(program->exitCode(), 1);
+    QVERIFY2(errors.contains(QStringLiteral("zorvashell: no display to show the window on.")),
+             qPrintable(errors));
+}
+
+void TestZorvaShell::unwritableFolderIsNoHindrance()
+{
+    QVERIFY(QFile::setPermissions(folder->path(), QFile::ReadOwner | QFile::ExeOwner));
+    start({dataFile("gain.zorva")});
+    waitUntilShown();
+    program->terminate();
+    finish();
+    QCOMPARE(program->exitCode(), 0);
+    QVERIFY(QFile::setPermissions(folder->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+}
+
+void TestZorvaShell::damagedStoredParametersAreNoHindrance()
+{
+    const QString stored = folder->filePath(QStringLiteral("ZorvaTest_test.xml"));
+    const QByteArray damaged("<Parameters><Attenuation>tr\xff\xfe<", 31);
+    QVERIFY(makeFile(stored, damaged));
+    start({dataFile("gain.zorva")});
+    waitUntilShown();
+    program->terminate();
+    finish();
+    QCOMPARE(program->exitCode(), 0);
+    QFile file(stored);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), damaged);
+}
+
+void TestZorvaShell::formReplacedWhileOpenIsNoHindrance()
+{
+    const QString form = folder->filePath(QStringLiteral("gain.zorva"));
+    QVERIFY(QFile::copy(dataFile("gain.zorva"), form));
+    start({form});
+    waitUntilShown();
+    QVERIFY(QFile::remove(form));
+    QVERIFY(makeFile(form, "something else"));
+    program->terminate();
+    finish();
+    QCOMPARE(program->exitCode(), 0);
+}
+
+void TestZorvaShell::pathBeyondAsciiIsRead()
+{
+    const QString name = QString::fromUtf8("Empf\xC3\xA4nger \xE2\x82\xAC.zorva");
+    const QString form = folder->path() + QLatin1Char('/') + name;
+    QFile original(dataFile("gain.zorva"));
+    QVERIFY(original.open(QIODevice::ReadOnly));
+    QVERIFY(makeFile(form, original.readAll()));
+    start({form});
+    waitUntilShown();
+    program->terminate();
+    finish();
+    QVERIFY2(program->exitCode() == 0, qPrintable(errors));
+}
+
+QTEST_GUILESS_MAIN(TestZorvaShell)
+#include "tst_zorvashell.moc"
