@@ -73,7 +73,8 @@ ZorvaElement::WidgetPointer ZorvaElement::findWidget(const QString& path) const
 
 void ZorvaElement::noteModified() const
 {
-    struct Visit {
+    struct Visit
+    {
         const ZorvaElement* element;
         int parent;
     };
@@ -94,7 +95,8 @@ void ZorvaElement::noteModified() const
 
 void ZorvaElement::writeChildren(QXmlStreamWriter& writer, bool modifiedOnly) const
 {
-    struct Open {
+    struct Open
+    {
         const ZorvaElement* element;
         int next;
     };

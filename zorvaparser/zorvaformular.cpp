@@ -285,13 +285,33 @@ QString ZorvaFormular::GetXmlString(bool modifiedOnly)
 
 void ZorvaFormular::SetXmlString(const QString& text)
 {
-    const QString root = sheet.GetSheetUi()->GetString(QStringLiteral("parametersXmlRootTag"),
-                                                       QStringLiteral("Parameters"));
+    const QString root =
+        sheet.GetSheetUi()->GetString(QStringLiteral("parametersXmlRootTag"), QStringLiteral("Parameters"));
     QXmlStreamReader reader(text);
+    const int behindRoot = ApplyRoots(reader, root);
+    if (behindRoot < 0)
+        return;
+    // A document has one root, and the reader stops at a second one; inside a
+    // wrapper it takes all that follow.
+    QXmlStreamReader others(QStringLiteral("<%1List>").arg(root) + text.mid(behindRoot));
+    ApplyRoots(others, root);
+}
+
+int ZorvaFormular::ApplyRoots(QXmlStreamReader& reader, const QString& root)
+{
+    qint64 behindRoot = -1;
     while (!reader.atEnd()) {
-        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == root)
-            sheet.ReadXml(reader);
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        if (token != QXmlStreamReader::StartElement && token != QXmlStreamReader::EndElement)
+            continue;
+        behindRoot = -1;
+        if (token == QXmlStreamReader::EndElement || reader.name() != root)
+            continue;
+        sheet.ReadXml(reader);
+        if (reader.isEndElement() && reader.name() == root)
+            behindRoot = reader.characterOffset();
     }
+    return reader.error() == QXmlStreamReader::NotWellFormedError ? static_cast<int>(behindRoot) : -1;
 }
 
 values::ValueBase* ZorvaFormular::GetVTValue(const QString& path) const

@@ -22,7 +22,7 @@ class QXmlStreamReader;
 namespace values {
 class ValueBase;
 class ValueSelection;
-}
+} // namespace values
 
 namespace Orvane {
 
@@ -76,7 +76,8 @@ public:
 
     /** The root element of parameter XML with its attributes and no content. */
     QString GetEmptyXmlElement();
-    /** Parameter XML of all or of the modified rows, whose marks it clears; null if there is nothing to send. */
+    /** Parameter XML of all or of the modified rows, whose marks it clears; null if there is nothing to send.
+     */
     QString GetXmlString(bool modifiedOnly);
     /** Applies parameter XML; damaged text applies up to the damage. */
     void SetXmlString(const QString& text);
@@ -139,6 +140,8 @@ private:
     void PublishEnum(const QExplicitlySharedDataPointer<ZorvaEnum>& enumeration);
     void InitScript();
     QString WriteXml(bool withValues, bool modifiedOnly);
+    /** The offset behind the last root if the reader stumbled right there, else -1. */
+    int ApplyRoots(QXmlStreamReader& reader, const QString& root);
     QByteArray ConfigName(const char* suffix) const;
     void RegisterScriptTypes();
     void SetGlobal(const QString& globalName, const QScriptValue& value);

@@ -113,8 +113,7 @@ void ZorvaSheet::CreateRows(const QStringList* names, bool exclude)
         return;
     const QSet<QString> listed = names ? toSet(*names) : QSet<QString>();
     for (const WidgetPointer& widget : qAsConst(widgets)) {
-        const bool isListed =
-            listed.contains(widget->GetName()) || listed.contains(widget->GetXmlTagName());
+        const bool isListed = listed.contains(widget->GetName()) || listed.contains(widget->GetXmlTagName());
         if (names && isListed == exclude)
             widget->SetSelected(false);
         else

@@ -13,8 +13,8 @@ namespace Orvane {
 namespace {
 
 const QLatin1String attributePrefix("Attribute_");
-constexpr int shortestAutoApply = 100;  // milliseconds
-constexpr int defaultAutoApply = 1000;  // milliseconds
+constexpr int shortestAutoApply = 100; // milliseconds
+constexpr int defaultAutoApply = 1000; // milliseconds
 
 } // namespace
 
@@ -109,8 +109,7 @@ void ZorvaSheetUi::CreateTimer()
 void ZorvaSheetUi::WriteRootStart(QXmlStreamWriter& writer)
 {
     const QString type = GetString(QStringLiteral("parametersXmlTypeAttribute"), QString());
-    writer.writeStartElement(
-        GetString(QStringLiteral("parametersXmlRootTag"), QStringLiteral("Parameters")));
+    writer.writeStartElement(GetString(QStringLiteral("parametersXmlRootTag"), QStringLiteral("Parameters")));
     if (!type.isEmpty())
         writer.writeAttribute(QStringLiteral("type"), type);
     for (const QString& name : qAsConst(attributeProperties))
