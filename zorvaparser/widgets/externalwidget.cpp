@@ -6,7 +6,8 @@
 namespace Orvane {
 
 ExternalWidget::ExternalWidget(ZorvaWidget* ownerWidget, QWidget* hostWidget)
-    : ZorvaDelegate(ownerWidget), externalWidget(hostWidget)
+    : ZorvaDelegate(ownerWidget)
+    , externalWidget(hostWidget)
 {
     if (ownerWidget)
         setObjectName(ownerWidget->GetName());

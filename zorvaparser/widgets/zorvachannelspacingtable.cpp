@@ -1,7 +1,8 @@
 #include "zorvachannelspacingtable.h"
 
+#include "listxml_p.h"
+
 #include <layout/floatgrouplayout.h>
-#include <zorvaparser/xmlwalk_p.h>
 
 #include <QAction>
 #include <QDoubleSpinBox>
@@ -10,8 +11,6 @@
 #include <QScopedValueRollback>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
-
-#include <limits>
 
 namespace Orvane {
 
@@ -26,7 +25,8 @@ constexpr int maxDecimals = 1074;
 } // namespace
 
 ChannelSpacingItemDelegate::ChannelSpacingItemDelegate(ZorvaDelegate* ownerDelegate)
-    : QStyledItemDelegate(ownerDelegate), owner(ownerDelegate)
+    : QStyledItemDelegate(ownerDelegate)
+    , owner(ownerDelegate)
 {
 }
 
@@ -44,7 +44,9 @@ QWidget* ChannelSpacingItemDelegate::createEditor(QWidget* parent, const QStyleO
 }
 
 ZorvaChannelSpacingTable::ZorvaChannelSpacingTable(ZorvaWidget* ownerWidget)
-    : ZorvaDelegate(ownerWidget), menuRow(0), updating(false)
+    : ZorvaDelegate(ownerWidget)
+    , menuRow(0)
+    , updating(false)
 {
 }
 
@@ -95,14 +97,11 @@ void ZorvaChannelSpacingTable::GetXml(QXmlStreamWriter& writer) const
     if (!generateParameterXml)
         return;
     const int decimals = qMin(property("decimals").toInt(), maxDecimals);
-    const QString itemTag = property("parameterListItemTag").toString();
     writer.writeStartElement(GetXmlTagName());
+    ListItemWriter items(writer, *this, ListItemWriter::WithUnit);
     for (int i = 0; i < spacings.count(); ++i) {
-        writer.writeStartElement(itemTag);
-        WriteUnitAttribute(writer);
-        writer.writeAttribute(QStringLiteral("index"), QString::number(i));
-        writer.writeCharacters(QString::number(spacings.at(i), 'f', decimals));
-        writer.writeEndElement();
+        items.write({{QLatin1String("index"), QString::number(i)}},
+                    QString::number(spacings.at(i), 'f', decimals));
     }
     writer.writeEndElement();
 }
@@ -110,16 +109,8 @@ void ZorvaChannelSpacingTable::GetXml(QXmlStreamWriter& writer) const
 void ZorvaChannelSpacingTable::ReadXml(QXmlStreamReader& reader)
 {
     const QScopedValueRollback<bool> guard(updating, true);
-    int index = 0;
-    walkChildren(reader, [&] {
-        const QXmlStreamAttributes attributes = reader.attributes();
-        if (attributes.hasAttribute(QStringLiteral("index")))
-            index = attributes.value(QStringLiteral("index")).toInt();
-        const double spacing = reader.readElementText().toDouble();
-        setSpacingValue(index, spacing);
-        if (index < std::numeric_limits<int>::max())
-            ++index;
-    });
+    readIndexedItems(reader,
+                     [this](int index, const QString& text) { setSpacingValue(index, text.toDouble()); });
 }
 
 void ZorvaChannelSpacingTable::setAllSpacingValues(double value)
@@ -243,9 +234,7 @@ void ZorvaChannelSpacingTable::setSpacingValue(int index, double value)
         item->setData(Qt::DisplayRole, value);
 }
 
-void ZorvaChannelSpacingTable::Update(Observable*, TChangeCode)
-{
-}
+void ZorvaChannelSpacingTable::Update(Observable*, TChangeCode) {}
 
 void ZorvaChannelSpacingTable::PropertyChanged(const QString& name, const QVariant& value)
 {
@@ -262,8 +251,8 @@ void ZorvaChannelSpacingTable::PropertyChanged(const QString& name, const QVaria
 void ZorvaChannelSpacingTable::ShowHeaderLabel()
 {
     if (tableWidget)
-        tableWidget->setHorizontalHeaderItem(0,
-                                             new QTableWidgetItem(GetTranslated(QStringLiteral("headerLabel"))));
+        tableWidget->setHorizontalHeaderItem(
+            0, new QTableWidgetItem(GetTranslated(QStringLiteral("headerLabel"))));
 }
 
 void ZorvaChannelSpacingTable::Resize(int count)

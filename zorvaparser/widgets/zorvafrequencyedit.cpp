@@ -13,7 +13,10 @@
 namespace Orvane {
 
 ZorvaFrequencyEdit::ZorvaFrequencyEdit(ZorvaWidget* ownerWidget)
-    : ZorvaDelegate(ownerWidget), frequencyValue(nullptr), lockButtonShown(false), updatingLockButton(false)
+    : ZorvaDelegate(ownerWidget)
+    , frequencyValue(nullptr)
+    , lockButtonShown(false)
+    , updatingLockButton(false)
 {
 }
 
@@ -145,9 +148,7 @@ void ZorvaFrequencyEdit::EnableInput(bool enable, bool keepLockButton)
         lockButton->setEnabled(enable);
 }
 
-void ZorvaFrequencyEdit::autosetUnitScale()
-{
-}
+void ZorvaFrequencyEdit::autosetUnitScale() {}
 
 void ZorvaFrequencyEdit::setDisplayOutOfRangeValues(bool flag)
 {

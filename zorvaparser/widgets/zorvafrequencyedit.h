@@ -78,12 +78,12 @@ private:
     void CreateLockButton(QWidget* parent);
     void ShowLock(bool locked);
 
-    values::NumericDouble* frequencyValue;   // owned; null once the tree deleted it
-    QPointer<VCFrequency> frequencyControl;  // main form; owned by its parent widget
-    QPointer<VCLineEdit> frequencyLineEdit;  // plain form; owned by its parent widget
-    QPointer<QPushButton> lockButton;        // main form; owned by its parent widget
-    bool lockButtonShown;                    // from the first "FrequencyLock" on, for good
-    bool updatingLockButton;                 // the toggle is ours, not the user's
+    values::NumericDouble* frequencyValue;  // owned; null once the tree deleted it
+    QPointer<VCFrequency> frequencyControl; // main form; owned by its parent widget
+    QPointer<VCLineEdit> frequencyLineEdit; // plain form; owned by its parent widget
+    QPointer<QPushButton> lockButton;       // main form; owned by its parent widget
+    bool lockButtonShown;                   // from the first "FrequencyLock" on, for good
+    bool updatingLockButton;                // the toggle is ours, not the user's
 };
 
 } // namespace Orvane

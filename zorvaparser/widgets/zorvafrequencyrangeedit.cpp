@@ -8,6 +8,8 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <limits>
+
 namespace Orvane {
 
 namespace {
@@ -36,8 +38,11 @@ void finishEdit(VCLineEdit* edit)
 } // namespace
 
 ZorvaFrequencyRangeEdit::ZorvaFrequencyRangeEdit(ZorvaWidget* ownerWidget)
-    : ZorvaDelegate(ownerWidget), startFrequencyValue(nullptr), stopFrequencyValue(nullptr),
-      minimumGiven(false), maximumGiven(false)
+    : ZorvaDelegate(ownerWidget)
+    , startFrequencyValue(nullptr)
+    , stopFrequencyValue(nullptr)
+    , minimumGiven(false)
+    , maximumGiven(false)
 {
     DefineProperty(QStringLiteral("startFrequency"));
     DefineProperty(QStringLiteral("startFrequencyParameterXmlTag"));
@@ -143,17 +148,11 @@ QPair<qint64, qint64> ZorvaFrequencyRangeEdit::getCurrentRange() const
     return {wholeHertz(startFrequencyValue), wholeHertz(stopFrequencyValue)};
 }
 
-void ZorvaFrequencyRangeEdit::addValidBand(QString, qlonglong, qlonglong)
-{
-}
+void ZorvaFrequencyRangeEdit::addValidBand(QString, qlonglong, qlonglong) {}
 
-void ZorvaFrequencyRangeEdit::clearValidBands()
-{
-}
+void ZorvaFrequencyRangeEdit::clearValidBands() {}
 
-void ZorvaFrequencyRangeEdit::autosetUnitScale()
-{
-}
+void ZorvaFrequencyRangeEdit::autosetUnitScale() {}
 
 void ZorvaFrequencyRangeEdit::setFocus()
 {
@@ -270,7 +269,7 @@ void ZorvaFrequencyRangeEdit::StopChanged()
     const qint64 stop = wholeHertz(stopFrequencyValue);
     bool changed = false;
     if (stop <= start) {
-        start = stop - 1;
+        start = stop - (stop > std::numeric_limits<qint64>::min() ? 1 : 0);
         changed = ChangeProperty(QStringLiteral("startFrequency"), start);
     }
     changed = ChangeProperty(QStringLiteral("stopFrequency"), stop) || changed;

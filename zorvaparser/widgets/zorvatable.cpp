@@ -1,7 +1,8 @@
 #include "zorvatable.h"
 
+#include "listxml_p.h"
+
 #include <layout/floatgrouplayout.h>
-#include <zorvaparser/xmlwalk_p.h>
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
@@ -23,7 +24,10 @@ int cellAttribute(const QXmlStreamReader& reader, const QString& name)
 } // namespace
 
 ZorvaTable::ZorvaTable(ZorvaWidget* ownerWidget)
-    : ZorvaDelegate(ownerWidget), rows(0), columns(0), suppressSignals(false)
+    : ZorvaDelegate(ownerWidget)
+    , rows(0)
+    , columns(0)
+    , suppressSignals(false)
 {
 }
 
@@ -56,15 +60,12 @@ void ZorvaTable::GetXml(QXmlStreamWriter& writer) const
 {
     if (!generateParameterXml)
         return;
-    const QString itemTag = property("parameterListItemTag").toString();
     writer.writeStartElement(GetXmlTagName());
+    ListItemWriter items(writer, *this, ListItemWriter::WithUnit);
     for (int i = 0; i < cells.count(); ++i) {
-        writer.writeStartElement(itemTag);
-        WriteUnitAttribute(writer);
-        writer.writeAttribute(QStringLiteral("row"), QString::number(i / columns));
-        writer.writeAttribute(QStringLiteral("column"), QString::number(i % columns));
-        writer.writeCharacters(cells.at(i).toString());
-        writer.writeEndElement();
+        items.write({{QLatin1String("row"), QString::number(i / columns)},
+                     {QLatin1String("column"), QString::number(i % columns)}},
+                    cells.at(i).toString());
     }
     writer.writeEndElement();
 }
@@ -131,9 +132,7 @@ void ZorvaTable::setItemValue(int row, int column, QVariant value)
         ShowCell(row, column, value);
 }
 
-void ZorvaTable::Update(Observable*, TChangeCode)
-{
-}
+void ZorvaTable::Update(Observable*, TChangeCode) {}
 
 void ZorvaTable::PropertyChanged(const QString& name, const QVariant& value)
 {

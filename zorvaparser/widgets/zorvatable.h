@@ -63,7 +63,7 @@ private:
     QTableWidgetItem* ItemAtPixel(int row, int column) const;
     void ShowCell(int row, int column, const QVariant& value);
 
-    QList<QVariant> cells; // row-major
+    QList<QVariant> cells;              // row-major
     QPointer<QTableWidget> tableWidget; // owned by its parent widget
     int rows;
     int columns;

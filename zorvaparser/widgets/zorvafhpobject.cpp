@@ -1,0 +1,113 @@
+#include "zorvafhpobject.h"
+
+#include "exclusionranges_p.h"
+#include "exclusionrangesdialog.h"
+
+#include <valueframework/tree.h>
+#include <vkbase/errorhandler.h>
+#include <vkbase/qtrace.h>
+#include <zorvaparser/zorvasheet.h>
+
+#include <QXmlStreamWriter>
+
+namespace Orvane {
+
+namespace {
+
+constexpr ExclusionRangeNames xmlNames{QLatin1String("ExclusionRange"), QLatin1String("StartFreq"),
+                                       QLatin1String("StopFreq"), false};
+
+QString frequencyText(double hertz)
+{
+    return QString::number(hertz, 'f', 2);
+}
+
+} // namespace
+
+ZorvaFHPObject::ZorvaFHPObject(ZorvaWidget* ownerWidget)
+    : ZorvaDelegate(ownerWidget)
+    , exclusionRanges(this)
+{
+}
+
+ZorvaFHPObject::~ZorvaFHPObject()
+{
+    RemoveMap();
+}
+
+void ZorvaFHPObject::RemoveMap()
+{
+    if (exclusionRanges)
+        values::Tree::Instance()->RemoveValue(exclusionRanges->GetPathName());
+    exclusionRanges.Set(nullptr);
+}
+
+void ZorvaFHPObject::ParseProperties(QXmlStreamReader& reader, bool custom)
+{
+    ZorvaDelegate::ParseProperties(reader, custom);
+    if (custom)
+        setProperty("parameterXmlTag", exclusionRangesTag(customProperty(QStringLiteral("customXmlTag")),
+                                                          QLatin1String("ExclusionRanges")));
+    else
+        generateParameterXml = true;
+}
+
+void ZorvaFHPObject::CreateValueTree()
+{
+    RemoveMap();
+    const QString path = GetVTNodePath() + QLatin1Char('/') + GetXmlTagName();
+    if (exclusionRanges.Create(path) || !exclusionRanges)
+        return;
+    if (ErrorHandler::Instance().GetTraceMask() & ErrorHandler::TraceNotes)
+        _Q_Trace(
+            QStringLiteral("ZorvaFHPObject::CreateValueTree: exclusion ranges map already existing in VT"),
+            QStringLiteral("zorvafhpobject"), __LINE__);
+    exclusionRanges->Clear(this);
+}
+
+void ZorvaFHPObject::CreateGUI(FloatGroupLayout*)
+{
+    connect(this, &ZorvaFHPObject::si_editEditExclusionRangesBtnClicked, this,
+            &ZorvaFHPObject::sl_editExclusionRanges, Qt::UniqueConnection);
+}
+
+void ZorvaFHPObject::GetXml(QXmlStreamWriter& writer) const
+{
+    if (!exclusionRanges)
+        return;
+    writer.writeStartElement(GetXmlTagName());
+    for (const auto& entry : exclusionRanges->data()) {
+        writer.writeStartElement(xmlNames.item);
+        writer.writeTextElement(xmlNames.start, frequencyText(entry.second.GetRangeStart()));
+        writer.writeTextElement(xmlNames.stop, frequencyText(entry.second.GetRangeStop()));
+        writer.writeEndElement();
+    }
+    writer.writeEndElement();
+}
+
+void ZorvaFHPObject::ReadXml(QXmlStreamReader& reader)
+{
+    if (exclusionRanges)
+        readExclusionRanges(reader, exclusionRanges.Get(), xmlNames, this);
+}
+
+void ZorvaFHPObject::sl_editExclusionRanges()
+{
+    if (!exclusionRanges)
+        return;
+    ZorvaSheet* const sheet = GetSheet();
+    editExclusionRanges(sheet ? sheet->GetGUI() : nullptr, exclusionRanges->GetPathName());
+}
+
+void ZorvaFHPObject::emitEditExclusionRangesBtnClicked()
+{
+    Q_EMIT si_editEditExclusionRangesBtnClicked();
+}
+
+void ZorvaFHPObject::Update(Observable* observable, TChangeCode code)
+{
+    if (IsContentChange(exclusionRanges.Get(), observable, code))
+        setModified(true);
+}
+
+} // namespace Orvane

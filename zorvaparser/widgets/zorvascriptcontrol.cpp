@@ -1,0 +1,167 @@
+#include "zorvascriptcontrol.h"
+
+#include <layout/floatgrouplayout.h>
+
+#include <QIcon>
+
+namespace Orvane {
+
+namespace {
+
+void enableIfThere(QWidget* button, bool enable)
+{
+    if (button)
+        button->setEnabled(enable);
+}
+
+void showIfThere(QWidget* button, bool visible)
+{
+    if (button)
+        button->setVisible(visible);
+}
+
+} // namespace
+
+ZorvaScriptControl::ZorvaScriptControl(ZorvaWidget* ownerWidget)
+    : ZorvaDelegate(ownerWidget)
+    , loadedPixmap(QStringLiteral(":/ZorvaParser/Loaded_ON.png"))
+    , notLoadedPixmap(QStringLiteral(":/ZorvaParser/Loaded_OFF.png"))
+    , scriptLoaded(false)
+{
+    DefineProperty(QStringLiteral("enabledClear"));
+    DefineProperty(QStringLiteral("enabledEdit"));
+    DefineProperty(QStringLiteral("enabledLoad"));
+    DefineProperty(QStringLiteral("visibleLoad"));
+    DefineProperty(QStringLiteral("visibleClear"));
+    DefineProperty(QStringLiteral("visibleEdit"));
+    connect(this, &ZorvaDelegate::customPropertyChanged, this, &ZorvaScriptControl::sl_customPropertyChanged);
+}
+
+void ZorvaScriptControl::CreateGUI(FloatGroupLayout* layout)
+{
+    ZorvaDelegate::CreateGUI(layout);
+    const QString text = GetTranslated(QStringLiteral("labelText"));
+    controlWidget = new QWidget(layout->parentWidget());
+    controlWidget->setObjectName(QString::fromLatin1(ControlName()));
+    CreateStatusLabel();
+    loadButton = CreateButton("_LoadButton", ":/ZorvaParser/Open.svg", QLatin1String("Load") + text);
+    loadButton->setMinimumWidth(80);
+    editButton = CreateButton("_EditButton", ":/ZorvaParser/Edit.svg", QLatin1String("Edit") + text);
+    clearButton = CreateButton("ClearButton", ":/ZorvaParser/Clear.svg", QLatin1String("Clear") + text);
+
+    controlLayout = new QBoxLayout(QBoxLayout::LeftToRight, controlWidget);
+    controlLayout->setContentsMargins(0, 0, 0, 0);
+    controlLayout->setSpacing(0);
+    controlLayout->addWidget(statusLabel);
+    controlLayout->addWidget(loadButton);
+    controlLayout->addWidget(editButton);
+    controlLayout->addWidget(clearButton);
+
+    layout->addSpecial();
+    PlaceControl(layout, controlWidget);
+    ConnectButtons();
+    // The absent ones too: a button that the description does not mention is off and hidden.
+    const QStringList names = definedProperties;
+    for (const QString& name : names)
+        PropertyChanged(name, property(name.toLatin1().constData()));
+}
+
+void ZorvaScriptControl::CreateStatusLabel()
+{
+    statusLabel = new QLabel(controlWidget);
+    statusLabel->setObjectName(QString::fromLatin1(ControlName() + "StatusLabel"));
+    scriptLoaded = false;
+    ShowLight();
+}
+
+QPushButton* ZorvaScriptControl::CreateButton(const char* nameSuffix, const char* image,
+                                              const QString& toolTip)
+{
+    auto* const button = new QPushButton(controlWidget);
+    button->setObjectName(QString::fromLatin1(ControlName() + nameSuffix));
+    button->setIcon(QPixmap(QString::fromLatin1(image)));
+    button->setToolTip(toolTip);
+    return button;
+}
+
+void ZorvaScriptControl::ConnectButtons()
+{
+    connect(loadButton.data(), &QPushButton::clicked, this, &ZorvaScriptControl::loadScriptClicked);
+    connect(editButton.data(), &QPushButton::clicked, this, &ZorvaScriptControl::editScriptClicked);
+    connect(clearButton.data(), &QPushButton::clicked, this, &ZorvaScriptControl::clearScriptClicked);
+}
+
+void ZorvaScriptControl::setEnabledClear(bool flag)
+{
+    enableIfThere(clearButton, flag);
+}
+
+void ZorvaScriptControl::setEnabledEdit(bool flag)
+{
+    enableIfThere(editButton, flag);
+}
+
+void ZorvaScriptControl::setEnabledLoad(bool flag)
+{
+    enableIfThere(loadButton, flag);
+}
+
+void ZorvaScriptControl::setVisibleClear(bool flag)
+{
+    showIfThere(clearButton, flag);
+}
+
+void ZorvaScriptControl::setVisibleEdit(bool flag)
+{
+    showIfThere(editButton, flag);
+}
+
+void ZorvaScriptControl::setVisibleLoad(bool flag)
+{
+    showIfThere(loadButton, flag);
+}
+
+void ZorvaScriptControl::sl_customPropertyChanged(QString name, QVariant value)
+{
+    if (name != QLatin1String("scriptloaded"))
+        return;
+    scriptLoaded = value.toBool();
+    UpdateStatus();
+}
+
+void ZorvaScriptControl::ShowLight()
+{
+    statusLabel->setPixmap(scriptLoaded ? loadedPixmap : notLoadedPixmap);
+    statusLabel->setToolTip(scriptLoaded ? tr("Script loaded") : tr("NO Script loaded"));
+}
+
+void ZorvaScriptControl::UpdateStatus()
+{
+    if (statusLabel)
+        ShowLight();
+    enableIfThere(clearButton, scriptLoaded);
+}
+
+void ZorvaScriptControl::PropertyChanged(const QString& name, const QVariant& value)
+{
+    ZorvaDelegate::PropertyChanged(name, value);
+    const bool flag = value.toBool();
+    if (name == QLatin1String("enabledClear"))
+        setEnabledClear(flag);
+    if (name == QLatin1String("enabledEdit"))
+        setEnabledEdit(flag);
+    if (name == QLatin1String("enabledLoad"))
+        setEnabledLoad(flag);
+    if (name == QLatin1String("visibleClear"))
+        setVisibleClear(flag);
+    if (name == QLatin1String("visibleEdit"))
+        setVisibleEdit(flag);
+    if (name == QLatin1String("visibleLoad"))
+        setVisibleLoad(flag);
+    PropagateProperty(name, clearButton);
+    PropagateProperty(name, editButton);
+    PropagateProperty(name, loadButton);
+    PropagateProperty(name, statusLabel);
+}
+
+} // namespace Orvane
