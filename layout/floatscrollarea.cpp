@@ -9,18 +9,35 @@ namespace {
 constexpr int maximumMinimumHeight = 20;
 constexpr QSize releasedMinimum(10, 10);
 
-// A form may be taller at the full width than at the width beside a vertical
-// scroll bar, since fewer columns pack the sections differently. The bar would
-// then come and go for ever. Arranged for the narrower width the form needs no
-// bar, so that arrangement is the one to settle for; the first query after an
-// invalidation settles it.
-void settleArrangement(QWidget* content, const QSize& room, int barWidth)
+// Lets the content follow the area: down from the size of the last arrangement
+// and out to the full width.
+void release(QWidget* content)
 {
-    if (content->heightForWidth(room.width()) <= room.height())
-        return;
+    content->setMinimumSize(releasedMinimum);
+    content->setMaximumWidth(QWIDGETSIZE_MAX);
+}
+
+int arrangedHeight(QWidget* content, int width)
+{
     content->layout()->invalidate();
-    if (content->heightForWidth(room.width() - barWidth) > room.height())
-        content->layout()->invalidate();
+    return content->heightForWidth(width);
+}
+
+// Settles the arrangement for the new size before the scroll area asks for a
+// size hint, which would settle a single column, tall enough to flash a bar.
+//
+// The bar stays away whenever the form fits without it, whether or not it
+// stands there now. A form may be taller at the full width than beside the bar,
+// since fewer columns pack the sections differently; the bar would then come
+// and go for ever, so the form is held at the narrower width and needs none.
+void settleArrangement(QWidget* content, const QSize& room, int fullWidth, int barWidth)
+{
+    if (arrangedHeight(content, fullWidth) <= room.height())
+        return;
+    if (arrangedHeight(content, fullWidth - barWidth) <= room.height())
+        content->setMaximumWidth(fullWidth - barWidth);
+    else if (room.width() != fullWidth - barWidth)
+        arrangedHeight(content, room.width());
 }
 
 } // namespace
@@ -46,13 +63,21 @@ QSize FloatScrollArea::minimumSizeHint() const
 void FloatScrollArea::resizeEvent(QResizeEvent* event)
 {
     if (QWidget* content = widget()) {
-        if (QLayoutItem* layout = content->layout())
+        QLayoutItem* layout = content->layout();
+        if (layout)
             layout->invalidate();
-        content->setMinimumSize(releasedMinimum);
-        const bool barMayCome = verticalScrollBarPolicy() == Qt::ScrollBarAsNeeded &&
-                                event->size().width() == maximumViewportSize().width();
-        if (barMayCome && content->layout() && content->layout()->hasHeightForWidth())
-            settleArrangement(content, event->size(), verticalScrollBar()->sizeHint().width());
+        release(content);
+        if (layout && layout->hasHeightForWidth())
+            arrange(event->size());
     }
     QScrollArea::resizeEvent(event);
+}
+
+void FloatScrollArea::arrange(const QSize& room)
+{
+    if (verticalScrollBarPolicy() == Qt::ScrollBarAsNeeded)
+        settleArrangement(widget(), room, maximumViewportSize().width(),
+                          verticalScrollBar()->sizeHint().width());
+    else
+        arrangedHeight(widget(), room.width());
 }

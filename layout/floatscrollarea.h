@@ -23,6 +23,9 @@ public:
 protected:
     /// Called for each new size of the viewport: has the content arranged anew.
     void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void arrange(const QSize& room);
 };
 
 #endif
