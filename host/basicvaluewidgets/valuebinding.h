@@ -13,39 +13,39 @@ namespace values {
 class ValueBase;
 }
 
-// The tie between one control and one value: joins and leaves its observers,
-// forgets a value that goes away and keeps the control disabled from then on,
-// whatever is asked from outside, until another value (or none) is bound.
-// A member of the control; both may die before the value or after it.
+/// The tie between one control and one value: joins and leaves its observers,
+/// forgets a value that goes away and keeps the control disabled from then on,
+/// whatever is asked from outside, until another value (or none) is bound.
+/// A member of the control; both may die before the value or after it.
 class BASICVALUEWIDGETS_EXPORT ValueBinding
 {
 public:
-    // Neither is owned; both outlive the binding (it is their member).
+    /// Neither is owned; both outlive the binding (it is their member). A null
+    /// control: nothing is disabled when the value goes.
     ValueBinding(QWidget* control, IObserver* observer);
     ~ValueBinding();
     Q_DISABLE_COPY(ValueBinding)
 
-    // Leaves the old value and joins the new one, null allowed. False, and
-    // bound to nothing, if the value is already going away.
+    /// Leaves the old value and joins the new one, null allowed. False, and
+    /// bound to nothing, if the value is already going away.
     bool Bind(values::ValueBase* value);
-    // Null if nothing is bound or the value has gone.
+    /// Null if nothing is bound or the value has gone.
     values::ValueBase* Value() const { return m_value; }
     bool IsLost() const { return m_lost; }
 
-    // To be asked first in the control's Update: true if the notice concerns
-    // the bound value and leaves something to be done. A value that goes away
-    // is dealt with here.
+    /// To be asked first in the control's Update: true if the notice concerns
+    /// the bound value and leaves something to be done. A value that goes away
+    /// is dealt with here.
     bool Concerns(const Observable* observable, TChangeCode code);
 
-    // What is asked from outside; takes effect at once or when a value is
-    // bound again.
+    /// What is asked from outside; takes effect at once or when a value is
+    /// bound again.
     void RequestEnabled(bool enabled);
-    // To be told of each changeEvent: keeps the control of a lost value
-    // disabled when somebody enables it past RequestEnabled.
+    /// To be told of each changeEvent: keeps the control of a lost value
+    /// disabled when somebody enables it past RequestEnabled.
     void ControlChanged(const QEvent* event);
 
 private:
-    void lose();
     void leave();
     void setLost(bool lost);
 

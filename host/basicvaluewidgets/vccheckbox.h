@@ -8,8 +8,8 @@
 
 #include <QCheckBox>
 
-// A check box that shows and writes a bool. Every toggle is written with the
-// control as originator.
+/// A check box that shows and writes a bool. Every toggle is written with the
+/// control as originator.
 class BASICVALUEWIDGETS_EXPORT VCCheckBox : public QCheckBox,
                                             public IObserver,
                                             public UndoRecordingControlBase
@@ -19,15 +19,15 @@ class BASICVALUEWIDGETS_EXPORT VCCheckBox : public QCheckBox,
     Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly)
 
 public:
-    // name is the object name, null for none.
+    /// name is the object name, null for none.
     VCCheckBox(QWidget* parent, const char* name);
     ~VCCheckBox() override;
 
-    // Null unbinds and leaves a plain check box. The value is not owned.
+    /// Null unbinds and leaves a plain check box. The value is not owned.
     void SetBoolean(values::ValueBool* value);
     void Update(Observable* observable, TChangeCode code) override;
 
-    // Blocks mouse, keyboard and shortcuts; the value still shows.
+    /// Blocks mouse, keyboard and shortcuts; the value still shows.
     bool isReadOnly() const { return m_readOnly; }
     void setReadOnly(bool readOnly);
 

@@ -10,13 +10,14 @@
 namespace values {
 class ValueSelection;
 }
+class QStandardItem;
 class QStandardItemModel;
 
-// A combo box that shows a selection's items and writes the user's choice with
-// the control as originator. Entries stand in the value's order and carry the
-// untranslated name in Qt::UserRole; nothing selected shows blank. The model
-// is a QStandardItemModel; what is switched off there stays so while the
-// entry keeps its place and name.
+/// A combo box that shows a selection's items and writes the user's choice with
+/// the control as originator. Entries stand in the value's order and carry the
+/// untranslated name in Qt::UserRole; nothing selected shows blank. The model
+/// is a QStandardItemModel; what is switched off there stays so while the
+/// entry keeps its place and name.
 class BASICVALUEWIDGETS_EXPORT VCComboBoxClassic : public QComboBox,
                                                    public IObserver,
                                                    public UndoRecordingControlBase
@@ -26,19 +27,19 @@ class BASICVALUEWIDGETS_EXPORT VCComboBoxClassic : public QComboBox,
     Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly)
 
 public:
-    // name is the object name, null for none.
+    /// name is the object name, null for none.
     VCComboBoxClassic(QWidget* parent, const char* name);
     ~VCComboBoxClassic() override;
 
-    // Null unbinds and keeps the entries. The value is not owned.
+    /// Null unbinds and keeps the entries. The value is not owned.
     void SetValueSelection(values::ValueSelection* value);
     void Update(Observable* observable, TChangeCode code) override;
 
-    // Blocks mouse, keyboard and wheel; the value still shows.
+    /// Blocks mouse, keyboard and wheel; the value still shows.
     bool isReadOnly() const { return m_readOnly; }
     void setReadOnly(bool readOnly);
 
-    // Equal to the stock hints, but measured once for equal controls.
+    /// Equal to the stock hints, but measured once for equal controls.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     void showPopup() override;
@@ -52,25 +53,28 @@ protected:
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
-    // Steps only with the focus; otherwise the form below scrolls.
+    /// Steps only with the focus; otherwise the form below scrolls.
     void wheelEvent(QWheelEvent* event) override;
 
 private:
     values::ValueSelection* selection() const;
     QStandardItemModel* items() const;
     void resyncItems();
-    void appendItems(int first, int count);
+    bool resyncItem(QStandardItem* item, const QString& name);
+    void itemsAdded();
+    void appendItems(int first);
+    void entriesChanged();
     QString nameAt(int index) const;
     QString shownName(const QString& name) const;
     void refresh();
     void choose(int index);
     QString entriesKey() const;
-    QSize measuredHint(bool minimum) const;
-    QSize contentsSize(bool minimum) const;
+    QSize contentsSize() const;
 
     ValueBinding m_binding;
     bool m_readOnly = false;
     bool m_refreshing = false;
+    bool m_checkPending = false;
     int m_shownIndex = -1;        // the entry before the user's next choice
     mutable QString m_entriesKey; // null until asked for after a change
 };

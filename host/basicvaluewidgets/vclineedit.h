@@ -7,19 +7,21 @@
 
 #include <QLineEdit>
 
+#include <functional>
+
 namespace values {
 class IValueNumeric;
 }
 
-// A line edit over a value. Text that the user typed is final on Return, on
-// leaving the control and by endEdit(); only then the value is written. Escape
-// brings the value's text back.
+/// A line edit over a value. Text that the user typed is final on Return, on
+/// leaving the control and by endEdit(); only then the value is written. Escape
+/// brings the value's text back.
 //
-// The plain type takes any text that the input mask allows. The frequency type
-// reads and shows hertz by the rules of FrequencyText: wrong text brings the
-// old one back with a short hint, a frequency out of range is clamped. While
-// the user is typing a frequency, a change of the value waits, so that a
-// receiver on the move does not overwrite the entry.
+/// The plain type takes any text that the input mask allows. The frequency type
+/// reads and shows hertz by the rules of FrequencyText: wrong text brings the
+/// old one back with a short hint, a frequency out of range is clamped. While
+/// the user is typing a frequency, a change of the value waits, so that a
+/// receiver on the move does not overwrite the entry.
 class BASICVALUEWIDGETS_EXPORT VCLineEdit : public QLineEdit, public IObserver
 {
     Q_OBJECT
@@ -28,27 +30,27 @@ class BASICVALUEWIDGETS_EXPORT VCLineEdit : public QLineEdit, public IObserver
 public:
     enum LineEditType { ekPlainText = 0, ekFrequencyText = 1 };
 
-    // name is the object name, null for none.
+    /// name is the object name, null for none.
     VCLineEdit(QWidget* parent, const char* name, LineEditType type);
     ~VCLineEdit() override;
 
-    // Null unbinds and keeps the text. The value is not owned. The frequency
-    // type wants a numeric value in hertz; of any other it shows the text.
+    /// Null unbinds and keeps the text. The value is not owned. The frequency
+    /// type wants a numeric value in hertz; of any other it shows the text.
     void SetValueBase(values::ValueBase* value);
     void Update(Observable* observable, TChangeCode code) override;
 
-    // The unit in which the frequency type shows its number.
+    /// The unit in which the frequency type shows its number.
     void SetFrequencyUnit(FrequencyText::Unit unit);
     FrequencyText::Unit GetFrequencyUnit() const { return m_unit; }
 
 public Q_SLOTS:
-    // Makes typed text final at once; nothing on text that nobody touched.
+    /// Makes typed text final at once; nothing on text that nobody touched.
     void endEdit();
     void setEnabled(bool enabled);
 
 Q_SIGNALS:
-    // The text as it stands, once per edit and before the value is written.
-    // What a receiver writes to the value itself stands.
+    /// The text as it stands, once per edit and before the value is written.
+    /// What a receiver writes to the value itself stands.
     void signalTextFinallyChanged(const QString& text);
 
 protected:
@@ -57,27 +59,29 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
     values::ValueBase* boundValue() const { return m_binding.Value(); }
-    // Null unless a numeric value is bound.
+    /// Null unless a numeric value is bound.
     values::IValueNumeric* boundNumber() const;
-    // Shows the value again and drops what was typed.
+    /// Shows the value again and drops what was typed.
     void refresh();
-    // The hertz that are shown; false if the text is no frequency.
+    /// The hertz that are shown; false if the text is no frequency.
     bool shownFrequency(double* hertz) const;
-    // Writes hertz, clamped to the value's limits, as the user's edit.
+    /// Writes hertz, clamped to the value's limits, as the user's edit.
     void commitFrequency(double hertz);
 
 private:
     QString valueText() const;
     void commitText(const QString& text);
     void commitTypedFrequency();
-    void finish(const QString& text, const QString& stored);
+    void announce(const QString& finalText, const std::function<void()>& write);
     double clamped(double hertz) const;
     void refuse(const QString& hint);
+    void restore();
     void showText(const QString& text);
 
     ValueBinding m_binding;
     const LineEditType m_type;
     FrequencyText::Unit m_unit = FrequencyText::Unit::Automatic;
+    QString m_finalText; // what comes back when typed text is dropped and no value is bound
     bool m_finishing = false;
 };
 

@@ -11,20 +11,20 @@ namespace values {
 class IValueNumeric;
 }
 
-// A spin box over a numeric value. It works on display numbers,
-//   shown = (value * factor + offset) / unitScale,
-// which are what value(), setValue(), minimum() and maximum() of the class
-// speak of; the *properties* minimum and maximum are in value units, so that a
-// form row can hand its own limits through.
+/// A spin box over a numeric value. It works on display numbers,
+///   shown = (value * factor + offset) / unitScale,
+/// which are what value(), setValue(), minimum() and maximum() of the class
+/// speak of; the *properties* minimum and maximum are in value units, so that a
+/// form row can hand its own limits through.
 //
-// Typed text is written on Return and on leaving, a step at once, always with
-// the control as originator. Rounding to the decimals shown never writes. A
-// number out of range is clamped; text that is no number brings the old one
-// back. While the user is typing, a change of the value waits.
+/// Typed text is written on Return and on leaving, a step at once, always with
+/// the control as originator. Rounding to the decimals shown never writes. A
+/// number out of range is clamped; text that is no number brings the old one
+/// back. While the user is typing, a change of the value waits.
 //
-// A side without a limit ends at +-1e18 display numbers: wider bounds make
-// each control dear to build, and no such number can be typed sensibly. The
-// value keeps its own limits, and a number beyond is shown as it is.
+/// A side without a limit ends at +-1e18 display numbers: wider bounds make
+/// each control dear to build, and no such number can be typed sensibly. The
+/// value keeps its own limits, and a number beyond is shown as it is.
 class BASICVALUEWIDGETS_EXPORT VCNumericFloatSpin : public QDoubleSpinBox,
                                                     public IObserver,
                                                     public UndoRecordingControlBase
@@ -34,56 +34,52 @@ class BASICVALUEWIDGETS_EXPORT VCNumericFloatSpin : public QDoubleSpinBox,
     Q_PROPERTY(double minimum READ valueMinimum WRITE setValueMinimum)
     Q_PROPERTY(double maximum READ valueMaximum WRITE setValueMaximum)
     Q_PROPERTY(double displayAdditiveOffset READ displayAdditiveOffset WRITE SetDisplayAdditveOffset)
-    Q_PROPERTY(QString prefix READ prefix WRITE setPrefix)
     Q_PROPERTY(QString suffix READ suffix WRITE setSuffix)
-    Q_PROPERTY(QString specialValueText READ specialValueText WRITE setSpecialValueText)
 
 public:
-    // name is the object name, null for none. withButtons false leaves the
-    // step buttons out.
+    /// name is the object name, null for none. withButtons false leaves the
+    /// step buttons out.
     VCNumericFloatSpin(QWidget* parent, const char* name, bool withButtons);
     ~VCNumericFloatSpin() override;
 
-    // Null unbinds and leaves a plain spin box. The value is not owned.
+    /// Null unbinds and leaves a plain spin box. The value is not owned.
     void SetNumericValue(values::IValueNumeric* value);
-    // Binds the numeric value at a tree path; false, and unbound, if there is
-    // none.
+    /// Binds the numeric value at a tree path; false, and unbound, if there is
+    /// none.
     bool SetNumeric_ValuePath(const QString& path);
     void Update(Observable* observable, TChangeCode code) override;
 
-    // A suffix that begins with a letter is shown one blank off the number;
-    // the getter gives what was set.
+    /// A suffix that begins with a letter is shown one blank off the number;
+    /// the getter gives what was set.
     void setSuffix(const QString& suffix);
     QString suffix() const { return m_suffix; }
-    void setPrefix(const QString& prefix);
-    void setSpecialValueText(const QString& text);
-    // Decimals shown, 0 to 15.
+    /// Decimals shown, 0 to 15.
     void setAdditionalPrecision(int decimals);
-    // Stepping on from one limit comes to the other.
+    /// Stepping on from one limit comes to the other.
     void EnableWrapAround(bool enable);
-    // The divisor for the unit in which the number is shown; 0 counts as 1.
+    /// The divisor for the unit in which the number is shown; 0 counts as 1.
     void SetUnitScale(double scale);
-    // The multiplier from value to display; with 0 nothing can be typed.
+    /// The multiplier from value to display; with 0 nothing can be typed.
     void SetDisplayScalingFactor(double factor);
-    // Another name of SetDisplayScalingFactor.
+    /// Another name of SetDisplayScalingFactor.
     void SetFactor(double factor) { SetDisplayScalingFactor(factor); }
     void SetDisplayAdditveOffset(double offset);
     double displayAdditiveOffset() const { return m_offset; }
-    // True leaves typing as the only way to change the number.
+    /// True leaves typing as the only way to change the number.
     void disableStep(bool disable);
     void setObjectName(const QString& name);
-    // QWIDGETSIZE_MAX and above lift an earlier fixed width; the control then
-    // reports its ordinary width.
+    /// QWIDGETSIZE_MAX and above lift an earlier fixed width; the control then
+    /// reports its ordinary width.
     void setFixedWidth(int width);
 
-    // Limits in value units. With a value bound they can narrow its limits,
-    // not widen them, and last until the value tells of new limits.
+    /// Limits in value units. With a value bound they can narrow its limits,
+    /// not widen them, and last until the value tells of new limits.
     double valueMinimum() const { return m_minimum; }
     double valueMaximum() const { return m_maximum; }
     void setValueMinimum(double minimum);
     void setValueMaximum(double maximum);
 
-    // Measured once for equal controls.
+    /// Measured once for equal controls.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     void stepBy(int steps) override;
@@ -102,25 +98,29 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     StepEnabled stepEnabled() const override;
-    // Steps only with the focus; otherwise the form below scrolls.
+    /// Steps only with the focus; otherwise the form below scrolls.
     void wheelEvent(QWheelEvent* event) override;
 
 private:
     values::IValueNumeric* number() const;
     double toDisplay(double value) const;
     double toValue(double display) const;
+    static double withoutNoise(double value);
+    double rounded(double display) const;
     bool isTyping() const;
     void readLimits();
     void applyLimits();
+    void rescale();
     void refresh();
     void displayChanged(double display);
     void write(double value);
+    void commitTyped();
+    void dropTyped();
     double displayStep() const;
-    void stepDisplay(double distance);
+    double stepTarget(int steps) const;
     bool parse(const QString& text, double* display) const;
-    QString stripped(const QString& text) const;
-    QSize measuredHint(bool minimum) const;
-    QSize contentsSize(bool minimum) const;
+    QSize measuredHint(bool least) const;
+    QSize contentsSize(bool least) const;
 
     ValueBinding m_binding;
     values::IValueNumeric* m_number = nullptr; // the bound value's other face

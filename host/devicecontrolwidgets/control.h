@@ -8,8 +8,8 @@
 
 class QWidget;
 
-// What a device control offers beside its face: a context menu and a page of
-// properties. Both exist only when asked for; both start switched off.
+/// What a device control offers beside its face: a context menu and a page of
+/// properties. Both exist only when asked for; both start switched off.
 class DEVICECONTROLWIDGETS_EXPORT Control
 {
 public:
@@ -17,17 +17,17 @@ public:
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
-    // A window below parent (null for none) with the property page in it; it
-    // deletes itself on closing. Null if there is no page.
+    /// A window below parent (null for none) with the property page in it; it
+    /// deletes itself on closing. Null if there is no page.
     virtual QWidget* CreateContextProperty(QWidget* parent, const char* name);
     virtual void EnableContextMenu(bool enable);
     virtual void EnablePropertyPage(bool enable);
-    // Null until a menu was set.
+    /// Null until a menu was set.
     virtual ResortPopupMenu* GetContextMenu();
-    // A new page, owned by parent or the caller. Null if pages are switched
-    // off.
+    /// A new page, owned by parent or the caller. Null if pages are switched
+    /// off.
     virtual QWidget* GetPropertyPage(QWidget* parent, const char* name);
-    // Null takes the menu away. takeOwnership: the control deletes it.
+    /// Null takes the menu away. takeOwnership: the control deletes it.
     virtual void SetContextMenu(ResortPopupMenu* menu, bool takeOwnership);
     virtual bool hasContextMenu() const;
     virtual bool hasEnabledContextMenu() const;
@@ -35,7 +35,7 @@ public:
 
 protected:
     Control() = default;
-    // The page itself; the base gives an empty one.
+    /// The page itself; the base gives an empty one.
     virtual QWidget* MakePropertyPage(QWidget* parent);
 
 private:

@@ -5,8 +5,8 @@
 
 #include <QMenu>
 
-// A pop-up menu whose entries can be put in alphabetical order, each stretch
-// between two separators by itself.
+/// A pop-up menu whose entries can be put in alphabetical order, each stretch
+/// between two separators by itself.
 class DEVICECONTROLWIDGETS_EXPORT ResortPopupMenu : public QMenu
 {
     Q_OBJECT
@@ -14,7 +14,7 @@ class DEVICECONTROLWIDGETS_EXPORT ResortPopupMenu : public QMenu
 public:
     explicit ResortPopupMenu(QWidget* parent = nullptr);
 
-    // Equal texts keep their order; separators stay where they are.
+    /// Equal texts keep their order; separators stay where they are.
     void Resort();
 };
 

@@ -5,13 +5,13 @@
 
 #include <QPushButton>
 
-// The flat push button of the frequency controls, as high as their edit.
+/// The flat push button of the frequency controls, as high as their edit.
 class FREQUENCYLISTS_EXPORT VCButton : public QPushButton
 {
     Q_OBJECT
 
 public:
-    // name is the object name, null for none.
+    /// name is the object name, null for none.
     VCButton(QWidget* parent, const char* name);
 };
 

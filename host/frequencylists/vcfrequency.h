@@ -9,82 +9,84 @@
 #include <frequencylists/vcminifrequency.h>
 #include <vkbase/iobserver.h>
 
+#include <QMenu>
 #include <QPointer>
 #include <QVector>
 #include <QWidget>
 
 class FrequencyEdit;
-class QMenu;
 namespace values {
 class IValueNumeric;
 }
 
-// The main frequency entry of a receiver: an edit in which arrows and wheel
-// turn the digit at the cursor and the page keys step by the bandwidth, a
-// button for the unit shown, a button for the frequencies entered last, and a
-// button for tuning. Frequencies are hertz.
+/// The main frequency entry of a receiver: an edit in which arrows and wheel
+/// turn the digit at the cursor and the page keys step by the bandwidth, a
+/// button for the unit shown, a button for the frequencies entered last, and a
+/// button for tuning. Frequencies are hertz.
 class FREQUENCYLISTS_EXPORT VCFrequency : public QWidget, public Control, public IObserver
 {
     Q_OBJECT
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
     Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly)
 
 public:
-    // compact shows the edit alone. popupOwner is the widget below which the
-    // menus hang (null: this control; it may die first). withHistory false
-    // leaves the history button out.
+    /// compact shows the edit alone. popupOwner is the widget below which the
+    /// menus hang (null: this control; it may die first). withHistory false
+    /// leaves the history button out.
     VCFrequency(QWidget* parent, const char* name, bool compact, QWidget* popupOwner, bool withHistory);
     ~VCFrequency() override;
 
-    // Bind the numeric value at a tree path. False if there is none; the path
-    // is tried again whenever the control is shown. An empty path unbinds.
+    /// Bind the numeric value at a tree path. False if there is none; the path
+    /// is tried again whenever the control is shown. An empty path unbinds.
     bool SetFrequency_ValuePath(const QString& path);
     bool SetBandwidth_ValuePath(const QString& path);
 
-    // False: the frequency shows, but nothing here changes it.
+    /// False: the frequency shows, but nothing here changes it.
     void EnableInput(bool enable);
     bool isReadOnly() const { return m_readOnly; }
-    // Works like EnableInput with the opposite sense; both have to allow input.
+    /// Works like EnableInput with the opposite sense; both have to allow input.
     void setReadOnly(bool readOnly);
-    // Greys the three buttons.
+    /// Greys the three buttons.
     void DisableButtons();
 
     VCButton* GetTuneButton() const { return m_tuneButton; }
     VCMiniFrequency* GetFrequencyButtonCtrl() const { return m_frequencyButton; }
     VCMiniFrequency* GetHistoryButtonCtrl() const { return m_historyButton; }
 
-    // Newest first, each once, ten at the most.
+    /// Newest first, each once, ten at the most.
     const QVector<double>& History() const { return m_history; }
     void SetUnit(FrequencyText::Unit unit);
 
     void Update(Observable* observable, TChangeCode code) override;
+    void EnableContextMenu(bool enable) override;
 
 public Q_SLOTS:
-    // Writes the frequency as the user's choice and remembers it.
+    void setEnabled(bool enabled);
+    /// Writes the frequency as the user's choice and remembers it.
     void slotSetFrequencyValue(double hertz);
-    // One bandwidth, or one step of the value if no bandwidth is bound.
+    /// One bandwidth, or one step of the value if no bandwidth is bound.
     void slotIncrement();
     void slotDecrement();
-    // Numbers that are not finite are left out.
+    /// Numbers that are not finite are left out.
     void slotAddToHistory(double hertz);
 
 Q_SIGNALS:
-    // The tune button, with the frequency that stands.
+    /// The tune button, with the frequency that stands.
     void signalTune(double hertz);
 
 protected:
     QWidget* MakePropertyPage(QWidget* parent) override;
+    void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
     void makeButtons(bool compact, bool withHistory);
     bool inputAllowed() const;
-    void applyInput();
     void stepBy(int steps);
     double stepWidth() const;
     void tune();
-    void frequencyEntered();
-    void popUp(QMenu* menu, QWidget* button);
+    void popUp(const QWidget* button);
     QMenu* makeMenu();
     void openUnitMenu();
     void openHistoryMenu();
@@ -98,6 +100,7 @@ private:
     VCMiniFrequency* m_historyButton = nullptr;
     VCButton* m_tuneButton = nullptr;
     QPointer<QWidget> m_popupOwner;
+    QPointer<QMenu> m_menu; // the one that is open; goes with this control
     QVector<double> m_history;
     bool m_inputEnabled = true;
     bool m_readOnly = false;

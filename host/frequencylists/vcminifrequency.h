@@ -5,13 +5,13 @@
 
 #include <QToolButton>
 
-// The small button beside a frequency that opens a list to choose from.
+/// The small button beside a frequency that opens a list to choose from.
 class FREQUENCYLISTS_EXPORT VCMiniFrequency : public QToolButton
 {
     Q_OBJECT
 
 public:
-    // name is the object name, null for none.
+    /// name is the object name, null for none.
     VCMiniFrequency(QWidget* parent, const char* name);
 
     void enable(bool enable) { setEnabled(enable); }

@@ -9,9 +9,9 @@
 class QEvent;
 class QKeyEvent;
 
-// Remembers what the user did to one control, the last hundred edits of it,
-// and walks them back and forth. A control derives from it, records each edit
-// and says how a recorded state is put back.
+/// Remembers what the user did to one control, the last hundred edits of it,
+/// and walks them back and forth. A control derives from it, records each edit
+/// and says how a recorded state is put back.
 class GUIBASE_EXPORT UndoRecordingControlBase
 {
 public:
@@ -21,7 +21,7 @@ public:
 
     bool CanUndo() const { return m_position > 0; }
     bool CanRedo() const { return m_position < m_edits.size(); }
-    // Both return false if there is nothing to walk to.
+    /// Both return false if there is nothing to walk to.
     bool Undo();
     bool Redo();
     void ClearUndo();
@@ -29,16 +29,18 @@ public:
 protected:
     UndoRecordingControlBase() = default;
 
-    // An edit that changed nothing, or that comes while a state is being put
-    // back, is not recorded. A new edit drops what could be redone.
+    /// An edit that changed nothing, or that comes while a state is being put
+    /// back, is not recorded. A new edit drops what could be redone.
     void RecordEdit(const QVariant& before, const QVariant& after);
-    // Puts a recorded state into the control and its value.
+    /// Puts a recorded state into the control and its value.
     virtual void ApplyRecordedState(const QVariant& state) = 0;
-    // Walks on Ctrl+Z and Ctrl+Y; true if the key was one of these and the
-    // walk happened.
+    /// Ctrl+Z, Ctrl+Y or what the platform has for them.
+    static bool IsUndoKey(const QKeyEvent* event);
+    /// Walks on Ctrl+Z and Ctrl+Y; true if the key was one of these and the
+    /// walk happened.
     bool HandleUndoKey(const QKeyEvent* event);
-    // Claims these keys before a window's own shortcuts get them; to be asked
-    // for every event of the control. True if the event was claimed.
+    /// Claims these keys before a window's own shortcuts get them; to be asked
+    /// for every event of the control. True if the event was claimed.
     bool ClaimUndoShortcut(QEvent* event) const;
 
 private:
@@ -53,6 +55,7 @@ private:
     QVector<Edit> m_edits; // oldest first
     int m_position = 0;    // edits before it can be undone, the others redone
     bool m_applying = false;
+    bool* m_destroyed = nullptr; // while applying: where to tell that a listener deleted the control
 };
 
 #endif

@@ -10,11 +10,11 @@
 
 class QTranslator;
 
-// Which translation contexts are in use in this process. A context counts its
-// registrations; while it has one, <context>_<locale>.qm from the folder
-// "translations" beside the application is installed, where there is one.
-// Made on first use and never destroyed, so that code of any library may
-// register while it is loaded; files are read once the application exists.
+/// Which translation contexts are in use in this process. A context counts its
+/// registrations; while it has one, <context>_<locale>.qm from the folder
+/// "translations" beside the application is installed, where there is one.
+/// Made on first use and never destroyed, so that code of any library may
+/// register while it is loaded; files are read once the application exists.
 class VELKAPPSTARTUP_EXPORT TranslationCenter
 {
 public:
@@ -22,15 +22,15 @@ public:
     TranslationCenter(const TranslationCenter&) = delete;
     TranslationCenter& operator=(const TranslationCenter&) = delete;
 
-    // An empty context is ignored.
+    /// An empty context is ignored.
     void Register(const QString& context);
-    // One for each Register; an unknown context is ignored.
+    /// One for each Register; an unknown context is ignored.
     void Unregister(const QString& context);
-    // 0 for an unknown context.
+    /// 0 for an unknown context.
     int GetRegistrationCount(const QString& context) const;
 
-    // Loads what was registered before there was an application. Called when
-    // one starts.
+    /// Loads what was registered before there was an application. Called when
+    /// one starts.
     void InstallAll();
 
 private:
@@ -42,7 +42,7 @@ private:
 
     TranslationCenter() = default;
     ~TranslationCenter() = default;
-    static void install(const QString& context, Entry& entry);
+    static void install(const QString& context, Entry* entry);
 
     QHash<QString, Entry> m_entries;
 };

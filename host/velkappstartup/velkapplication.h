@@ -5,9 +5,9 @@
 
 #include <QStringList>
 
-// The host's application object as the modules see it: the command line. A
-// host makes one for as long as it runs; without one, a stand-in answers with
-// the arguments of Qt's application.
+/// The host's application object as the modules see it: the command line. A
+/// host makes one for as long as it runs; without one, a stand-in answers with
+/// the arguments of Qt's application.
 class VELKAPPSTARTUP_EXPORT VelkApplication
 {
 public:
@@ -19,11 +19,11 @@ public:
 
     static VelkApplication& Instance();
 
-    // The program first, as on the command line.
+    /// The program first, as on the command line.
     QStringList Arguments() const;
 
-    // The host's object while it lives (of several the newest), otherwise the
-    // stand-in; null only before this library's own initialisation.
+    /// The host's object while it lives (of several the newest), otherwise the
+    /// stand-in; null only before this library's own initialisation.
     static VelkApplication* m_pThis;
 
 private:

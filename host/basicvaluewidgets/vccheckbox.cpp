@@ -1,0 +1,140 @@
+#include "basicvaluewidgets/vccheckbox.h"
+
+#include "basicvaluewidgets/refreshguard_p.h"
+
+#include <QButtonGroup>
+#include <QKeyEvent>
+#include <QPointer>
+
+namespace {
+
+// Before a box is unchecked, its siblings are searched for an exclusive group,
+// which takes time with every widget of the form; a box in a group of its own
+// is spared that.
+class ScratchGroup
+{
+public:
+    explicit ScratchGroup(QAbstractButton* button)
+        : m_button(button->group() ? nullptr : button)
+    {
+        m_group.setExclusive(false);
+        if (m_button)
+            m_group.addButton(m_button);
+    }
+    ~ScratchGroup()
+    {
+        if (m_button && m_button->group() == &m_group)
+            m_group.removeButton(m_button);
+    }
+    Q_DISABLE_COPY(ScratchGroup)
+
+private:
+    QButtonGroup m_group;
+    QPointer<QAbstractButton> m_button; // a listener may delete it; null: has a group already
+};
+
+} // namespace
+
+VCCheckBox::VCCheckBox(QWidget* parent, const char* name)
+    : QCheckBox(parent)
+    , m_binding(this, this)
+{
+    setObjectName(QString::fromUtf8(name));
+    connect(this, &QCheckBox::toggled, this, &VCCheckBox::write);
+}
+
+VCCheckBox::~VCCheckBox() = default;
+
+values::ValueBool* VCCheckBox::boolean() const
+{
+    return static_cast<values::ValueBool*>(m_binding.Value());
+}
+
+void VCCheckBox::SetBoolean(values::ValueBool* value)
+{
+    ClearUndo();
+    m_binding.Bind(value);
+    refresh();
+}
+
+void VCCheckBox::Update(Observable* observable, TChangeCode code)
+{
+    if (m_binding.Concerns(observable, code) && code == ChangeCode::Content)
+        refresh();
+}
+
+void VCCheckBox::setReadOnly(bool readOnly)
+{
+    m_readOnly = readOnly;
+}
+
+void VCCheckBox::setEnabled(bool enabled)
+{
+    m_binding.RequestEnabled(enabled);
+}
+
+void VCCheckBox::refresh()
+{
+    if (!boolean())
+        return;
+    const RefreshGuard guard(this, &m_refreshing);
+    setCheckedCheaply(boolean()->GetValue());
+}
+
+void VCCheckBox::setCheckedCheaply(bool checked)
+{
+    if (checked == isChecked())
+        return;
+    if (checked) {
+        setChecked(true);
+        return;
+    }
+    const ScratchGroup group(this);
+    setChecked(false);
+}
+
+void VCCheckBox::nextCheckState()
+{
+    if (m_readOnly)
+        return;
+    const ScratchGroup group(this);
+    QCheckBox::nextCheckState();
+}
+
+void VCCheckBox::write(bool checked)
+{
+    if (m_refreshing)
+        return;
+    RecordEdit(!checked, checked);
+    if (boolean())
+        boolean()->SetValue(checked, this);
+}
+
+void VCCheckBox::ApplyRecordedState(const QVariant& state)
+{
+    setCheckedCheaply(state.toBool());
+}
+
+bool VCCheckBox::hitButton(const QPoint& position) const
+{
+    return !m_readOnly && QCheckBox::hitButton(position);
+}
+
+bool VCCheckBox::event(QEvent* event)
+{
+    return ClaimUndoShortcut(event) || QCheckBox::event(event);
+}
+
+void VCCheckBox::keyPressEvent(QKeyEvent* event)
+{
+    if (m_readOnly && event->key() == Qt::Key_Space)
+        return;
+    if (m_readOnly || !HandleUndoKey(event))
+        QCheckBox::keyPressEvent(event);
+}
+
+void VCCheckBox::changeEvent(QEvent* event)
+{
+    QCheckBox::changeEvent(event);
+    m_binding.ControlChanged(event);
+}

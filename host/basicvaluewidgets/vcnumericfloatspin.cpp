@@ -1,0 +1,518 @@
+#include "basicvaluewidgets/vcnumericfloatspin.h"
+
+#include "basicvaluewidgets/refreshguard_p.h"
+#include "basicvaluewidgets/sizehintcache_p.h"
+#include "basicvaluewidgets/unittext_p.h"
+
+#include <valueframework/tree.h>
+#include <valueframework/valuenumeric.h>
+#include <vkbase/velk.h>
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPointer>
+#include <QRegularExpression>
+#include <QStyle>
+#include <QStyleOptionSpinBox>
+#include <QWheelEvent>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr double DisplayLimit = 1e18;
+constexpr int MaximumDecimals = 15;
+// The width of an unlimited side; as wide as the frequencies of a receiver.
+constexpr double UnlimitedSample = 9999999999.0;
+constexpr int SampleLength = 18;
+
+SizeHintCache& sharedHints()
+{
+    static SizeHintCache cache;
+    return cache;
+}
+
+double usableDivisor(double number)
+{
+    return number == 0.0 || !std::isfinite(number) ? 1.0 : number;
+}
+
+double cappedDisplay(double display)
+{
+    return std::isnan(display) ? 0.0 : qBound(-DisplayLimit, display, DisplayLimit);
+}
+
+} // namespace
+
+VCNumericFloatSpin::VCNumericFloatSpin(QWidget* parent, const char* name, bool withButtons)
+    : QDoubleSpinBox(parent)
+    , m_binding(this, this)
+    , m_minimum(std::numeric_limits<double>::lowest())
+    , m_maximum(std::numeric_limits<double>::max())
+{
+    setObjectName(QString::fromUtf8(name));
+    setFocusPolicy(Qt::StrongFocus);
+    setKeyboardTracking(false);
+    setButtonSymbols(withButtons ? UpDownArrows : NoButtons);
+    setDecimals(0);
+    applyLimits();
+    connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+            &VCNumericFloatSpin::displayChanged);
+}
+
+VCNumericFloatSpin::~VCNumericFloatSpin() = default;
+
+values::IValueNumeric* VCNumericFloatSpin::number() const
+{
+    return m_binding.Value() ? m_number : nullptr;
+}
+
+void VCNumericFloatSpin::SetNumericValue(values::IValueNumeric* value)
+{
+    ClearUndo();
+    m_number = m_binding.Bind(value ? value->AsValueBase() : nullptr) ? value : nullptr;
+    readLimits();
+    refresh();
+}
+
+bool VCNumericFloatSpin::SetNumeric_ValuePath(const QString& path)
+{
+    values::IValueNumeric* found =
+        dynamic_cast<values::IValueNumeric*>(values::Tree::Instance()->GetValue(path));
+    SetNumericValue(found);
+    return found;
+}
+
+void VCNumericFloatSpin::Update(Observable* observable, TChangeCode code)
+{
+    if (!m_binding.Concerns(observable, code))
+        return;
+    if (code == ChangeCode::Limits)
+        readLimits();
+    else if (code == ChangeCode::Content && !isTyping())
+        refresh();
+}
+
+void VCNumericFloatSpin::setEnabled(bool enabled)
+{
+    m_binding.RequestEnabled(enabled);
+}
+
+double VCNumericFloatSpin::toDisplay(double value) const
+{
+    return (value * m_factor + m_offset) / m_unitScale;
+}
+
+double VCNumericFloatSpin::toValue(double display) const
+{
+    return (display * m_unitScale - m_offset) / m_factor;
+}
+
+// A write to a whole-number value cuts fractions off, so that the noise of the
+// way back from the display must not turn 3 into 2.999...
+double VCNumericFloatSpin::withoutNoise(double value)
+{
+    const double whole = std::round(value);
+    return std::fabs(value - whole) <= 1e-12 * std::fabs(value) ? whole : value;
+}
+
+double VCNumericFloatSpin::rounded(double display) const
+{
+    return QString::number(display, 'f', decimals()).toDouble();
+}
+
+bool VCNumericFloatSpin::isTyping() const
+{
+    return hasFocus() && lineEdit()->isModified();
+}
+
+void VCNumericFloatSpin::readLimits()
+{
+    if (number()) {
+        m_minimum = number()->GetMin();
+        m_maximum = number()->GetMax();
+    }
+    applyLimits();
+}
+
+void VCNumericFloatSpin::setValueMinimum(double minimum)
+{
+    if (std::isnan(minimum))
+        return;
+    m_minimum = number() ? qMax(minimum, number()->GetMin()) : minimum;
+    applyLimits();
+}
+
+void VCNumericFloatSpin::setValueMaximum(double maximum)
+{
+    if (std::isnan(maximum))
+        return;
+    m_maximum = number() ? qMin(maximum, number()->GetMax()) : maximum;
+    applyLimits();
+}
+
+void VCNumericFloatSpin::applyLimits()
+{
+    double low = cappedDisplay(toDisplay(m_minimum));
+    double high = cappedDisplay(toDisplay(m_maximum));
+    if (m_factor / m_unitScale < 0.0)
+        std::swap(low, high);
+    if (low == minimum() && high == maximum())
+        return;
+    const RefreshGuard guard(this, &m_refreshing);
+    const QString typed = lineEdit()->text();
+    const bool typing = isTyping();
+    setRange(low, high);
+    if (typing) {
+        lineEdit()->setText(typed);
+        lineEdit()->setModified(true);
+    } else {
+        refresh();
+    }
+}
+
+void VCNumericFloatSpin::refresh()
+{
+    if (!number())
+        return;
+    const RefreshGuard guard(this, &m_refreshing);
+    m_shown = toDisplay(number()->GetValue());
+    setValue(cappedDisplay(m_shown));
+    lineEdit()->setModified(false);
+}
+
+void VCNumericFloatSpin::rescale()
+{
+    applyLimits();
+    refresh();
+    updateGeometry();
+}
+
+void VCNumericFloatSpin::SetUnitScale(double scale)
+{
+    m_unitScale = usableDivisor(scale);
+    rescale();
+}
+
+void VCNumericFloatSpin::SetDisplayScalingFactor(double factor)
+{
+    m_factor = std::isfinite(factor) ? factor : 1.0;
+    rescale();
+}
+
+void VCNumericFloatSpin::SetDisplayAdditveOffset(double offset)
+{
+    m_offset = std::isfinite(offset) ? offset : 0.0;
+    rescale();
+}
+
+void VCNumericFloatSpin::setAdditionalPrecision(int decimalCount)
+{
+    const int wanted = qBound(0, decimalCount, MaximumDecimals);
+    if (wanted == decimals())
+        return;
+    const RefreshGuard guard(this, &m_refreshing);
+    setDecimals(wanted);
+    refresh();
+    updateGeometry();
+}
+
+void VCNumericFloatSpin::setSuffix(const QString& suffix)
+{
+    if (suffix == m_suffix)
+        return;
+    m_suffix = suffix;
+    const bool isWord = !suffix.isEmpty() && suffix.at(0).isLetter();
+    QDoubleSpinBox::setSuffix(isWord ? QLatin1Char(' ') + suffix : suffix);
+}
+
+void VCNumericFloatSpin::EnableWrapAround(bool enable)
+{
+    setWrapping(enable);
+}
+
+void VCNumericFloatSpin::disableStep(bool disable)
+{
+    m_stepDisabled = disable;
+    update();
+}
+
+void VCNumericFloatSpin::setObjectName(const QString& name)
+{
+    QDoubleSpinBox::setObjectName(name);
+}
+
+void VCNumericFloatSpin::setFixedWidth(int width)
+{
+    if (width < QWIDGETSIZE_MAX) {
+        QDoubleSpinBox::setFixedWidth(width);
+        return;
+    }
+    setMinimumWidth(0);
+    setMaximumWidth(QWIDGETSIZE_MAX);
+}
+
+void VCNumericFloatSpin::displayChanged(double display)
+{
+    if (m_refreshing)
+        return;
+    if (number()) {
+        write(toValue(display));
+        return;
+    }
+    RecordEdit(m_shown, display);
+    m_shown = display;
+}
+
+void VCNumericFloatSpin::write(double value)
+{
+    if (!std::isfinite(value)) {
+        refresh();
+        return;
+    }
+    const QPointer<VCNumericFloatSpin> alive(this);
+    const double before = number()->GetValue();
+    lineEdit()->setModified(false);
+    number()->SetValue(withoutNoise(value), this);
+    if (!alive || !number())
+        return;
+    RecordEdit(before, number()->GetValue());
+    refresh(); // the value may have taken less than all of it
+}
+
+void VCNumericFloatSpin::ApplyRecordedState(const QVariant& state)
+{
+    if (number())
+        write(state.toDouble());
+    else
+        setValue(state.toDouble());
+}
+
+// The value may have moved while the text was being typed, and the text counts
+// against what it is now.
+void VCNumericFloatSpin::commitTyped()
+{
+    if (!lineEdit()->isModified())
+        return;
+    const QPointer<VCNumericFloatSpin> alive(this);
+    const QString typed = lineEdit()->text();
+    refresh();
+    lineEdit()->setText(typed);
+    interpretText();
+    if (alive)
+        lineEdit()->setModified(false);
+}
+
+double VCNumericFloatSpin::displayStep() const
+{
+    const double step = number() ? std::fabs(number()->GetStep() * m_factor / m_unitScale) : singleStep();
+    return std::isfinite(step) && step > 0.0 ? step : std::pow(10.0, -decimals());
+}
+
+// A step that the decimals can show goes from what is shown to a number that
+// can be shown; a finer one goes from the exact number, so that it counts.
+double VCNumericFloatSpin::stepTarget(int steps) const
+{
+    const double step = displayStep();
+    const bool showable = std::fabs(rounded(step) - step) <= 1e-9 * step;
+    const double target =
+        showable ? rounded(value() + steps * step) : (number() ? m_shown : value()) + steps * step;
+    if (target > maximum())
+        return wrapping() && value() >= maximum() ? minimum() : maximum();
+    if (target < minimum())
+        return wrapping() && value() <= minimum() ? maximum() : minimum();
+    return target;
+}
+
+void VCNumericFloatSpin::stepBy(int steps)
+{
+    const QPointer<VCNumericFloatSpin> alive(this);
+    commitTyped();
+    if (!alive || m_stepDisabled || !steps)
+        return;
+    const double target = stepTarget(steps);
+    if (number())
+        write(toValue(target));
+    else
+        setValue(target);
+    if (alive)
+        selectAll();
+}
+
+QAbstractSpinBox::StepEnabled VCNumericFloatSpin::stepEnabled() const
+{
+    return m_stepDisabled ? StepEnabled(StepNone) : QDoubleSpinBox::stepEnabled();
+}
+
+// *display stays if the text is no number.
+bool VCNumericFloatSpin::parse(const QString& text, double* display) const
+{
+    static const QRegularExpression grammar(
+        QStringLiteral("^\\s*([+-]?[0-9.,'\\x{2019}\\s]+)(?:[eE]([+-]?[0-9]{1,3}))?(.*)$"));
+    if (!specialValueText().isEmpty() && text == specialValueText()) {
+        *display = minimum();
+        return true;
+    }
+    const bool prefixed = !prefix().isEmpty() && text.startsWith(prefix());
+    const QRegularExpressionMatch match = grammar.match(prefixed ? text.mid(prefix().size()) : text);
+    double ratio = 1.0;
+    if (!match.hasMatch() || !UnitText::Ratio(match.captured(3).trimmed(), m_suffix.trimmed(), &ratio))
+        return false;
+    const QString digits = match.captured(1).trimmed();
+    const QString exponent = match.captured(2);
+    bool ok = false;
+    const double number =
+        Velk::toDoubleEx(exponent.isEmpty() ? digits : digits + QLatin1Char('e') + exponent, &ok);
+    if (!ok || !std::isfinite(number * ratio))
+        return false;
+    *display = number * ratio;
+    return true;
+}
+
+QValidator::State VCNumericFloatSpin::validate(QString& input, int& position) const
+{
+    Q_UNUSED(position)
+    double display = 0.0;
+    if (parse(input, &display))
+        return QValidator::Acceptable;
+    const QString known =
+        QStringLiteral("0123456789.,'+-ekmghz \u00a0\u202f\u2019") + prefix() + m_suffix + specialValueText();
+    for (const QChar character : qAsConst(input)) {
+        if (!known.contains(character, Qt::CaseInsensitive))
+            return QValidator::Invalid;
+    }
+    return QValidator::Intermediate;
+}
+
+double VCNumericFloatSpin::valueFromText(const QString& text) const
+{
+    double display = value();
+    return parse(text, &display) ? rounded(cappedDisplay(display)) : value();
+}
+
+QString VCNumericFloatSpin::textFromValue(double display) const
+{
+    if (std::fabs(m_shown) > DisplayLimit && display == cappedDisplay(m_shown))
+        return locale().toString(m_shown, 'g', MaximumDecimals);
+    return QDoubleSpinBox::textFromValue(display == 0.0 ? 0.0 : display); // no "-0"
+}
+
+void VCNumericFloatSpin::fixup(QString& input) const
+{
+    Q_UNUSED(input) // text that is no number is refused, not guessed at
+}
+
+bool VCNumericFloatSpin::event(QEvent* event)
+{
+    if (!lineEdit()->isModified() && !isReadOnly() && ClaimUndoShortcut(event))
+        return true;
+    return QDoubleSpinBox::event(event);
+}
+
+void VCNumericFloatSpin::keyPressEvent(QKeyEvent* event)
+{
+    const bool typing = lineEdit()->isModified();
+    if (event->key() == Qt::Key_Escape && typing) {
+        dropTyped();
+        return;
+    }
+    if (!typing && IsUndoKey(event)) {
+        if (!isReadOnly())
+            HandleUndoKey(event);
+        return;
+    }
+    const QPointer<VCNumericFloatSpin> alive(this);
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        commitTyped();
+    if (alive)
+        QDoubleSpinBox::keyPressEvent(event);
+}
+
+void VCNumericFloatSpin::dropTyped()
+{
+    const RefreshGuard guard(this, &m_refreshing);
+    refresh();
+    if (number())
+        return;
+    lineEdit()->setText(QString());
+    interpretText(); // the empty text is no number: the old one comes back
+    lineEdit()->setModified(false);
+}
+
+void VCNumericFloatSpin::focusOutEvent(QFocusEvent* event)
+{
+    const QPointer<VCNumericFloatSpin> alive(this);
+    if (event->reason() != Qt::PopupFocusReason)
+        commitTyped();
+    if (alive)
+        QDoubleSpinBox::focusOutEvent(event);
+}
+
+void VCNumericFloatSpin::wheelEvent(QWheelEvent* event)
+{
+    if (hasFocus() && !isReadOnly())
+        QDoubleSpinBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+void VCNumericFloatSpin::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::StyleChange)
+        sharedHints().clear();
+    QDoubleSpinBox::changeEvent(event);
+    m_binding.ControlChanged(event);
+}
+
+QSize VCNumericFloatSpin::contentsSize(bool least) const
+{
+    const QFontMetrics metrics = fontMetrics();
+    const QString around = prefix() + (least ? QString() : QDoubleSpinBox::suffix()) + QLatin1Char(' ');
+    int width = specialValueText().isEmpty() ? 0 : metrics.horizontalAdvance(specialValueText());
+    for (const double limit : {minimum(), maximum()}) {
+        const double sample = std::fabs(limit) < DisplayLimit ? limit : std::copysign(UnlimitedSample, limit);
+        const QString text = QDoubleSpinBox::textFromValue(sample).left(SampleLength) + around;
+        width = qMax(width, metrics.horizontalAdvance(text));
+    }
+    const QSize edit = least ? lineEdit()->minimumSizeHint() : lineEdit()->sizeHint();
+    QStyleOptionSpinBox option;
+    initStyleOption(&option);
+    constexpr int CursorSpace = 2;
+    return style()->sizeFromContents(QStyle::CT_SpinBox, &option, QSize(width + CursorSpace, edit.height()),
+                                     this);
+}
+
+QSize VCNumericFloatSpin::measuredHint(bool least) const
+{
+    ensurePolished();
+    if (!SizeHintCache::isShareable(this))
+        return contentsSize(least);
+    const QString contents = QStringLiteral("%1%2%3 %4 %5 %6 %7")
+                                 .arg(int(least))
+                                 .arg(int(buttonSymbols()))
+                                 .arg(int(hasFrame()))
+                                 .arg(minimum())
+                                 .arg(maximum())
+                                 .arg(decimals())
+                                 .arg(locale().name()) +
+                             QChar(0x1f) + prefix() + QChar(0x1f) + QDoubleSpinBox::suffix() + QChar(0x1f) +
+                             specialValueText();
+    const SizeHintCache::Key key(this, contents);
+    QSize hint = sharedHints().find(key);
+    if (!hint.isValid()) {
+        hint = contentsSize(least);
+        sharedHints().insert(key, hint);
+    }
+    return hint;
+}
+
+QSize VCNumericFloatSpin::sizeHint() const
+{
+    return measuredHint(false);
+}
+
+QSize VCNumericFloatSpin::minimumSizeHint() const
+{
+    return measuredHint(true);
+}

@@ -1,0 +1,9 @@
+#include "frequencylists/vcbutton.h"
+
+VCButton::VCButton(QWidget* parent, const char* name)
+    : QPushButton(parent)
+{
+    setObjectName(QString::fromUtf8(name));
+    setAutoDefault(false); // Return belongs to the frequency
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}

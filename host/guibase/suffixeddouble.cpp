@@ -1,0 +1,59 @@
+#include "guibase/suffixeddouble.h"
+
+#include <QLatin1String>
+
+#include <cmath>
+
+namespace {
+
+constexpr int PrefixCount = 4;
+constexpr int DecimalsPerPrefix = 3;
+
+QString prefixText(int prefix)
+{
+    static const char* const texts[PrefixCount] = {"", "k", "M", "G"};
+    return QLatin1String(texts[prefix]);
+}
+
+void trimZeros(QString* text)
+{
+    int length = text->size();
+    while (length > 0 && text->at(length - 1) == QLatin1Char('0'))
+        --length;
+    if (length > 0 && text->at(length - 1) == QLatin1Char('.'))
+        --length;
+    text->truncate(length);
+}
+
+} // namespace
+
+SuffixedDouble::SuffixedDouble(QString unit, int base, bool keepZeros)
+    : m_unit(std::move(unit))
+    , m_base(base < 2 ? 1000 : base)
+    , m_keepZeros(keepZeros)
+{
+}
+
+int SuffixedDouble::prefixFor(double number) const
+{
+    if (m_suffix >= ekNone && m_suffix <= ekGiga)
+        return m_suffix - ekNone;
+    int prefix = 0;
+    for (double rest = std::fabs(number); rest >= m_base && prefix < PrefixCount - 1; rest /= m_base)
+        ++prefix;
+    return prefix;
+}
+
+QString SuffixedDouble::GetString(double number) const
+{
+    const bool finite = std::isfinite(number);
+    const int prefix = finite ? prefixFor(number) : 0;
+    const int decimals = DecimalsPerPrefix * (prefix + 1);
+    QString text = QString::number(number / std::pow(m_base, prefix), 'f', decimals);
+    if (finite && !m_keepZeros)
+        trimZeros(&text);
+    if (text == QLatin1String("-0"))
+        text.remove(0, 1);
+    const QString unit = prefixText(prefix) + m_unit;
+    return unit.isEmpty() ? text : text + QLatin1Char(' ') + unit;
+}
