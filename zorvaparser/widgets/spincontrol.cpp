@@ -3,6 +3,7 @@
 #include <basicvaluewidgets/vcnumericfloatspin.h>
 #include <zorvaparser/zorvadelegate.h>
 
+#include <QVBoxLayout>
 #include <QVariant>
 #include <QWidget>
 
@@ -39,6 +40,24 @@ void ApplySpinText(VCNumericFloatSpin* control, const QString& name, const QVari
         control->setSuffix(value.toString());
     else if (name == QLatin1String("wrapping"))
         control->EnableWrapAround(value.toBool());
+}
+
+QWidget* CreateSpinContainer(const QString& name)
+{
+    auto* const stack = new QVBoxLayout;
+    stack->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    stack->setSpacing(0);
+    stack->setContentsMargins(0, 0, 0, 0);
+    auto* const container = new QWidget;
+    container->setObjectName(name);
+    container->setLayout(stack);
+    return container;
+}
+
+int SpinListCount(int count)
+{
+    constexpr int mostItems = 10000;
+    return qMin(count, mostItems);
 }
 
 int DecimalsOf(const ZorvaDelegate& row)

@@ -27,6 +27,12 @@ void ConfigureSpinDisplay(const ZorvaDelegate& row, VCNumericFloatSpin* control)
 /** Carries a change of "suffix" or "wrapping" to @p control, which may be null. */
 void ApplySpinText(VCNumericFloatSpin* control, const QString& name, const QVariant& value);
 
+/** An empty widget without parent that stacks the controls of a list row. */
+QWidget* CreateSpinContainer(const QString& name);
+
+/** @p count kept to what a sheet can hold: a description must not ask for a million controls. */
+int SpinListCount(int count);
+
 /** "decimals" of @p row, kept below what any double can need. */
 int DecimalsOf(const ZorvaDelegate& row);
 

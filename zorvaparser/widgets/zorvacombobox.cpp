@@ -51,7 +51,7 @@ void ZorvaComboBox::RefillSelection()
         selectionValue->AddItem(entry.GetDisplayName(), entry.GetDoubleValue(i), i + 1, nullptr);
     }
     selectionValue->SetStringValue(current, this);
-    selectionValue->EndTransaction(ChangeCode::ItemChanged, this);
+    selectionValue->EndTransaction(ChangeCode::BulkEnd, this);
 }
 
 void ZorvaComboBox::CreateGUI(FloatGroupLayout* layout)

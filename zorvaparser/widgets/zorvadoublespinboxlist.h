@@ -77,11 +77,11 @@ protected:
 private:
     int ItemCount() const;
 
-    bool inputEnabled; // what EnableInput() was told last
-    QList<values::NumericDouble*> values; // owned; a value that goes away leaves the list
+    bool inputEnabled;                            // what EnableInput() was told last
+    QList<values::NumericDouble*> values;         // owned; a value that goes away leaves the list
     QList<QPointer<VCNumericFloatSpin>> controls; // owned by the widget tree
-    QList<bool> enabledStates; // by control: the wish of setEnabled()
-    QPointer<QWidget> container; // deleted with this row unless its window was first
+    QList<bool> enabledStates;                    // by control: the wish of setEnabled()
+    QPointer<QWidget> container;                  // deleted with this row unless its window was first
 };
 
 } // namespace Orvane

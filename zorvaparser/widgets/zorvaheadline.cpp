@@ -31,9 +31,7 @@ void ZorvaHeadline::CreateGUI(FloatGroupLayout* layout)
     PropagateProperties(groupBox);
 }
 
-void ZorvaHeadline::EnableInput(bool /*enable*/, bool /*restricted*/)
-{
-}
+void ZorvaHeadline::EnableInput(bool /*enable*/, bool /*restricted*/) {}
 
 void ZorvaHeadline::PropertyChanged(const QString& name, const QVariant& value)
 {

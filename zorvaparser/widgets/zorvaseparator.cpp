@@ -2,6 +2,8 @@
 
 #include <layout/floatgrouplayout.h>
 
+#include <QGroupBox>
+
 namespace Orvane {
 
 ZorvaSeparator::ZorvaSeparator(ZorvaWidget* owner, bool line)

@@ -66,9 +66,9 @@ protected:
     void PropertyChanged(const QString& name, const QVariant& value) override;
 
 private:
-    QList<values::NumericInt*> values; // owned; a value that goes away leaves the list
+    QList<values::NumericInt*> values;            // owned; a value that goes away leaves the list
     QList<QPointer<VCNumericFloatSpin>> controls; // owned by the widget tree
-    QPointer<QWidget> container; // deleted with this row unless its window was first
+    QPointer<QWidget> container;                  // deleted with this row unless its window was first
 };
 
 } // namespace Orvane

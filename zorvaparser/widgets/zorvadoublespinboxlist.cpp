@@ -1,0 +1,228 @@
+#include "zorvadoublespinboxlist.h"
+
+#include "listxml_p.h"
+#include "spincontrol.h"
+#include "valuelist_p.h"
+
+#include <layout/floatgrouplayout.h>
+#include <zorvaparser/zorvawidget.h>
+
+#include <QXmlStreamWriter>
+
+namespace Orvane {
+
+ZorvaDoubleSpinBoxList::ZorvaDoubleSpinBoxList(ZorvaWidget* owner)
+    : ZorvaDelegate(owner)
+    , inputEnabled(true)
+{
+    DefineProperty(QStringLiteral("prefix"));
+    DefineProperty(QStringLiteral("specialValueText"));
+}
+
+ZorvaDoubleSpinBoxList::~ZorvaDoubleSpinBoxList()
+{
+    ReleaseValues(values, this);
+    controls.clear();
+    enabledStates.clear();
+    delete container;
+}
+
+int ZorvaDoubleSpinBoxList::ItemCount() const
+{
+    const QString name =
+        property("itemCount").isNull() ? QStringLiteral("shiftCount") : QStringLiteral("itemCount");
+    return SpinListCount(GetInt(name, 0));
+}
+
+void ZorvaDoubleSpinBoxList::CreateValueTree()
+{
+    ReleaseValues(values, this);
+    const int count = ItemCount();
+    for (int i = 0; i < count; ++i) {
+        if (auto* const value = ObserveValue(CreateValueNumericFloat(QStringLiteral("value"), i)))
+            values.append(value);
+    }
+    BindSpinControls(controls, values);
+}
+
+void ZorvaDoubleSpinBoxList::CreateGUI(FloatGroupLayout* layout)
+{
+    ZorvaDelegate::CreateGUI(layout);
+    controls.clear();
+    enabledStates.clear();
+    container = CreateSpinContainer(widget->GetName());
+    for (int i = 0; i < values.count(); ++i) {
+        const QByteArray name = QStringLiteral("%1_%2").arg(widget->GetName()).arg(i).toLatin1();
+        auto* const control =
+            CreateSpinControl(*this, values.at(i), layout->parentWidget(), name.constData());
+        PropagateProperties(control);
+        SetDoubleTooltip(control);
+        container->layout()->addWidget(control);
+        controls.append(control);
+        enabledStates.append(true);
+    }
+    layout->addList();
+    PlaceControl(layout, container);
+}
+
+void ZorvaDoubleSpinBoxList::EnableInput(bool enable, bool restricted)
+{
+    ZorvaDelegate::EnableInput(enable, restricted);
+    inputEnabled = enable;
+    if (!enable)
+        return;
+    for (int i = 0; i < enabledStates.count(); ++i)
+        setEnabled(i, enabledStates.at(i));
+}
+
+void ZorvaDoubleSpinBoxList::GetXml(QXmlStreamWriter& writer) const
+{
+    if (!generateParameterXml)
+        return;
+    writer.writeStartElement(GetXmlTagName());
+    ListItemWriter itemWriter(writer, *this, ListItemWriter::WithUnit);
+    const int decimals = DecimalsOf(*this);
+    for (int i = 0; i < values.count(); ++i) {
+        const QString text = QString::number(values.at(i)->GetValue(), 'f', decimals);
+        itemWriter.write({{QLatin1String("index"), QString::number(i)}}, text);
+    }
+    writer.writeEndElement();
+}
+
+void ZorvaDoubleSpinBoxList::ReadXml(QXmlStreamReader& reader)
+{
+    readIndexedItems(reader,
+                     [this](int index, const QString& text) { setItemValue(index, text.toDouble()); });
+}
+
+void ZorvaDoubleSpinBoxList::Update(Observable* observable, TChangeCode code)
+{
+    const int index = PositionOf(values, observable);
+    if (index < 0)
+        return;
+    if (code == ChangeCode::Content) {
+        const double number = values.at(index)->GetValue();
+        Q_EMIT valueChanged(index, number);
+        Q_EMIT shiftValueChanged(index, number);
+        setModified(true);
+    } else {
+        ForgetValueAt(values, index, code);
+    }
+}
+
+void ZorvaDoubleSpinBoxList::PropertyChanged(const QString& name, const QVariant& value)
+{
+    ZorvaDelegate::PropertyChanged(name, value);
+    for (const auto& control : qAsConst(controls))
+        PropagateProperty(name, control);
+}
+
+bool ZorvaDoubleSpinBoxList::isEnabled(int index)
+{
+    const auto control = controls.value(index);
+    return control && control->isEnabled();
+}
+
+void ZorvaDoubleSpinBoxList::setEnabled(int index, bool flag)
+{
+    if (index < 0 || index >= controls.count())
+        return;
+    if (inputEnabled && controls.at(index))
+        controls.at(index)->setEnabled(flag);
+    enabledStates[index] = flag;
+}
+
+double ZorvaDoubleSpinBoxList::itemValue(int index)
+{
+    const auto* const value = values.value(index);
+    return value ? value->GetValue() : 0.0;
+}
+
+void ZorvaDoubleSpinBoxList::setItemValue(int index, double number)
+{
+    // Without an originator this row hears of the change and marks itself.
+    if (auto* const value = values.value(index))
+        value->SetValue(number, nullptr);
+}
+
+double ZorvaDoubleSpinBoxList::shiftValue(int index)
+{
+    return itemValue(index);
+}
+
+void ZorvaDoubleSpinBoxList::setShiftValue(int index, double value)
+{
+    setItemValue(index, value);
+}
+
+void ZorvaDoubleSpinBoxList::setDecimals(int value)
+{
+    ChangeProperty(QStringLiteral("decimals"), value);
+}
+
+void ZorvaDoubleSpinBoxList::setDisplayScalingFactor(double value)
+{
+    ChangeProperty(QStringLiteral("displayScalingFactor"), value);
+}
+
+void ZorvaDoubleSpinBoxList::setItemCount(int value)
+{
+    ChangeProperty(QStringLiteral("itemCount"), value);
+}
+
+void ZorvaDoubleSpinBoxList::setShiftCount(int value)
+{
+    ChangeProperty(QStringLiteral("shiftCount"), value);
+}
+
+void ZorvaDoubleSpinBoxList::setMaximum(double value)
+{
+    ChangeProperty(QStringLiteral("maximum"), value);
+}
+
+void ZorvaDoubleSpinBoxList::setMinimum(double value)
+{
+    ChangeProperty(QStringLiteral("minimum"), value);
+}
+
+void ZorvaDoubleSpinBoxList::setPrefix(QString value)
+{
+    ChangeProperty(QStringLiteral("prefix"), value);
+}
+
+void ZorvaDoubleSpinBoxList::setSingleStep(double value)
+{
+    ChangeProperty(QStringLiteral("singleStep"), value);
+}
+
+void ZorvaDoubleSpinBoxList::setSpecialValueText(QString value)
+{
+    ChangeProperty(QStringLiteral("specialValueText"), value);
+}
+
+void ZorvaDoubleSpinBoxList::setSuffix(QString value)
+{
+    ChangeProperty(QStringLiteral("suffix"), value);
+}
+
+void ZorvaDoubleSpinBoxList::setUnit(QString value)
+{
+    ChangeProperty(QStringLiteral("unit"), value);
+}
+
+void ZorvaDoubleSpinBoxList::setValue(double value)
+{
+    ChangeProperty(QStringLiteral("value"), value);
+}
+
+void ZorvaDoubleSpinBoxList::setWrapping(bool flag)
+{
+    ChangeProperty(QStringLiteral("wrapping"), flag);
+}
+
+void ZorvaDoubleSpinBoxList::setFocus()
+{
+    FocusControl(controls.value(0));
+}
+
+} // namespace Orvane
