@@ -58,7 +58,7 @@ bool convertNumber(From from, To* to)
 
 /// "true" and "false"; reads them in any case, and numbers.
 template <typename T>
-struct FormatBool
+struct VALUEFRAMEWORK_EXPORT FormatBool
 {
     static constexpr ValueType Type = TypeBool;
     static QString toText(T value) { return value ? QStringLiteral("true") : QStringLiteral("false"); }
@@ -76,7 +76,7 @@ struct FormatBool
 
 /// The text itself.
 template <typename T>
-struct FormatString
+struct VALUEFRAMEWORK_EXPORT FormatString
 {
     static constexpr ValueType Type = TypeString;
     static QString toText(const T& value) { return value; }
@@ -89,7 +89,7 @@ struct FormatString
 
 /// Whole numbers of 32 or 64 bits.
 template <typename T>
-struct FormatInt
+struct VALUEFRAMEWORK_EXPORT FormatInt
 {
     static constexpr ValueType Type = sizeof(T) == sizeof(qint64) ? TypeInt64 : TypeInt;
     static QString toText(T value) { return numberText(static_cast<qint64>(value)); }
@@ -102,7 +102,7 @@ struct FormatInt
 
 /// Floating numbers.
 template <typename T>
-struct FormatFloat
+struct VALUEFRAMEWORK_EXPORT FormatFloat
 {
     static constexpr ValueType Type = TypeDouble;
     static QString toText(T value) { return numberText(static_cast<double>(value)); }
@@ -116,7 +116,7 @@ struct FormatFloat
 /// How a value goes to text and comes back: empty text is the type's zero, and
 /// blanks round a text count only where the value is a text itself.
 template <typename T, typename Format>
-struct StreamFormat
+struct VALUEFRAMEWORK_EXPORT StreamFormat
 {
     static QString write(const T& value) { return Format::toText(value); }
     static bool read(const QString& text, T* value)

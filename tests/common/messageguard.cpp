@@ -28,8 +28,7 @@ MessageGuard::~MessageGuard()
     qInstallMessageHandler(m_previous);
     activeGuard = nullptr;
     const QString text = complaints();
-    if (!text.isEmpty())
-        QTest::qFail(qPrintable(text), __FILE__, __LINE__);
+    QTest::qVerify(text.isEmpty(), "only announced messages", qPrintable(text), __FILE__, __LINE__);
 }
 
 void MessageGuard::expect(const QString& text)
