@@ -26,18 +26,20 @@ int arrangedHeight(QWidget* content, int width)
 // Settles the arrangement for the new size before the scroll area asks for a
 // size hint, which would settle a single column, tall enough to flash a bar.
 //
-// The bar stays away whenever the form fits without it, whether or not it
-// stands there now. A form may be taller at the full width than beside the bar,
-// since fewer columns pack the sections differently; the bar would then come
-// and go for ever, so the form is held at the narrower width and needs none.
+// A form may be taller at the full width than at the width beside the bar,
+// since fewer columns pack the sections differently. The bar would then come
+// and go for ever; held at the narrower width the form needs none.
 void settleArrangement(QWidget* content, const QSize& room, int fullWidth, int barWidth)
 {
-    if (arrangedHeight(content, fullWidth) <= room.height())
+    const int narrowWidth = fullWidth - barWidth;
+    const auto fits = [&](int width) { return arrangedHeight(content, width) <= room.height(); };
+    const bool barStands = room.width() < fullWidth;
+    const bool flips =
+        barStands ? fits(narrowWidth) && !fits(fullWidth) : !fits(fullWidth) && fits(narrowWidth);
+    if (!flips)
         return;
-    if (arrangedHeight(content, fullWidth - barWidth) <= room.height())
-        content->setMaximumWidth(fullWidth - barWidth);
-    else if (room.width() != fullWidth - barWidth)
-        arrangedHeight(content, room.width());
+    arrangedHeight(content, narrowWidth);
+    content->setMaximumWidth(narrowWidth);
 }
 
 } // namespace

@@ -232,7 +232,7 @@ void tst_FloatGroupLayout::headline_data()
     QTest::addColumn<int>("top");
     QTest::newRow("line, odd margin") << QString() << 9 << 9 << 5;
     QTest::newRow("line, no margin") << QString() << 0 << 5 << 0;
-    QTest::newRow("line, negative margin towards zero") << QString() << -3 << 4 << -2;
+    QTest::newRow("line, smallest margin") << QString() << 1 << 5 << 1;
     QTest::newRow("title") << QStringLiteral("Gain") << 9 << 0 << 9;
 }
 
@@ -249,7 +249,6 @@ void tst_FloatGroupLayout::headline()
     QCOMPARE(box->alignment(), int(Qt::AlignHCenter));
     QVERIFY(box->isFlat());
     QCOMPARE(box->parentWidget(), &form.content);
-    QCOMPARE(box->contentsMargins().top(), top);
     QCOMPARE(box->contentsMargins(), QMargins(0, top, 0, 0));
     QCOMPARE(box->minimumHeight(), fixedHeight);
     QCOMPARE(box->maximumHeight(), fixedHeight ? fixedHeight : QWIDGETSIZE_MAX);

@@ -143,6 +143,8 @@ private Q_SLOTS:
     void shorterBesideTheBarThanAlone();
     void wideRowBringsTheHorizontalBar();
     void hiddenAndResized();
+    void fewArrangementsPerResize_data();
+    void fewArrangementsPerResize();
 };
 
 void tst_FloatScrollArea::properties()
@@ -318,6 +320,34 @@ void tst_FloatScrollArea::hiddenAndResized()
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     VERIFY_SETTLED(window);
+}
+
+void tst_FloatScrollArea::fewArrangementsPerResize_data()
+{
+    QTest::addColumn<QSize>("from");
+    QTest::addColumn<QSize>("to");
+    QTest::newRow("without a bar") << QSize(1200, 900) << QSize(1300, 950);
+    QTest::newRow("beside a bar") << QSize(300, 100) << QSize(330, 120);
+}
+
+void tst_FloatScrollArea::fewArrangementsPerResize()
+{
+    QFETCH(QSize, from);
+    QFETCH(QSize, to);
+    Window window;
+    for (int rows : {4, 7, 2, 9, 5})
+        window.addSection(rows);
+    auto* counter = new FakeItem(QSize(0, 0)); // asked once per arrangement
+    window.layout->addItem(counter);
+    window.resize(from);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(window.settle());
+    counter->queries = 0;
+    window.resize(to);
+    QTRY_COMPARE(window.size(), to);
+    QVERIFY(window.settle());
+    QVERIFY2(counter->queries <= 3, QByteArray::number(counter->queries).constData());
 }
 
 QTEST_MAIN(tst_FloatScrollArea)
