@@ -1,6 +1,8 @@
 #include <layout/floatgrouplayout.h>
 #include <layout/floatscrollarea.h>
 
+#include "fakeitem.h"
+
 #include <QApplication>
 #include <QFrame>
 #include <QLabel>
