@@ -101,7 +101,8 @@ QString Name(Unit unit)
 bool Parse(const QString& text, double* hertz)
 {
     static const QRegularExpression grammar(
-        QStringLiteral("^\\s*([+-]?[0-9.,'\\x{2019}\\s]+)(?:[eE]([+-]?[0-9]{1,3}))?\\s*([A-Za-z]*)\\s*$"));
+        QStringLiteral("^\\s*([+-]?[0-9.,'\\x{2019}\\s]+)(?:[eE]([+-]?[0-9]{1,3}))?\\s*([A-Za-z]*)\\s*$"),
+        QRegularExpression::UseUnicodePropertiesOption);
     const QRegularExpressionMatch match = grammar.match(text);
     const int power = match.hasMatch() ? powerOf(match.captured(3)) : -1;
     if (power < 0)

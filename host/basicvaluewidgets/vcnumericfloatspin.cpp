@@ -345,17 +345,27 @@ QAbstractSpinBox::StepEnabled VCNumericFloatSpin::stepEnabled() const
     return m_stepDisabled ? StepEnabled(StepNone) : QDoubleSpinBox::stepEnabled();
 }
 
+// Prefix and suffix stand round what is typed, also behind a typed unit.
+QString VCNumericFloatSpin::withoutFrame(QString text) const
+{
+    if (text.startsWith(prefix()))
+        text.remove(0, prefix().size());
+    if (text.endsWith(QDoubleSpinBox::suffix()))
+        text.chop(QDoubleSpinBox::suffix().size());
+    return text;
+}
+
 // *display stays if the text is no number.
 bool VCNumericFloatSpin::parse(const QString& text, double* display) const
 {
     static const QRegularExpression grammar(
-        QStringLiteral("^\\s*([+-]?[0-9.,'\\x{2019}\\s]+)(?:[eE]([+-]?[0-9]{1,3}))?(.*)$"));
+        QStringLiteral("^\\s*([+-]?[0-9.,'\\x{2019}\\s]+)(?:[eE]([+-]?[0-9]{1,3}))?(.*)$"),
+        QRegularExpression::UseUnicodePropertiesOption);
     if (!specialValueText().isEmpty() && text == specialValueText()) {
         *display = minimum();
         return true;
     }
-    const bool prefixed = !prefix().isEmpty() && text.startsWith(prefix());
-    const QRegularExpressionMatch match = grammar.match(prefixed ? text.mid(prefix().size()) : text);
+    const QRegularExpressionMatch match = grammar.match(withoutFrame(text));
     double ratio = 1.0;
     if (!match.hasMatch() || !UnitText::Ratio(match.captured(3).trimmed(), m_suffix.trimmed(), &ratio))
         return false;

@@ -118,6 +118,7 @@ private:
     void dropTyped();
     double displayStep() const;
     double stepTarget(int steps) const;
+    QString withoutFrame(QString text) const;
     bool parse(const QString& text, double* display) const;
     QSize measuredHint(bool least) const;
     QSize contentsSize(bool least) const;
