@@ -34,9 +34,9 @@ QString storeParameters(const QString& xml)
 {
     const QByteArray bytes = xml.toUtf8();
     QSaveFile file(parameterFileName());
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
-        return QString();
-    return file.errorString();
+    // A write is only buffered and commit() does not look whether the rest got out.
+    const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
+    return written && file.commit() ? QString() : file.errorString();
 }
 
 void reportStoreFailure(const QString& reason)

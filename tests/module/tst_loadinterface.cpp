@@ -1,5 +1,5 @@
-#include <common/leftovers.h>
-#include <common/messageguard.h>
+#include <leftovers.h>
+#include <messageguard.h>
 #include <velkappstartup/translationcenter.h>
 #include <vkbase/errorhandler.h>
 #include <vkbase/qtrace.h>
@@ -44,7 +44,11 @@ IDllInstance* throwStandardException()
     throw std::runtime_error("out of tape");
 }
 
+using Maker = IDllInstance* (*)();
+
 } // namespace
+
+Q_DECLARE_METATYPE(Maker)
 
 class TestLoadInterface : public QObject
 {
@@ -150,7 +154,6 @@ void TestLoadInterface::createdInstancePassesThrough()
 
 void TestLoadInterface::exceptionsBecomeNull_data()
 {
-    using Maker = IDllInstance* (*)();
     QTest::addColumn<Maker>("create");
     QTest::addColumn<QString>("firstLine");
     QTest::addColumn<QString>("message");
@@ -166,7 +169,6 @@ void TestLoadInterface::exceptionsBecomeNull_data()
 
 void TestLoadInterface::exceptionsBecomeNull()
 {
-    using Maker = IDllInstance* (*)();
     QFETCH(Maker, create);
     QFETCH(QString, firstLine);
     QFETCH(QString, message);

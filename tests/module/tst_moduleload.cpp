@@ -1,4 +1,4 @@
-#include <common/leftovers.h>
+#include <leftovers.h>
 #include <velkappstartup/translationcenter.h>
 #include <zorvaparser/loadinterface.h>
 

@@ -1,5 +1,5 @@
-#include <common/leftovers.h>
-#include <common/messageguard.h>
+#include <leftovers.h>
+#include <messageguard.h>
 #include <velkappstartup/velkapplication.h>
 #include <vkbase/errorhandler.h>
 #include <vkbase/qtrace.h>
@@ -8,7 +8,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
-#include <QCloseEvent>
+#include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -118,6 +118,21 @@ private:
     int ends[2] = {-1, -1};
     QString collected;
 };
+
+/** Lets a stopped script go on; null while no debugger shows one. */
+QAction* continueActionOfDebugger()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (const QWidget* candidate : windows) {
+        const auto* menu = qobject_cast<const QMenu*>(candidate);
+        const QList<QAction*> actions = menu ? menu->actions() : QList<QAction*>();
+        for (QAction* action : actions) {
+            if (action->shortcut() == QKeySequence(Qt::Key_F5) && action->isEnabled())
+                return action;
+        }
+    }
+    return nullptr;
+}
 
 } // namespace
 
@@ -408,18 +423,11 @@ void TestZorvaTest::debuggerStopsTheScript()
     messages.reset(); // the debugger's own chatter is not ours
     QTimer poll;
     connect(&poll, &QTimer::timeout, this, [&] {
-        const QWidgetList windows = QApplication::topLevelWidgets();
-        for (QWidget* candidate : windows) {
-            if (candidate == window() || !candidate->isVisible())
-                continue;
-            const QList<QAction*> actions = candidate->findChildren<QAction*>();
-            for (QAction* action : actions) {
-                if (action->text() == QLatin1String("Continue") && action->isEnabled()) {
-                    stopped = !window()->isVisible();
-                    action->trigger();
-                }
-            }
-        }
+        QAction* go = continueActionOfDebugger();
+        if (!go || stopped)
+            return;
+        stopped = !window()->isVisible();
+        go->trigger();
     });
     poll.start(20);
     start({dataFile("gain.zorva"), QStringLiteral("debug")});
