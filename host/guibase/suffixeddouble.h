@@ -10,7 +10,7 @@
 class GUIBASE_EXPORT SuffixedDouble
 {
 public:
-    enum ESuffix { ekAutomatic = 0, ekNone = 1, ekKilo = 2, ekMega = 3, ekGiga = 4 };
+    enum ESuffix : int { ekAutomatic = 0, ekNone = 1, ekKilo = 2, ekMega = 3, ekGiga = 4 };
 
     /// base is the step between two prefixes (1000, or 1024 for bytes); below 2
     /// it counts as 1000. keepZeros keeps the zeros behind the point.

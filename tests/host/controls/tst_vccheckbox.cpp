@@ -11,6 +11,14 @@
 
 #include <memory>
 
+/// The best of three: other work on the machine only ever adds time.
+template <typename Measure>
+static double best(Measure measure)
+{
+    const double first = measure();
+    return qMin(first, qMin(double(measure()), double(measure())));
+}
+
 class TestVCCheckBox : public QObject
 {
     Q_OBJECT
@@ -174,9 +182,9 @@ void TestVCCheckBox::uncheckingDoesNotSearchSiblings()
             value->SetValue(false, nullptr);
         return double(timer.nsecsElapsed()) / count;
     };
-    nanosecondsPerBox(100);
-    const double few = nanosecondsPerBox(100);
-    QVERIFY2(nanosecondsPerBox(10000) < 25 * few, "unchecking grows with the number of siblings");
+    const double few = best([&] { return nanosecondsPerBox(100); });
+    QVERIFY2(best([&] { return nanosecondsPerBox(10000); }) < 25 * few,
+             "unchecking grows with the number of siblings");
 }
 
 QTEST_MAIN(TestVCCheckBox)

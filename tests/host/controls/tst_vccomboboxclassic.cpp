@@ -6,6 +6,7 @@
 
 #include <valueframework/valueselection.h>
 
+#include <QAbstractItemView>
 #include <QElapsedTimer>
 #include <QScrollArea>
 #include <QSignalSpy>
@@ -53,6 +54,14 @@ static QStringList words(const char* separated)
     return QString::fromLatin1(separated).split(QLatin1Char('|'));
 }
 
+/// The best of three: other work on the machine only ever adds time.
+template <typename Measure>
+static double best(Measure measure)
+{
+    const double first = measure();
+    return qMin(first, qMin(double(measure()), double(measure())));
+}
+
 class TestVCComboBoxClassic : public QObject
 {
     Q_OBJECT
@@ -62,6 +71,7 @@ private Q_SLOTS:
     void cleanup();
     void showsItemsAndChoice();
     void userChoiceSelects();
+    void listChooses();
     void keyboardChooses();
     void readOnlyBlocks();
     void wheelNeedsFocus();
@@ -121,6 +131,17 @@ void TestVCComboBoxClassic::userChoiceSelects()
     m_box->setCurrentIndex(2);
     QCOMPARE(m_value->GetCurrentIndex(), 2l);
     QCOMPARE(observer.takeCodes(), QList<TChangeCode>{ChangeCode::Content});
+}
+
+void TestVCComboBoxClassic::listChooses()
+{
+    QTest::mouseClick(m_box.get(), Qt::LeftButton);
+    QTRY_VERIFY(m_box->view()->isVisible());
+    QTest::keyClick(m_box->view(), Qt::Key_End);
+    QCOMPARE(m_value->GetCurrentIndex(), -1l);
+    QTest::keyClick(m_box->view(), Qt::Key_Return);
+    QCOMPARE(m_value->GetCurrentIndex(), 2l);
+    QCOMPARE(m_box->currentText(), QStringLiteral("SSB"));
 }
 
 void TestVCComboBoxClassic::keyboardChooses()
@@ -300,9 +321,9 @@ void TestVCComboBoxClassic::addingOneByOneIsLinear()
             m_value->AddItem(QString::number(i), i, i, nullptr);
         return double(timer.nsecsElapsed()) / count;
     };
-    nanosecondsPerItem(200);
-    const double few = nanosecondsPerItem(200);
-    QVERIFY2(nanosecondsPerItem(10000) < 15 * few, "adding an item grows with their number");
+    const double few = best([&] { return nanosecondsPerItem(200); });
+    QVERIFY2(best([&] { return nanosecondsPerItem(10000); }) < 15 * few,
+             "adding an item grows with their number");
     QCOMPARE(m_box->count(), 10000);
     m_value->DeleteItems(nullptr);
 }

@@ -11,6 +11,8 @@
 #include <QElapsedTimer>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QStyle>
+#include <QStyleOptionSpinBox>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -31,6 +33,14 @@ bool wheel(QWidget* widget, int notches)
 
 } // namespace
 
+/// The best of three: other work on the machine only ever adds time.
+template <typename Measure>
+static double best(Measure measure)
+{
+    const double first = measure();
+    return qMin(first, qMin(double(measure()), double(measure())));
+}
+
 class TestVCNumericFloatSpin : public QObject
 {
     Q_OBJECT
@@ -47,6 +57,7 @@ private Q_SLOTS:
     void roundingDoesNotWrite();
     void stepsWrite_data();
     void stepsWrite();
+    void buttonsStep();
     void stepInDisplayTerms();
     void fineStepCounts();
     void stepAfterTyping();
@@ -230,6 +241,19 @@ void TestVCNumericFloatSpin::stepsWrite()
     QFETCH(int, key);
     QTest::keyClick(m_spin, static_cast<Qt::Key>(key));
     QTEST(m_value->GetValue(), "value");
+}
+
+void TestVCNumericFloatSpin::buttonsStep()
+{
+    QStyleOptionSpinBox option;
+    option.initFrom(m_spin);
+    option.subControls = QStyle::SC_All;
+    option.buttonSymbols = m_spin->buttonSymbols();
+    const QStyle* style = m_spin->style();
+    const QRect up = style->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, m_spin);
+    QTest::mouseClick(m_spin, Qt::LeftButton, {}, up.center());
+    QCOMPARE(m_value->GetValue(), 11.0);
+    QCOMPARE(VCNumericFloatSpin(nullptr, nullptr, false).buttonSymbols(), QAbstractSpinBox::NoButtons);
 }
 
 void TestVCNumericFloatSpin::stepInDisplayTerms()
@@ -532,11 +556,11 @@ void TestVCNumericFloatSpin::unlimitedIsCheap()
             spin.SetNumericValue(&value);
             spin.sizeHint();
         }
-        return timer.nsecsElapsed();
+        return double(timer.nsecsElapsed());
     };
-    nanoseconds(1000);
-    const qint64 limited = nanoseconds(1000);
-    QVERIFY2(nanoseconds(1e308) < 2 * limited, "a spin box without limits is dear to build");
+    const double limited = best([&] { return nanoseconds(1000); });
+    QVERIFY2(best([&] { return nanoseconds(1e308); }) < 2 * limited,
+             "a spin box without limits is dear to build");
 }
 
 QTEST_MAIN(TestVCNumericFloatSpin)
