@@ -17,6 +17,7 @@
 #include <QWheelEvent>
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace {
@@ -72,8 +73,8 @@ void VCNumericFloatSpin::SetNumericValue(values::IValueNumeric* value)
 {
     ClearUndo();
     m_number = m_binding.Bind(value ? value->AsValueBase() : nullptr) ? value : nullptr;
-    readLimits();
-    refresh();
+    if (!readLimits())
+        refresh();
 }
 
 bool VCNumericFloatSpin::SetNumeric_ValuePath(const QString& path)
@@ -127,13 +128,13 @@ bool VCNumericFloatSpin::isTyping() const
     return hasFocus() && lineEdit()->isModified();
 }
 
-void VCNumericFloatSpin::readLimits()
+bool VCNumericFloatSpin::readLimits()
 {
     if (number()) {
         m_minimum = number()->GetMin();
         m_maximum = number()->GetMax();
     }
-    applyLimits();
+    return applyLimits();
 }
 
 void VCNumericFloatSpin::setValueMinimum(double minimum)
@@ -152,24 +153,26 @@ void VCNumericFloatSpin::setValueMaximum(double maximum)
     applyLimits();
 }
 
-void VCNumericFloatSpin::applyLimits()
+// True if the range changed and the value was shown again in it.
+bool VCNumericFloatSpin::applyLimits()
 {
     double low = cappedDisplay(toDisplay(m_minimum));
     double high = cappedDisplay(toDisplay(m_maximum));
     if (m_factor / m_unitScale < 0.0)
         std::swap(low, high);
     if (low == minimum() && high == maximum())
-        return;
+        return false;
     const RefreshGuard guard(this, &m_refreshing);
     const QString typed = lineEdit()->text();
     const bool typing = isTyping();
     setRange(low, high);
-    if (typing) {
-        lineEdit()->setText(typed);
-        lineEdit()->setModified(true);
-    } else {
+    if (!typing) {
         refresh();
+        return true;
     }
+    lineEdit()->setText(typed);
+    lineEdit()->setModified(true);
+    return false;
 }
 
 void VCNumericFloatSpin::refresh()
@@ -184,8 +187,8 @@ void VCNumericFloatSpin::refresh()
 
 void VCNumericFloatSpin::rescale()
 {
-    applyLimits();
-    refresh();
+    if (!applyLimits())
+        refresh();
     updateGeometry();
 }
 
@@ -498,16 +501,14 @@ QSize VCNumericFloatSpin::measuredHint(bool least) const
     ensurePolished();
     if (!SizeHintCache::isShareable(this))
         return contentsSize(least);
-    const QString contents = QStringLiteral("%1%2%3 %4 %5 %6 %7")
-                                 .arg(int(least))
-                                 .arg(int(buttonSymbols()))
-                                 .arg(int(hasFrame()))
-                                 .arg(minimum())
-                                 .arg(maximum())
-                                 .arg(decimals())
-                                 .arg(locale().name()) +
-                             QChar(0x1f) + prefix() + QChar(0x1f) + QDoubleSpinBox::suffix() + QChar(0x1f) +
-                             specialValueText();
+    const double numbers[] = {double(least), double(buttonSymbols()), double(hasFrame()), minimum(),
+                              maximum(),     double(decimals())};
+    // The numbers enter as they lie in memory: printing them would cost more
+    // than the rest of the look-up.
+    QString contents(static_cast<int>(sizeof(numbers)) / 2, Qt::Uninitialized);
+    std::memcpy(contents.data(), numbers, sizeof(numbers));
+    for (const QString& text : {prefix(), QDoubleSpinBox::suffix(), specialValueText(), locale().name()})
+        contents += text + QChar(0x1f);
     const SizeHintCache::Key key(this, contents);
     QSize hint = sharedHints().find(key);
     if (!hint.isValid()) {

@@ -108,8 +108,8 @@ private:
     static double withoutNoise(double value);
     double rounded(double display) const;
     bool isTyping() const;
-    void readLimits();
-    void applyLimits();
+    bool readLimits();
+    bool applyLimits();
     void rescale();
     void refresh();
     void displayChanged(double display);
