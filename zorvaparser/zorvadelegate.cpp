@@ -29,6 +29,9 @@ namespace {
 constexpr int deepestBlock = 500;
 int blockDepth = 0;
 
+// A description or parameter XML must not ask for all memory with one number.
+constexpr qint64 mostCells = 1000000;
+
 constexpr double noMinimum = -1e308;
 constexpr double noMaximum = 1e308;
 
@@ -710,9 +713,15 @@ bool ZorvaDelegate::ResizeList(QList<QVariant>& list, int rows, int columns, int
     if (rows < 0 || columns < 0 || oldColumns < 0)
         return false;
     const qint64 size = qint64(rows) * columns;
-    // More cells than a list can hold are refused like a negative count.
-    if (size == list.size() || size > std::numeric_limits<int>::max() / int(sizeof(QVariant)))
+    if (size == list.size() || size > mostCells)
         return false;
+    if (columns == oldColumns) {
+        // Every cell keeps its place; growing a list by one at a time stays cheap.
+        list.erase(list.begin() + static_cast<int>(qMin<qint64>(size, list.size())), list.end());
+        while (list.size() < size)
+            list.append(QVariant());
+        return true;
+    }
     const QList<QVariant> old = list;
     list.clear();
     list.reserve(static_cast<int>(size));

@@ -155,7 +155,7 @@ protected:
     static QVariant GetListValue(const QList<QVariant>& list, int row, int column, int columnCount);
     /** True if the cell exists and changed. */
     static bool SetListValue(QList<QVariant>& list, QVariant value, int row, int column, int columnCount);
-    /** False, and nothing done, for a negative count and for an unchanged number of cells. */
+    /** False, and nothing done, for a negative count, an unchanged number of cells and over a million. */
     static bool ResizeList(QList<QVariant>& list, int rows, int columns, int oldColumns);
 
     /** @p text in the user's language, with the object name as context. */
