@@ -1,0 +1,133 @@
+#include <formtest.h>
+
+#include <basicvaluewidgets/vccheckbox.h>
+#include <zorvaparser/widgets/zorvaheadline.h>
+
+#include <QGroupBox>
+
+using namespace Orvane;
+
+namespace {
+
+QString gainGroup(const QList<FormProperty>& more = {})
+{
+    return rowXml("Headline", "head", QList<FormProperty>{{"text", "Gain"}} + more) +
+           rowXml("CheckBox", "agc", {{"labelText", "AGC"}});
+}
+
+void clickTitle(QGroupBox* box)
+{
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(10, box->contentsMargins().top() / 2 + 4));
+}
+
+} // namespace
+
+class TestZorvaHeadline : public FormTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void emptyTextMakesNoHeadline();
+    void toolTipFollowsTheState();
+    void ownToolTipLastsUntilTheToggle();
+    void userCollapsesTheGroup();
+    void staysUsableWhileInputIsOff();
+    void setEnabledDoesNotReachTheBox();
+    void collapsedBeforeTheControlExists();
+    void keepsItsMargin();
+    void writesNothing();
+};
+
+void TestZorvaHeadline::emptyTextMakesNoHeadline()
+{
+    FormFixture form(rowXml("Headline", "head", {{"labelText", "unused"}}) + rowXml("CheckBox", "agc"));
+    QVERIFY(!form.control<QWidget>("head"));
+    QVERIFY(!form.control<QWidget>("labelhead"));
+    form.row("head")->setGroupVisible(false);
+    QVERIFY(!form.row("head")->isGroupVisible());
+}
+
+void TestZorvaHeadline::toolTipFollowsTheState()
+{
+    FormFixture form(gainGroup());
+    const auto* const box = form.control<QGroupBox>("head");
+    QCOMPARE(box->title(), QStringLiteral("Gain"));
+    QVERIFY(box->isChecked());
+    QCOMPARE(box->toolTip(), QStringLiteral("Hide Gain"));
+    form.row("head")->setGroupVisible(false);
+    QVERIFY(!box->isChecked());
+    QCOMPARE(box->toolTip(), QStringLiteral("Show Gain"));
+}
+
+void TestZorvaHeadline::ownToolTipLastsUntilTheToggle()
+{
+    FormFixture form(gainGroup({{"toolTip", "own"}}));
+    const auto* const box = form.control<QGroupBox>("head");
+    QCOMPARE(box->toolTip(), QStringLiteral("own"));
+    form.row("head")->setGroupVisible(false);
+    QCOMPARE(box->toolTip(), QStringLiteral("Show Gain"));
+}
+
+void TestZorvaHeadline::userCollapsesTheGroup()
+{
+    FormFixture form(gainGroup());
+    form.show();
+    auto* const box = form.control<QGroupBox>("head");
+    const auto* const inside = form.control<VCCheckBox>("agc");
+    QVERIFY(inside->isVisible());
+    clickTitle(box);
+    QVERIFY(!box->isChecked());
+    QVERIFY(!inside->isVisible());
+    QVERIFY(box->isVisible());
+    QCOMPARE(box->toolTip(), QStringLiteral("Show Gain"));
+    clickTitle(box);
+    QVERIFY(inside->isVisible());
+    QCOMPARE(box->toolTip(), QStringLiteral("Hide Gain"));
+}
+
+void TestZorvaHeadline::staysUsableWhileInputIsOff()
+{
+    FormFixture form(gainGroup());
+    form.show();
+    auto* const box = form.control<QGroupBox>("head");
+    form.formular()->EnableInput(false);
+    QVERIFY(!form.control<VCCheckBox>("agc")->isEnabled());
+    QVERIFY(box->isEnabled());
+    clickTitle(box);
+    QVERIFY(!box->isChecked());
+}
+
+void TestZorvaHeadline::setEnabledDoesNotReachTheBox()
+{
+    FormFixture form(gainGroup());
+    form.row("head")->setEnabled(false);
+    QVERIFY(form.control<QGroupBox>("head")->isEnabled());
+}
+
+void TestZorvaHeadline::collapsedBeforeTheControlExists()
+{
+    FormFixture form(gainGroup(), FormFixture::WithValues);
+    form.row("head")->setGroupVisible(false);
+    form.createGui();
+    QVERIFY(!form.control<QGroupBox>("head")->isChecked());
+    QCOMPARE(form.control<QGroupBox>("head")->toolTip(), QStringLiteral("Show Gain"));
+}
+
+void TestZorvaHeadline::keepsItsMargin()
+{
+    FormFixture form(gainGroup({{"margin", 9}}));
+    form.show();
+    QCOMPARE(form.control<QGroupBox>("head")->contentsMargins().top(), 9);
+    form.sheet().SetFontSize(14);
+    QCOMPARE(form.control<QGroupBox>("head")->contentsMargins().top(), 9);
+}
+
+void TestZorvaHeadline::writesNothing()
+{
+    FormFixture form(gainGroup());
+    QCOMPARE(form.writtenBy("head"), QString());
+    QVERIFY(!form.value<values::ValueBase>("head"));
+}
+
+QTEST_MAIN(TestZorvaHeadline)
+#include "tst_zorvaheadline.moc"
