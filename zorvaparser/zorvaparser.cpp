@@ -5,19 +5,22 @@
 #include <QFile>
 #include <QXmlStreamReader>
 
+#include <memory>
+
 namespace Orvane {
 
 ZorvaFormular* ZorvaParser::ParseZORVA(QXmlStreamReader& reader)
 {
-    ZorvaFormular* formular = nullptr;
+    // Of several roots in a wrapper the last one counts.
+    std::unique_ptr<ZorvaFormular> formular;
     while (!reader.atEnd() && reader.readNextStartElement()) {
         // Any other element is walked into: the root may stand inside a wrapper.
         if (reader.name() != QLatin1String("KVParamGui"))
             continue;
-        formular = new ZorvaFormular;
+        formular = std::make_unique<ZorvaFormular>();
         formular->ParseZORVA(reader);
     }
-    return formular;
+    return formular.release();
 }
 
 ZorvaFormular* ZorvaParser::ParseZORVA(const QByteArray& bytes)
@@ -36,7 +39,7 @@ ZorvaFormular* ZorvaParser::ParseZORVAFile(const QString& fileName)
 {
     QByteArray bytes;
     QFile file(fileName);
-    if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    if (!fileName.isEmpty() && file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         bytes = file.readAll();
         file.close();
     }
