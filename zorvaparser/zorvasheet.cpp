@@ -38,6 +38,8 @@ ZorvaSheet::~ZorvaSheet()
     delete sheetUi;
     formular = nullptr;
     delete rootElement;
+    for (const WidgetPointer& widget : qAsConst(widgets))
+        widget->LeaveSheet();
 }
 
 void ZorvaSheet::ParseZORVA(QXmlStreamReader& reader)

@@ -21,7 +21,7 @@ class ZorvaSheet;
 class ZORVAPARSER_EXPORT ZorvaWidget : public QSharedData
 {
 public:
-    /** @p sheet is not owned and outlives the record. */
+    /** @p sheet is not owned; it takes leave when it dies before the record. */
     explicit ZorvaWidget(ZorvaSheet* sheet);
     virtual ~ZorvaWidget();
     ZorvaWidget(const ZorvaWidget&) = delete;
@@ -52,7 +52,10 @@ public:
     const QString& GetXmlTagName() const;
     /** Null before ParseZORVA() or SetExtWidget(). */
     ZorvaDelegate* GetDelegate() const { return delegate; }
+    /** Null once the form is gone and only a host holds the record. */
     ZorvaSheet* GetSheet() const { return sheet; }
+    /** The sheet dies. */
+    void LeaveSheet() { sheet = nullptr; }
     ZorvaFormular* GetFormular() const;
 
 private:
