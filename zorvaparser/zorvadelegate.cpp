@@ -555,6 +555,7 @@ values::ValueString* ZorvaDelegate::CreateValueString(const QString& name)
 values::NumericDouble* ZorvaDelegate::CreateValueNumericFloat(const QString& name, int index)
 {
     auto* const value = PrepareValue(new values::NumericDouble(ValueName(index), ValueState::Normal));
+    TakeStandingLimits(value);
     ConfigureValueNumeric(value);
     value->SetValue(GetDouble(name, 0.0), nullptr);
     return InsertValue(value);
@@ -563,6 +564,7 @@ values::NumericDouble* ZorvaDelegate::CreateValueNumericFloat(const QString& nam
 values::NumericInt* ZorvaDelegate::CreateValueNumericInt(const QString& name, int index)
 {
     auto* const value = PrepareValue(new values::NumericInt(ValueName(index), ValueState::Normal));
+    TakeStandingLimits(value);
     ConfigureValueNumeric(value);
     value->SetValue(GetInt(name, 0), nullptr);
     return InsertValue(value);
@@ -597,6 +599,17 @@ bool ZorvaDelegate::TakeConverted(const char* name, const char* marker, double& 
     setProperty(marker, number);
     setProperty(name, number);
     return true;
+}
+
+// Limits are converted once a row, but each of its values needs them.
+void ZorvaDelegate::TakeStandingLimits(values::IValueNumeric* value)
+{
+    const QVariant minimum = property("q_internalLastMinimum");
+    if (!minimum.isValid())
+        return;
+    value->SetMin(minimum.toDouble(), this);
+    value->SetMax(property("q_internalLastMaximum").toDouble(), this);
+    value->SetStep(property("q_internalLastSingleStep").toDouble(), this);
 }
 
 void ZorvaDelegate::ConfigureValueNumeric(values::IValueNumeric* value)

@@ -270,6 +270,8 @@ private:
     void FinishParse();
     /** Writes a converted limit or step back, marker first; false if it was converted before. */
     bool TakeConverted(const char* name, const char* marker, double& number, double factor, double offset);
+    /** Gives the limits that were converted before to a value made later; nothing before the first. */
+    void TakeStandingLimits(values::IValueNumeric* value);
     QString ValueName(int index);
     /** Translation context first, then the tree; null (and @p value deleted) if the tree refuses it. */
     template <typename V>
