@@ -37,7 +37,7 @@ void TestZorvaSpinBoxList::shiftCountPlaysNoPart()
 {
     FormFixture form(rowXml("SpinBoxList", "delays", {{"shiftCount", 3}}));
     QCOMPARE(form.control<QWidget>("delays")->findChildren<VCNumericFloatSpin*>().count(), 0);
-    QCOMPARE(form.writtenBy("delays"), QStringLiteral("<delays></delays>"));
+    QCOMPARE(form.writtenBy("delays"), QStringLiteral("<delays/>"));
 }
 
 void TestZorvaSpinBoxList::writesItems()
