@@ -14,8 +14,8 @@ namespace Orvane {
 
 namespace {
 
-constexpr ExclusionRangeNames xmlNames{QLatin1String("ExclusionFrequency"), QLatin1String("Start"),
-                                       QLatin1String("Stop"), true};
+const ExclusionRangeNames xmlNames{QLatin1String("ExclusionFrequency"), QLatin1String("Start"),
+                                   QLatin1String("Stop"), true};
 
 const struct
 {

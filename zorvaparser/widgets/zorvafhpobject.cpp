@@ -14,8 +14,8 @@ namespace Orvane {
 
 namespace {
 
-constexpr ExclusionRangeNames xmlNames{QLatin1String("ExclusionRange"), QLatin1String("StartFreq"),
-                                       QLatin1String("StopFreq"), false};
+const ExclusionRangeNames xmlNames{QLatin1String("ExclusionRange"), QLatin1String("StartFreq"),
+                                   QLatin1String("StopFreq"), false};
 
 QString frequencyText(double hertz)
 {
