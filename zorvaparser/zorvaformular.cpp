@@ -12,6 +12,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QRegularExpression>
 #include <QScriptEngineDebugger>
 #include <QScriptValueIterator>
 #include <QXmlStreamReader>
@@ -119,6 +120,13 @@ void selectOrReduce(values::ValueSelection* target, const QString& text, IObserv
     target->DeleteItems(observer);
     target->AddItem(text, text.toDouble(), 0, observer);
     target->Select(text, observer);
+}
+
+/** @p text from behind its byte order mark and XML declaration on, where it has them. */
+QString withoutProlog(QString text)
+{
+    static const QRegularExpression prolog(QStringLiteral("\\A[\\s\\x{feff}]*(<\\?xml\\s[^>]*\\?>)?"));
+    return text.remove(prolog);
 }
 
 } // namespace
@@ -287,14 +295,17 @@ void ZorvaFormular::SetXmlString(const QString& text)
 {
     const QString root =
         sheet.GetSheetUi()->GetString(QStringLiteral("parametersXmlRootTag"), QStringLiteral("Parameters"));
-    QXmlStreamReader reader(text);
-    const int behindRoot = ApplyRoots(reader, root);
-    if (behindRoot < 0)
-        return;
     // A document has one root, and the reader stops at a second one; inside a
-    // wrapper it takes all that follow.
-    QXmlStreamReader others(QStringLiteral("<%1List>").arg(root) + text.mid(behindRoot));
-    ApplyRoots(others, root);
+    // wrapper it takes all that follow, up to the declaration of a further document.
+    const QString wrapper = QStringLiteral("<%1List>").arg(root);
+    QString rest = withoutProlog(text);
+    QXmlStreamReader reader(rest);
+    int behindRoot = ApplyRoots(reader, root);
+    while (behindRoot >= 0) {
+        rest = withoutProlog(rest.mid(behindRoot));
+        QXmlStreamReader others(wrapper + rest);
+        behindRoot = ApplyRoots(others, root) - wrapper.size();
+    }
 }
 
 int ZorvaFormular::ApplyRoots(QXmlStreamReader& reader, const QString& root)
@@ -360,8 +371,10 @@ bool ZorvaFormular::SetVTValue(const QString& path, const QString& text, IObserv
     values::ValueBase* const value = GetVTValue(path);
     if (!value || value->GetStringValue() == text)
         return false;
+    const QPointer<ZorvaFormular> alive(this);
     value->SetStringValue(text, observer);
-    if (apply)
+    // Without an apply bar the write announces itself, and the host may let the form go.
+    if (apply && alive)
         sheet.applyNow();
     return true;
 }

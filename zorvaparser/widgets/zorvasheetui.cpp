@@ -204,10 +204,14 @@ void ZorvaSheetUi::setModified(bool autoApplying)
     if (!modified) {
         modified = true;
         // Without a bar nobody can press Apply: the first change announces itself.
+        const QPointer<ZorvaSheetUi> alive(this);
         if (applyButton)
             applyButton->setEnabled(true);
         else
             Q_EMIT si_parametersModified();
+        // The host may let the form go when it hears of the change.
+        if (!alive)
+            return;
     }
     if (autoApplying && autoApplyEnabled && autoApplyTimer)
         autoApplyTimer->start();
