@@ -614,6 +614,8 @@ void ZorvaDelegate::TakeStandingLimits(values::IValueNumeric* value)
 
 void ZorvaDelegate::ConfigureValueNumeric(values::IValueNumeric* value)
 {
+    if (!value)
+        return;
     double step = GetDouble(QStringLiteral("singleStep"), 1.0);
     double minimum = GetDouble(QStringLiteral("minimum"), noMinimum);
     double maximum = GetDouble(QStringLiteral("maximum"), noMaximum);

@@ -176,7 +176,7 @@ protected:
     values::ValueSelection* CreateValueSelection(const QString& name,
                                                  QExplicitlySharedDataPointer<ZorvaEnum> enumeration);
     values::ValueString* CreateValueString(const QString& name);
-    /** Carries limits and step from the properties (display units) to @p value. */
+    /** Carries limits and step from the properties (display units) to @p value, which may be null. */
     void ConfigureValueNumeric(values::IValueNumeric* value);
     void WriteUnitAttribute(QXmlStreamWriter& writer) const;
 

@@ -259,6 +259,7 @@ private Q_SLOTS:
     void changedLimitsReenterOnce();
     void defaultsAreSetTheFirstTime();
     void aFactorOfZeroEnds();
+    void limitsOfNoValueStayAsTheyAre();
 
     // Display and tool tips
     void displayTransformations_data();
@@ -1546,6 +1547,15 @@ void TestZorvaDelegate::aFactorOfZeroEnds()
     row.delegate.takeChanges();
     row.delegate.ConfigureValueNumeric(&number);
     QVERIFY(row.delegate.takeChanges().isEmpty());
+}
+
+void TestZorvaDelegate::limitsOfNoValueStayAsTheyAre()
+{
+    ProbeRow row;
+    row.delegate.setProperty("displayScalingFactor", 10);
+    row.delegate.setProperty("minimum", 50);
+    row.delegate.ConfigureValueNumeric(nullptr);
+    QCOMPARE(row.delegate.property("minimum"), QVariant(50));
 }
 
 void TestZorvaDelegate::displayTransformations_data()
