@@ -24,20 +24,26 @@ ZorvaComboBox::~ZorvaComboBox()
 void ZorvaComboBox::CreateValueTree()
 {
     ReleaseValue(selectionValue);
-    const QString enumName = PropertyText("enumName");
-    enumeration = GetFormular()->GetEnum(enumName);
+    TakeEnumeration();
     selectionValue = ObserveValue(CreateValueSelection(QStringLiteral("currentValue"), enumeration));
     if (selectionValue)
-        selectionValue->SetTranslationNamespace(enumName.toLatin1().constData(), nullptr);
+        selectionValue->SetTranslationNamespace(PropertyText("enumName").toLatin1().constData(), nullptr);
     if (comboBox)
         comboBox->SetValueSelection(selectionValue);
 }
 
 void ZorvaComboBox::ResyncValueTree()
 {
-    enumeration = GetFormular()->GetEnum(PropertyText("enumName"));
+    TakeEnumeration();
     if (selectionValue)
         RefillSelection();
+}
+
+// A row that outlives its form keeps what it had.
+void ZorvaComboBox::TakeEnumeration()
+{
+    if (ZorvaFormular* const formular = GetFormular())
+        enumeration = formular->GetEnum(PropertyText("enumName"));
 }
 
 void ZorvaComboBox::RefillSelection()

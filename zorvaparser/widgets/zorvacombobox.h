@@ -73,6 +73,7 @@ protected:
 
 private:
     bool SelectNumber(const QVariant& value);
+    void TakeEnumeration();
     void RefillSelection();
 
     QExplicitlySharedDataPointer<ZorvaEnum> enumeration;

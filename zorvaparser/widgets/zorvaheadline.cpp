@@ -62,8 +62,11 @@ void ZorvaHeadline::setGroupVisible(bool flag)
 
 void ZorvaHeadline::slotClicked(bool clicked)
 {
-    GetSheet()->setGroupVisible(widget, clicked);
-    GetFormular()->ApplyConfiguration();
+    // A row that the host keeps may outlive its form.
+    if (ZorvaSheet* const sheet = GetSheet()) {
+        sheet->setGroupVisible(widget, clicked);
+        sheet->GetFormular()->ApplyConfiguration();
+    }
     UpdateToolTip();
 }
 

@@ -155,7 +155,8 @@ void ZorvaLineEdit::SlotReturnPressed()
 {
     // A script connected to the signal runs before the apply.
     Q_EMIT returnPressed();
-    GetSheet()->applyNow();
+    if (ZorvaSheet* const sheet = GetSheet())
+        sheet->applyNow();
 }
 
 } // namespace Orvane
