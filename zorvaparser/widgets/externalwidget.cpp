@@ -18,6 +18,8 @@ void ExternalWidget::CreateGUI(FloatGroupLayout* layout)
     if (!externalWidget)
         return;
     ZorvaDelegate::CreateGUI(layout);
+    // Before "visible" reaches it: the widget must not flash up as a window.
+    externalWidget->setParent(layout->parentWidget());
     PropagateProperties(externalWidget);
     PlaceControl(layout, externalWidget);
 }
@@ -30,6 +32,9 @@ void ExternalWidget::setFocus()
 void ExternalWidget::PropertyChanged(const QString& name, const QVariant& value)
 {
     ZorvaDelegate::PropertyChanged(name, value);
+    // A widget that waits for its row is a window still; the row will show it.
+    if (name == QLatin1String("visible") && externalWidget && externalWidget->isWindow())
+        return;
     PropagateProperty(name, externalWidget);
 }
 
