@@ -298,7 +298,10 @@ void ZorvaFormular::SetXmlString(const QString& text)
     // A document has one root, and the reader stops at a second one; inside a
     // wrapper it takes all that follow, up to the declaration of a further document.
     const QString wrapper = QStringLiteral("<%1List>").arg(root);
-    QString rest = withoutProlog(text);
+    QString rest = text;
+    // The reader does not count the mark.
+    if (rest.startsWith(QChar(QChar::ByteOrderMark)))
+        rest.remove(0, 1);
     QXmlStreamReader reader(rest);
     int behindRoot = ApplyRoots(reader, root);
     while (behindRoot >= 0) {
