@@ -1,0 +1,385 @@
+#include "enginetest.h"
+
+#include <QLineEdit>
+
+#include <vkbase/errorhandler.h>
+#include <vkbase/qtrace.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QMainWindow>
+#include <QTimer>
+#include <QToolBar>
+
+using Orvane::ZorvaDelegate;
+using Orvane::ZorvaFormular;
+
+namespace {
+
+QString edit(const char* name)
+{
+    return rowXml("LineEdit", name, {{"text", "initial"}});
+}
+
+/// Presses "Continue" in each script debugger that comes up while one lives.
+class DebuggerDriver : public QObject
+{
+public:
+    DebuggerDriver()
+    {
+        connect(&m_timer, &QTimer::timeout, this, &DebuggerDriver::look);
+        m_timer.start(5);
+    }
+    int continued = 0;
+    int mostWindows = 0;
+
+private:
+    static QAction* continueAction(const QToolBar* bar)
+    {
+        for (QAction* const action : bar->actions()) {
+            if (action->text() == QLatin1String("Continue") && action->isEnabled())
+                return action;
+        }
+        return nullptr;
+    }
+
+    void look()
+    {
+        int windows = 0;
+        QAction* go = nullptr;
+        for (QWidget* const window : QApplication::topLevelWidgets()) {
+            if (!window->isVisible() || !qobject_cast<QMainWindow*>(window))
+                continue;
+            ++windows;
+            for (const QToolBar* const bar : window->findChildren<QToolBar*>())
+                go = go ? go : continueAction(bar);
+        }
+        mostWindows = qMax(mostWindows, windows);
+        if (!go)
+            return;
+        ++continued;
+        go->trigger();
+    }
+
+    QTimer m_timer;
+};
+
+} // namespace
+
+class tst_formscript : public EngineTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void globalsAreTheSheetItsRowsAndTheEnumerations()
+    {
+        FormFixture form(edit("a") + widgetXml("Gadget", ""), enumXml("E", {{"one", "ONE", "1"}}), QString(),
+                         FormFixture::Parsed);
+        const QMap<QString, QScriptValue> globals = form.formular()->GetScriptValues();
+        QCOMPARE(globals.value(QStringLiteral("sheet")).toQObject(), form.sheet().GetDelegate());
+        QCOMPARE(globals.value(QStringLiteral("a")).toQObject(), form.row("a"));
+        QCOMPARE(globals.value(QStringLiteral("Gadget_1")).toQObject(),
+                 form.sheet().GetWidgetAt(1)->GetDelegate());
+        QCOMPARE(globals.value(QStringLiteral("E")).property(QStringLiteral("ONE")).toString(),
+                 QStringLiteral("1"));
+        // The language's own are among them.
+        QVERIFY(globals.contains(QStringLiteral("Math")));
+    }
+
+    void laterGlobalOfANameReplacesTheEarlier_data()
+    {
+        QTest::addColumn<QString>("description");
+        QTest::addColumn<bool>("isObject"); // a delegate, not an enumeration
+        QTest::addColumn<QString>("owner");
+        const QString enums = QStringLiteral("<Enums>%1</Enums>").arg(enumXml("same", {{"one", "ONE", "1"}}));
+        const QString sheet =
+            QStringLiteral("<Sheet name=\"s\">%1</Sheet>").arg(widgetXml("LineEdit", "same"));
+        QTest::newRow("row behind enumeration") << rootXml(enums + sheet) << true << "same";
+        QTest::newRow("enumeration behind row") << rootXml(sheet + enums) << false << "";
+        QTest::newRow("row behind the sheet's own name")
+            << rootXml(QStringLiteral("<Sheet name=\"same\">%1</Sheet>").arg(widgetXml("LineEdit", "same")))
+            << true << "same";
+        QTest::newRow("second sheet behind a row")
+            << rootXml(sheet + QStringLiteral("<Sheet name=\"same\"/>")) << true << "";
+    }
+
+    void laterGlobalOfANameReplacesTheEarlier()
+    {
+        QFETCH(QString, description);
+        QFETCH(bool, isObject);
+        QFETCH(QString, owner);
+        const FormPointer form = parsed(description);
+        const QScriptValue global = form->GetScriptValues().value(QStringLiteral("same"));
+        QCOMPARE(global.isQObject(), isObject);
+        if (isObject)
+            QCOMPARE(global.toQObject()->objectName(), owner);
+        // Both remain whole as parts of the form.
+        QVERIFY(delegateNamed(form->GetSheet(), "same"));
+        if (description.contains(QLatin1String("Enum")))
+            QCOMPARE(form->GetEnum(QStringLiteral("same"))->GetValueCount(), 1);
+    }
+
+    void laterRowOfANameReplacesTheEarlier()
+    {
+        FormFixture form(widgetXml("LineEdit", "same") + widgetXml("Label", "same"), FormFixture::Parsed);
+        QCOMPARE(form.formular()->GetScriptValues().value(QStringLiteral("same")).toQObject(),
+                 form.sheet().GetWidgetAt(1)->GetDelegate());
+    }
+
+    void scriptRunsBetweenValuesAndControls()
+    {
+        FormFixture form(edit("a"), QString(),
+                         QStringLiteral("var seen = a.text + '/' + runs; runs = runs + 1;"
+                                        "a.setText('preset');"),
+                         FormFixture::Parsed);
+        form.formular()->SetScriptValue(QStringLiteral("runs"), 0.0);
+        QVERIFY(!form.formular()->GetScriptValues().contains(QStringLiteral("seen")));
+        form.createValues();
+        // The value took the script's text, so it was there.
+        QCOMPARE(form.row("a")->GetVTValue()->GetStringValue(), QStringLiteral("preset"));
+        QVERIFY(!form.formular()->GetGUI());
+        QCOMPARE(scriptText(form.formular(), "seen"), QStringLiteral("initial/0"));
+        form.createGui();
+        QCOMPARE(scriptText(form.formular(), "runs"), QStringLiteral("1"));
+        QCOMPARE(form.control<QLineEdit>("a")->text(), QStringLiteral("preset"));
+    }
+
+    void scriptSeesTheValuesOfAllRows()
+    {
+        // Also of a row behind, and in the tree already.
+        FormFixture form(edit("a") + edit("b"), QString(), QStringLiteral("b.setText('from script')"),
+                         FormFixture::WithValues);
+        QCOMPARE(form.value<values::ValueString>("b")->GetStringValue(), QStringLiteral("from script"));
+    }
+
+    void scriptRunsAgainWithEachCreationOfValues()
+    {
+        FormFixture form(edit("a"), QString(),
+                         QStringLiteral("runs = typeof runs == 'undefined' ? 1 : runs + 1"));
+        QCOMPARE(scriptText(form.formular(), "runs"), QStringLiteral("1"));
+        form.createValues();
+        QCOMPARE(scriptText(form.formular(), "runs"), QStringLiteral("2"));
+        QTest::keyClicks(form.control<QLineEdit>("a"), QStringLiteral("x"));
+        QVERIFY(form.row("a")->isModified());
+    }
+
+    void startingScriptMarksNothing()
+    {
+        FormFixture form(edit("a"), QString(), QStringLiteral("a.setText('x'); a.setModified(true);"));
+        QVERIFY(!form.sheet().isModified());
+        QVERIFY(form.sheet().isActive());
+        // Later on the same code marks the form as anything does.
+        form.evaluate(QStringLiteral("a.setModified(true)"));
+        QVERIFY(form.sheet().isModified());
+    }
+
+    void failingScriptIsTracedAndTheFormGoesOn_data()
+    {
+        QTest::addColumn<QString>("code");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("thrown") << "throw 'oops'; before = 1;"
+                                << "oops";
+        QTest::newRow("syntax") << "before = (;"
+                                << "SyntaxError";
+        QTest::newRow("unknown name") << "nowhere.setText('x')"
+                                      << "ReferenceError";
+        QTest::newRow("endless recursion") << "function f() { f(); } f();"
+                                           << "RangeError";
+    }
+
+    void failingScriptIsTracedAndTheFormGoesOn()
+    {
+        QFETCH(QString, code);
+        QFETCH(QString, message);
+        messages().expect(QStringLiteral("** ZorvaFormular Script Exception ") + message);
+        QStringList lines;
+        SetTraceSink([&lines](const QString& text, const QString& file, unsigned short line) {
+            lines << QStringLiteral("%1|%2|%3").arg(text, file).arg(line > 0);
+        });
+        FormFixture form(edit("a"), QString(), code);
+        SetTraceSink(TraceSink());
+        QCOMPARE(lines.count(), 1);
+        QVERIFY2(lines.first().startsWith(QLatin1String("** ZorvaFormular Script Exception ") + message),
+                 qPrintable(lines.first()));
+        QVERIFY(lines.first().endsWith(QLatin1String("\n|zorvaformular|1")));
+        QVERIFY(form.sheet().isActive());
+        QVERIFY(form.row("a")->GetVTValue());
+        QVERIFY(!form.formular()->GetScriptValues().contains(QStringLiteral("before")));
+        QTest::keyClicks(form.control<QLineEdit>("a"), QStringLiteral("x"));
+        QVERIFY(form.sheet().isModified());
+    }
+
+    void failingScriptIsSilentWithoutTheTraceBit()
+    {
+        const int mask = ErrorHandler::Instance().GetTraceMask();
+        ErrorHandler::Instance().SetTraceMask(mask & ~ErrorHandler::TraceErrors);
+        {
+            FormFixture form(edit("a"), QString(), QStringLiteral("throw 'oops'"), FormFixture::WithValues);
+            QVERIFY(form.sheet().isActive());
+        }
+        ErrorHandler::Instance().SetTraceMask(mask);
+    }
+
+    void partBeforeTheExceptionStands()
+    {
+        messages().expect(QStringLiteral("Script Exception oops"));
+        FormFixture form(edit("a"), QString(),
+                         QStringLiteral("a.setText('x'); throw 'oops'; a.setText('y');"));
+        QCOMPARE(form.row("a")->property("text").toString(), QStringLiteral("x"));
+    }
+
+    void formWithoutScriptTracesNothing()
+    {
+        FormFixture form(edit("a"));
+        form.evaluate(QStringLiteral("throw 'pending'"));
+        form.createValues();
+    }
+
+    void laterCodeIsSilentInAllCases()
+    {
+        FormFixture form(edit("a"));
+        form.evaluate(QStringLiteral("throw 'oops'"));
+        form.evaluate(QStringLiteral("broken ("));
+        form.evaluate(QString());
+        form.evaluate(QStringLiteral("after = 1"));
+        QCOMPARE(scriptText(form.formular(), "after"), QStringLiteral("1"));
+    }
+
+    void languageIsNeverLookedAt()
+    {
+        const FormPointer form =
+            parsed(rootXml(QStringLiteral("<Script language=\"other\">ran = 1;</Script>")));
+        form->CreateValueTree(QStringLiteral("/test"));
+        QCOMPARE(scriptText(form.data(), "ran"), QStringLiteral("1"));
+    }
+
+    void lineEndsReachTheEngine()
+    {
+        // A comment up to the line end needs one.
+        const FormPointer form =
+            parsed(rootXml(QStringLiteral("<Script>// note{{CR}}{{LF}}a = 1; // more {{cr}} a = 2;"
+                                          "{{CR}}b = 3;</Script>")));
+        form->CreateValueTree(QStringLiteral("/test"));
+        QCOMPARE(scriptText(form.data(), "a"), QStringLiteral("1"));
+        QCOMPARE(scriptText(form.data(), "b"), QStringLiteral("3"));
+    }
+
+    void exceptionLineCountsFromOne()
+    {
+        messages().expect(QStringLiteral("Script Exception"));
+        FormFixture form(edit("a"), QString(), QStringLiteral("{{LF}}throw new Error('oops')"),
+                         FormFixture::WithValues);
+        form.evaluate(QStringLiteral("try { nowhere.x } catch (e) { line = e.lineNumber }"));
+        QCOMPARE(scriptText(form.formular(), "line"), QStringLiteral("1"));
+    }
+
+    void hostSetsGlobals()
+    {
+        FormFixture form(edit("a"), FormFixture::Parsed);
+        ZorvaFormular* const formular = form.formular();
+        formular->SetScriptValue(QStringLiteral("text"), QStringLiteral("12"));
+        formular->SetScriptValue(QStringLiteral("number"), 12.5);
+        formular->SetScriptValue(QStringLiteral("flag"), true);
+        QCOMPARE(evaluated(formular, QStringLiteral("typeof text + typeof number + typeof flag")),
+                 QStringLiteral("stringnumberboolean"));
+        QCOMPARE(evaluated(formular, QStringLiteral("number * 2")), QStringLiteral("25"));
+        formular->SetScriptValue(QStringLiteral("number"), QStringLiteral("now text"));
+        QCOMPARE(scriptText(formular, "number"), QStringLiteral("now text"));
+    }
+
+    void hostObjectStaysTheHosts()
+    {
+        QPointer<QObject> object = new QObject;
+        object->setObjectName(QStringLiteral("mine"));
+        {
+            FormFixture form(edit("a"), FormFixture::Parsed);
+            form.formular()->SetScriptValue(QStringLiteral("host"), object.data());
+            QCOMPARE(evaluated(form.formular(), QStringLiteral("host.objectName")), QStringLiteral("mine"));
+            form.formular()->SetScriptValue(QStringLiteral("host"), static_cast<QObject*>(nullptr));
+            QCOMPARE(evaluated(form.formular(), QStringLiteral("host")), QStringLiteral("null"));
+        }
+        QVERIFY(object);
+        delete object;
+    }
+
+    void topLevelVariablesAreReadBack()
+    {
+        FormFixture form(edit("a"), QString(), QStringLiteral("var level = 3; var nothing; function f() {}"),
+                         FormFixture::WithValues);
+        const QMap<QString, QScriptValue> globals = form.formular()->GetScriptValues();
+        QCOMPARE(globals.value(QStringLiteral("level")).toNumber(), 3.0);
+        QVERIFY(globals.contains(QStringLiteral("nothing")));
+        QVERIFY(globals.value(QStringLiteral("nothing")).isUndefined());
+        QVERIFY(globals.value(QStringLiteral("f")).isFunction());
+    }
+
+    void handlersRunAsLongAsTheFormLives()
+    {
+        FormFixture form(edit("a") + edit("b"), QString(),
+                         QStringLiteral("a.textEdited.connect(function(t) { b.setText('copy ' + t); });"));
+        QLineEdit* const control = form.control<QLineEdit>("a");
+        control->clear();
+        QTest::keyClicks(control, QStringLiteral("x"));
+        QCOMPARE(form.control<QLineEdit>("b")->text(), QStringLiteral("copy x"));
+    }
+
+    void dynamicPropertiesAreReachable()
+    {
+        FormFixture form(rowXml("LineEdit", "a", {{"special", "7"}}), FormFixture::WithValues);
+        QCOMPARE(evaluated(form.formular(), QStringLiteral("a.special")), QStringLiteral("7"));
+        form.evaluate(QStringLiteral("a.special = 'written'"));
+        QCOMPARE(form.row("a")->property("special").toString(), QStringLiteral("written"));
+    }
+
+    void scriptCannotDeleteADelegate()
+    {
+        QPointer<ZorvaDelegate> row;
+        {
+            FormFixture form(edit("a"), FormFixture::WithValues);
+            row = form.row("a");
+            form.evaluate(QStringLiteral("a = null; gc();"));
+            QVERIFY(row);
+        }
+        QVERIFY(!row);
+    }
+
+    void enginesAreNotShared()
+    {
+        FormFixture one(edit("a"), FormFixture::Parsed);
+        FormFixture two(edit("a"), FormFixture::Parsed);
+        one.evaluate(QStringLiteral("mine = 1"));
+        QVERIFY(!two.formular()->GetScriptValues().contains(QStringLiteral("mine")));
+    }
+
+    void applyModeIsAcceptedFromScripts()
+    {
+        FormFixture form(edit("a"), QString(), QStringLiteral("a.setApplyMode(1); ok = 1;"));
+        QCOMPARE(scriptText(form.formular(), "ok"), QStringLiteral("1"));
+    }
+
+    void debuggerStopsTheNextEvaluation()
+    {
+        messages().allow(QRegularExpression(QStringLiteral(".*")));
+        {
+            FormFixture form(edit("a"), QString(), QStringLiteral("ran = 1;"), FormFixture::Parsed);
+            DebuggerDriver driver;
+            form.formular()->DebugScript();
+            form.formular()->DebugScript();
+            form.createValues();
+            QCOMPARE(scriptText(form.formular(), "ran"), QStringLiteral("1"));
+            QCOMPARE(driver.continued, 1);
+            QCOMPARE(driver.mostWindows, 1);
+        }
+        qApp->processEvents();
+    }
+
+    void unusedDebuggerGoesWithTheForm()
+    {
+        FormFixture form(edit("a"), FormFixture::Parsed);
+        form.formular()->DebugScript();
+        form.formular()->DebugScript();
+    }
+};
+
+QTEST_MAIN(tst_formscript)
+#include "tst_formscript.moc"
