@@ -4,10 +4,17 @@
 #include <QStyleOptionGroupBox>
 #include <QStylePainter>
 
+#include <limits>
+
 void HeadlineBox::keepMargins(const QMargins& margins)
 {
-    m_margins = margins;
-    setContentsMargins(margins);
+    // A widget holds its margins in 16 bits; what it cannot hold would be restored for ever.
+    const auto held = [](int margin) {
+        return qBound<int>(std::numeric_limits<short>::min(), margin, std::numeric_limits<short>::max());
+    };
+    m_margins =
+        QMargins(held(margins.left()), held(margins.top()), held(margins.right()), held(margins.bottom()));
+    setContentsMargins(m_margins);
 }
 
 QSize HeadlineBox::minimumSizeHint() const
