@@ -32,6 +32,9 @@ int blockDepth = 0;
 // A description or parameter XML must not ask for all memory with one number.
 constexpr qint64 mostCells = 1000000;
 
+// No double has a digit behind this place; a tooltip asked for more is not worth the memory.
+constexpr int lastDecimal = 1074;
+
 constexpr double noMinimum = -1e308;
 constexpr double noMaximum = 1e308;
 
@@ -660,7 +663,7 @@ double ZorvaDelegate::reverseDisplayTransformation(double value) const
 
 QString ZorvaDelegate::formatString(double value, int decimals, QString suffix)
 {
-    QString text = QString::number(value, 'f', decimals);
+    QString text = QString::number(value, 'f', qMin(decimals, lastDecimal));
     bool trimming = decimals > 0;
     while (trimming && !text.isEmpty()) {
         const QChar last = text.at(text.size() - 1);
@@ -687,7 +690,7 @@ void ZorvaDelegate::SetDoubleTooltip(QWidget* control)
     const double scale = GetDouble(QStringLiteral("unitScale"), 1.0);
     const double lowest = displayTransformation(GetDouble(QStringLiteral("minimum"), noMinimum)) / scale;
     const double highest = displayTransformation(GetDouble(QStringLiteral("maximum"), noMaximum)) / scale;
-    const int decimals = property("decimals").toInt();
+    const int decimals = qMin(property("decimals").toInt(), lastDecimal);
     SetRangeTooltip(control, lowest > noMinimum ? boundText(lowest, decimals) : QString(),
                     highest < noMaximum ? boundText(highest, decimals) : QString());
 }
