@@ -67,11 +67,13 @@ ZorvaFormularManager::FormularPointer ZorvaFormularManager::GetFormular(const QS
 
 void ZorvaFormularManager::LeaveCurrent()
 {
-    ZorvaSheet& sheet = current->GetSheet();
+    // Hiding ends a text that is being typed, and what the host does then may drop the form.
+    const FormularPointer leaving = current;
+    ZorvaSheet& sheet = leaving->GetSheet();
     sheet.killAutoApplyTimer();
-    if (current->GetGUI())
-        current->Hide();
-    disconnect(current.data(), &ZorvaFormular::si_parametersModified, this,
+    if (leaving->GetGUI())
+        leaving->Hide();
+    disconnect(leaving.data(), &ZorvaFormular::si_parametersModified, this,
                &ZorvaFormularManager::si_parametersModified);
     autoApplyMemory = sheet.isAutoApplyEnabled() ? 1 : -1;
     current.reset();

@@ -14,6 +14,7 @@
 #include <QSpinBox>
 #include <QTest>
 
+#include <functional>
 #include <memory>
 
 using Orvane::ZorvaFormular;
@@ -35,6 +36,25 @@ QString simpleForm(int value, const QList<FormProperty>& sheetProperties = {})
                        rowXml("LineEdit", "text", {{"text", "abc"}}),
                    QString(), QString(), sheetProperties);
 }
+
+/// Does something when the widget it filters is hidden.
+class HideFilter : public QObject
+{
+public:
+    explicit HideFilter(const std::function<void()>& action)
+        : onHide(action)
+    {
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Hide)
+            onHide();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    std::function<void()> onHide;
+};
 
 values::ValueBase* treeValue(const char* path)
 {
@@ -98,6 +118,7 @@ private Q_SLOTS:
     void resetDuringTheSignal();
     void resetDuringAWriteOfTheHost_data();
     void resetDuringAWriteOfTheHost();
+    void resetWhileLeaving();
     void formsWithDeletedWindows();
 
     void withoutACurrentFormNothingHappens();
@@ -505,6 +526,17 @@ void TestZorvaFormularManager::resetDuringAWriteOfTheHost()
     host.SetValue(5, nullptr);
     QVERIFY(manager->SetVTValue(&host, nullptr));
     QVERIFY(!manager->GetCurrentFormular());
+}
+
+void TestZorvaFormularManager::resetWhileLeaving()
+{
+    QVERIFY(getAndShow("A"));
+    QVERIFY(manager->GetFormular(named("B")));
+    HideFilter filter([this] { manager->Reset(); });
+    window("A")->installEventFilter(&filter);
+    QVERIFY(!manager->ShowFormular(named("B")));
+    QVERIFY(!manager->GetCurrentFormular());
+    QVERIFY(values::Tree::Instance()->IsEmpty());
 }
 
 void TestZorvaFormularManager::formsWithDeletedWindows()
