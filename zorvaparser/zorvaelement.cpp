@@ -10,6 +10,14 @@ namespace Orvane {
 
 // A path has as many levels as its author likes, so no walk here calls itself.
 
+namespace {
+
+// Each level further in costs each of its lines four blanks; below this one no
+// reader's eyes are left, and lines are no longer begun.
+constexpr int deepestIndent = 200;
+
+} // namespace
+
 ZorvaElement::~ZorvaElement()
 {
     QList<ZorvaElement*> descendants;
@@ -102,6 +110,7 @@ void ZorvaElement::writeChildren(QXmlStreamWriter& writer, bool modifiedOnly) co
     };
     if (modifiedOnly)
         noteModified();
+    const bool isIndented = writer.autoFormatting();
     QVector<Open> open{{this, 0}};
     while (!open.isEmpty()) {
         Open& group = open.last();
@@ -109,6 +118,8 @@ void ZorvaElement::writeChildren(QXmlStreamWriter& writer, bool modifiedOnly) co
             open.removeLast();
             if (!open.isEmpty())
                 writer.writeEndElement();
+            if (open.count() == deepestIndent)
+                writer.setAutoFormatting(isIndented);
             continue;
         }
         const ZorvaElement* const element = group.element->children.at(group.next++);
@@ -117,6 +128,8 @@ void ZorvaElement::writeChildren(QXmlStreamWriter& writer, bool modifiedOnly) co
         } else if (!modifiedOnly || element->modifiedBelow) {
             writer.writeStartElement(element->tags.first());
             open.append({element, 0});
+            if (open.count() > deepestIndent)
+                writer.setAutoFormatting(false);
         }
     }
 }

@@ -502,7 +502,9 @@ void ZorvaFormular::SetScriptValue(const QString& globalName, bool value)
 
 void ZorvaFormular::SetScriptValue(const QString& globalName, QObject* value)
 {
-    SetGlobal(globalName, scriptEngine.newQObject(value, QScriptEngine::QtOwnership));
+    // A row that a script deletes would be missed by everybody else.
+    SetGlobal(globalName,
+              scriptEngine.newQObject(value, QScriptEngine::QtOwnership, QScriptEngine::ExcludeDeleteLater));
 }
 
 QMap<QString, QScriptValue> ZorvaFormular::GetScriptValues()
