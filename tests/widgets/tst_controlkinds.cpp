@@ -17,6 +17,8 @@ private Q_SLOTS:
     void windowDiesFirst();
     void formDiesFirst_data() { kinds(); }
     void formDiesFirst();
+    void rowOutlivesItsForm_data() { kinds(); }
+    void rowOutlivesItsForm();
     void valuesDieFirst_data() { kinds(); }
     void valuesDieFirst();
     void valuesAreCreatedAnew_data() { kinds(); }
@@ -111,6 +113,22 @@ void TestControlKinds::formDiesFirst()
             QTest::keyClick(widget, Qt::Key_Space);
     }
     QApplication::processEvents();
+}
+
+void TestControlKinds::rowOutlivesItsForm()
+{
+    const std::unique_ptr<FormFixture> form(makeForm());
+    form->show();
+    const ZorvaSheet::WidgetPointer kept = form->sheet().GetWidgetAt(0);
+    form->deleteForm();
+    poke(kept->GetDelegate());
+    for (QWidget* const widget : form->window()->findChildren<QWidget*>()) {
+        if (!(widget->focusPolicy() & Qt::TabFocus))
+            continue;
+        QTest::keyClick(widget, Qt::Key_Down);
+        QTest::keyClick(widget, Qt::Key_Space);
+        QTest::keyClick(widget, Qt::Key_Return);
+    }
 }
 
 void TestControlKinds::valuesDieFirst()

@@ -200,6 +200,10 @@ void TestZorvaDoubleSpinBoxList::wishesSurviveSwitchedOffInput()
     QVERIFY(!control->isEnabled());
     QVERIFY(!row->isEnabled(1));
     QVERIFY(row->isEnabled(0));
+    form.evaluate(QStringLiteral("shifts.setEnabled(1, true); shifts.setEnabled(0, false);"));
+    QVERIFY(row->isEnabled(1));
+    QVERIFY(!row->isEnabled(0));
+    QVERIFY(row->isEnabled());
 }
 
 void TestZorvaDoubleSpinBoxList::laterChangesOfDisplayStayStored()

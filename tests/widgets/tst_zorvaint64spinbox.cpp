@@ -27,6 +27,7 @@ private Q_SLOTS:
     void textScaleResets_data();
     void textScaleResets();
     void numberScaleReachesTheControl();
+    void scriptReachesBothScaleSlots();
     void writesWholeHertz_data();
     void writesWholeHertz();
     void reads_data();
@@ -122,6 +123,15 @@ void TestZorvaInt64SpinBox::numberScaleReachesTheControl()
     QCOMPARE(control->value(), 25.0);
     QCOMPARE(control->suffix(), QStringLiteral("kHz"));
     QCOMPARE(form.writtenBy("width"), QStringLiteral("<width>25000</width>"));
+}
+
+void TestZorvaInt64SpinBox::scriptReachesBothScaleSlots()
+{
+    FormFixture form(widthRow());
+    form.evaluate(QStringLiteral("width.setUnitScale(1000000)"));
+    QCOMPARE(form.row("width")->property("suffix").toString(), QStringLiteral("MHz"));
+    form.evaluate(QStringLiteral("width.setUnitScale('GHz')"));
+    QCOMPARE(form.row("width")->property("suffix").toString(), QStringLiteral("Hz"));
 }
 
 void TestZorvaInt64SpinBox::writesWholeHertz_data()

@@ -117,6 +117,9 @@ void TestZorvaPushButton::iconSizeReachesTheButton()
     QCOMPARE(form.control<QPushButton>("start")->iconSize(), QSize(40, 20));
     row->setIconSize(QSize(8, 8));
     QCOMPARE(form.control<QPushButton>("start")->iconSize(), QSize(8, 8));
+    form.evaluate(QStringLiteral("start.setIconSize(30, 10); start.setIcon(':/ZorvaParser/Loaded_ON.png');"));
+    QCOMPARE(form.control<QPushButton>("start")->iconSize(), QSize(30, 10));
+    QVERIFY(!form.control<QPushButton>("start")->icon().isNull());
 }
 
 void TestZorvaPushButton::emptiedTextLeavesTheToolTip()
