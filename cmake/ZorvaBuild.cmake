@@ -52,6 +52,17 @@ function(zorva_export_header folder prefix library)
     DESTINATION ${ZORVA_INSTALL_INCLUDEDIR}/${folder})
 endfunction()
 
+# zorva_install_headers(<folder> <header>...)
+# Installs public headers below <folder>, and notes each for the check that it
+# compiles alone.
+function(zorva_install_headers folder)
+  install(FILES ${ARGN} DESTINATION ${ZORVA_INSTALL_INCLUDEDIR}/${folder})
+  foreach(header IN LISTS ARGN)
+    get_filename_component(file ${header} NAME)
+    set_property(GLOBAL APPEND PROPERTY ZORVA_PUBLIC_HEADERS ${folder}/${file})
+  endforeach()
+endfunction()
+
 # zorva_add_host_library(<name> SOURCES ... HEADERS ... LINK ...)
 # One SHARED library for one folder below host/, with the alias
 # ZorvaHost::<name>, the export macro <NAME>_EXPORT and its installation.
@@ -77,7 +88,7 @@ function(zorva_add_host_library name)
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-  install(FILES ${ARG_HEADERS} DESTINATION ${ZORVA_INSTALL_INCLUDEDIR}/${name})
+  zorva_install_headers(${name} ${ARG_HEADERS})
 endfunction()
 
 # zorva_add_test(<name> SOURCES ... LINK ... [LABELS ...] [XVFB] [TIMEOUT s])
