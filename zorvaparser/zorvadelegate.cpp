@@ -32,6 +32,10 @@ int blockDepth = 0;
 // A description or parameter XML must not ask for all memory with one number.
 constexpr qint64 mostCells = 1000000;
 
+// Qt looks a dynamic property up one by one, so a row that is given a million of
+// them would never be read to its end.
+constexpr int mostProperties = 1000;
+
 // No double has a digit behind this place; a tooltip asked for more is not worth the memory.
 constexpr int lastDecimal = 1074;
 
@@ -155,9 +159,15 @@ bool ZorvaDelegate::ParseProperty(QXmlStreamReader& reader, bool custom)
     if (custom)
         customProperties.insert(name, value);
     if (!custom || name == QLatin1String("toolTip"))
-        setProperty(name.toLatin1().constData(), value);
+        SetParsedProperty(name.toLatin1(), value);
     reader.skipCurrentElement();
     return true;
+}
+
+void ZorvaDelegate::SetParsedProperty(const QByteArray& key, const QVariant& value)
+{
+    if (dynamicPropertyNames().count() < mostProperties || property(key.constData()).isValid())
+        setProperty(key.constData(), value);
 }
 
 void ZorvaDelegate::FinishParse()
@@ -549,7 +559,7 @@ values::ValueBool* ZorvaDelegate::CreateValueBoolean(const QString& name)
 values::ValueString* ZorvaDelegate::CreateValueString(const QString& name)
 {
     auto* const value = PrepareValue(new values::ValueString(GetVTName(), ValueState::Normal));
-    value->SetValue(property(name.toLatin1().constData()).toString(), nullptr);
+    value->SetValue(PropertyText(name.toLatin1().constData()), nullptr);
     // A text that finds its place taken lives outside the tree.
     values::Tree::Instance()->AddValue(GetVTNodePath(), value);
     return value;

@@ -19,7 +19,7 @@ void ZorvaHiddenTable::CreateValueTree()
 {
     const int rows = GetInt(QStringLiteral("rowCount"), 0);
     const int columns = GetInt(QStringLiteral("columnCount"), 0);
-    if (!ResizeList(items, rows, columns, columnCount))
+    if (!ResizeList(items, rows, columns, 0))
         return;
     rowCount = rows;
     columnCount = columns;
