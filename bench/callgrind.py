@@ -1,0 +1,105 @@
+#!/usr/bin/env python3
+"""Counts the instructions of the steps that have no window, ours and the bare minimum
+in one process, and writes them as a Markdown table.
+
+    bench/callgrind.py build/bench/bin/zorva-goals [--rows 100,1000] [--only parse,read] [--check]
+
+With --check the exit code is 1 if a bar is missed."""
+
+import argparse
+import glob
+import os
+import re
+import subprocess
+import sys
+import tempfile
+
+# ours / theirs may be this at most
+BARS = {
+    "parse": 1.20,
+    "write": 1.6,
+    "read": 1.7,
+    "parse-flat": 1.3,
+    "parse-perrow": 1.3,
+    "read-flat": 1.3,
+    "read-perrow": 1.3,
+    "values": 1.3,
+}
+# ours may take this many instructions a row at most
+BARS_PER_ROW = {"values": 20000}
+GROWTH = 1.05
+
+
+def count(program, rows, only, folder):
+    command = [
+        "valgrind", "--tool=callgrind", "--instr-atstart=no", "--dump-line=no",
+        "--callgrind-out-file=" + os.path.join(folder, "out"),
+        program, "--instructions", "--rows", rows,
+    ]
+    if only:
+        command += ["--only", only]
+    subprocess.run(command, check=True, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE,
+                   env=dict(os.environ, QT_QPA_PLATFORM="offscreen", QT_HASH_SEED="0"))
+
+
+def read(folder):
+    """{(name, rows): {"floor": instructions, "ours": instructions}} in the order of the dumps."""
+    counts = {}
+    dumps = glob.glob(os.path.join(folder, "out.*"))
+    for dump in sorted(dumps, key=lambda name: int(name.rsplit(".", 1)[1])):
+        with open(dump, encoding="utf-8", errors="replace") as lines:
+            text = lines.read()
+        trigger = re.search(r"^desc: Trigger: Client Request: (\S+) (\d+) (floor|ours)", text, re.M)
+        total = re.search(r"^(?:summary|totals): (\d+)", text, re.M)
+        if trigger and total:
+            key = trigger.group(1), int(trigger.group(2))
+            counts.setdefault(key, {})[trigger.group(3)] = int(total.group(1))
+    return counts
+
+
+def verdict(name, rows, pair):
+    bar = BARS.get(name)
+    per_row = BARS_PER_ROW.get(name)
+    if bar is None and per_row is None:
+        return "", ""
+    kept = (bar is not None and pair["ours"] <= bar * pair["floor"]) or (
+        per_row is not None and pair["ours"] <= per_row * rows)
+    return str(bar) if per_row is None else f"{bar} or {per_row} a row", "must" if kept else "**missed**"
+
+
+def table(counts):
+    lines = ["| step | rows | theirs, a row | ours, a row | ratio | bar | verdict | ours, growth a row |",
+             "|---|---|---|---|---|---|---|---|"]
+    for (name, rows), pair in counts.items():
+        bar, result = verdict(name, rows, pair)
+        less = counts.get((name, rows // 10))
+        growth = ""
+        if less:
+            factor = pair["ours"] / less["ours"] / 10
+            growth = f"{factor:.3f}"
+            if rows >= 10000 and factor > GROWTH:
+                growth += " **missed**"
+        lines.append(f"| {name} | {rows} | {pair['floor'] / rows:,.0f} | {pair['ours'] / rows:,.0f} "
+                     f"| {pair['ours'] / pair['floor']:.2f} | {bar} | {result} | {growth} |")
+    return "\n".join(lines)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawTextHelpFormatter)
+    parser.add_argument("program")
+    parser.add_argument("--rows", default="100,1000")
+    parser.add_argument("--only", default="")
+    parser.add_argument("--keep", help="folder for callgrind's own files")
+    parser.add_argument("--check", action="store_true")
+    options = parser.parse_args()
+    with tempfile.TemporaryDirectory() as scratch:
+        folder = options.keep or scratch
+        os.makedirs(folder, exist_ok=True)
+        count(options.program, options.rows, options.only, folder)
+        text = table(read(folder))
+    print(text)
+    return 1 if options.check and "**missed**" in text else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

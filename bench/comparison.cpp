@@ -1,0 +1,77 @@
+#include "comparison.h"
+
+#include <valgrind/callgrind.h>
+
+#include <algorithm>
+#include <ctime>
+#include <string>
+#include <vector>
+
+namespace {
+
+Spread spreadOf(std::vector<double> numbers)
+{
+    std::sort(numbers.begin(), numbers.end());
+    return {numbers[numbers.size() / 2], numbers.front(), numbers.back()};
+}
+
+// All the work is one thread's, and its own time does not count what other
+// programs take meanwhile.
+double processorSeconds()
+{
+    timespec now;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return double(now.tv_sec) + double(now.tv_nsec) * 1e-9;
+}
+
+void runOnce(const Work& work)
+{
+    work.before();
+    work.run();
+    work.after();
+}
+
+void countSide(const Work& work, const std::string& name)
+{
+    runOnce(work);
+    work.before();
+    CALLGRIND_START_INSTRUMENTATION;
+    CALLGRIND_ZERO_STATS;
+    work.run();
+    CALLGRIND_DUMP_STATS_AT(name.c_str());
+    CALLGRIND_STOP_INSTRUMENTATION;
+    work.after();
+}
+
+} // namespace
+
+void countInstructions(const Comparison& comparison, const char* name)
+{
+    countSide(comparison.floor, std::string(name) + " floor");
+    countSide(comparison.ours, std::string(name) + " ours");
+}
+
+double timeOf(const Work& work)
+{
+    work.before();
+    const double start = processorSeconds();
+    work.run();
+    const double end = processorSeconds();
+    work.after();
+    return end - start;
+}
+
+Timing compareTimes(const Comparison& comparison, int rounds)
+{
+    runOnce(comparison.floor);
+    runOnce(comparison.ours);
+    std::vector<double> floors;
+    std::vector<double> ours;
+    std::vector<double> ratios;
+    for (int round = 0; round < rounds; ++round) {
+        floors.push_back(timeOf(comparison.floor));
+        ours.push_back(timeOf(comparison.ours));
+        ratios.push_back(ours.back() / floors.back());
+    }
+    return {spreadOf(ratios), spreadOf(floors).median, spreadOf(ours).median};
+}

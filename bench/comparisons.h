@@ -1,0 +1,39 @@
+#ifndef ZORVA_BENCH_COMPARISONS_H
+#define ZORVA_BENCH_COMPARISONS_H
+
+#include "comparison.h"
+#include "formgenerator.h"
+
+#include <QString>
+
+#include <vector>
+
+/// The texts of the load at one size.
+struct Load
+{
+    explicit Load(int rows, Grouping grouping = Grouping::Twenty);
+
+    /// Made when first asked for, and kept.
+    static const Load& ofSize(int rows, Grouping grouping = Grouping::Twenty);
+
+    FormGenerator form;
+    QString description;
+    QString parameters;
+    QString changed;
+    QString ui;
+};
+
+/// A comparison by name, to be made for a load of any size.
+struct ComparisonKind
+{
+    const char* name;  ///< one word
+    const char* title; ///< "ours / theirs"
+    Comparison (*make)(const Load& load);
+    bool counted; ///< worth counting instructions: no window, so they repeat
+};
+
+const std::vector<ComparisonKind>& comparisonKinds();
+/// Null if there is no such name.
+const ComparisonKind* findComparison(const QString& name);
+
+#endif

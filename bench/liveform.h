@@ -1,0 +1,62 @@
+#ifndef ZORVA_BENCH_LIVEFORM_H
+#define ZORVA_BENCH_LIVEFORM_H
+
+#include <zorvaparser/zorvaformular.h>
+
+#include <QExplicitlySharedDataPointer>
+#include <QWidget>
+
+#include <memory>
+
+/// Size of every window that the benches show.
+const int windowWidth = 800;
+const int windowHeight = 600;
+
+/// Shows a window and turns the event loop until its content has been painted.
+/// False if no paint event came.
+bool showAndPaint(QWidget* window, QWidget* content);
+/// Three turns of the event loop: what arrangement and paint need.
+void settle();
+/// The content of a window that is a scroll area or holds one; null if there is none.
+QWidget* contentOf(QWidget* window);
+
+/// The library's form and its window, deleted in this order: window, form.
+class LiveForm
+{
+public:
+    explicit LiveForm(const QString& description);
+    ~LiveForm();
+    LiveForm(const LiveForm&) = delete;
+    LiveForm& operator=(const LiveForm&) = delete;
+
+    Orvane::ZorvaFormular* operator->() const { return m_formular.data(); }
+
+    void createValues();
+    void createGui();
+    bool show();
+    /// All three.
+    void bringUp();
+
+    QWidget* window() const { return m_formular->GetGUI(); }
+    QWidget* content() const { return contentOf(window()); }
+
+private:
+    QExplicitlySharedDataPointer<Orvane::ZorvaFormular> m_formular;
+};
+
+/// The form that Qt's run-time loader makes of the same load.
+class PeerForm
+{
+public:
+    explicit PeerForm(const QString& ui);
+    ~PeerForm();
+    PeerForm(const PeerForm&) = delete;
+    PeerForm& operator=(const PeerForm&) = delete;
+
+    bool show();
+
+private:
+    std::unique_ptr<QWidget> m_window;
+};
+
+#endif
