@@ -267,6 +267,8 @@ protected:
 
 private:
     bool ParseProperty(QXmlStreamReader& reader, bool custom);
+    /** A description's thousandth name is the last new one that a row takes. */
+    void SetParsedProperty(const QByteArray& key, const QVariant& value);
     void FinishParse();
     /** Writes a converted limit or step back, marker first; false if it was converted before. */
     bool TakeConverted(const char* name, const char* marker, double& number, double factor, double offset);

@@ -272,10 +272,13 @@ void ZorvaChannelSpacingTable::Refill()
     const QScopedValueRollback<bool> guard(updating, true);
     QHeaderView* const header = tableWidget->verticalHeader();
     header->setUpdatesEnabled(false);
+    // Resizing one section at a time costs a walk through all of them.
+    header->setDefaultSectionSize(rowHeight);
     tableWidget->setRowCount(spacings.count());
     for (int i = 0; i < spacings.count(); ++i) {
         tableWidget->setVerticalHeaderItem(i, new QTableWidgetItem(QString::number(i + 1)));
-        header->resizeSection(i, rowHeight);
+        if (header->sectionSize(i) != rowHeight)
+            header->resizeSection(i, rowHeight);
         auto* const item = new QTableWidgetItem;
         item->setData(Qt::DisplayRole, spacings.at(i));
         tableWidget->setItem(i, 0, item);
