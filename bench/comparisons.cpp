@@ -115,16 +115,20 @@ Comparison compareParsePeer(const Load& load)
     return {loadPeer(load, false), parseOurs(load)};
 }
 
+// Creating the values runs the script; without one only the values count.
 Comparison compareValues(const Load& load)
 {
+    FormGenerator form = load.form;
+    form.setScript(false);
+    const auto description = std::make_shared<QString>(form.description());
     const auto floor = makeSlot<FloorForm>();
     const auto ours = makeSlot<LiveForm>();
-    return {{[floor, &load] {
+    return {{[floor, description] {
                  *floor = std::make_unique<FloorForm>();
-                 (*floor)->parse(load.description);
+                 (*floor)->parse(*description);
              },
              [floor] { (*floor)->createValues(); }, drop(floor)},
-            {[ours, &load] { *ours = std::make_unique<LiveForm>(load.description); },
+            {[ours, description] { *ours = std::make_unique<LiveForm>(*description); },
              [ours] { (*ours)->createValues(); }, drop(ours)}};
 }
 

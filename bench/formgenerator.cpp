@@ -221,6 +221,14 @@ void writeEnums(QXmlStreamWriter& writer, const QStringList& names, const QStrin
     writer.writeEndElement();
 }
 
+void writeScript(QXmlStreamWriter& writer)
+{
+    writer.writeStartElement(QStringLiteral("Script"));
+    writer.writeAttribute(QStringLiteral("language"), QStringLiteral("qtscript"));
+    writer.writeCharacters(QStringLiteral("function twice(x) { return 2 * x; }\nvar four = twice(2);"));
+    writer.writeEndElement();
+}
+
 class UiWriter
 {
 public:
@@ -375,10 +383,8 @@ QString FormGenerator::description() const
     writer.writeStartElement(QStringLiteral("KVParamGui"));
     writer.writeAttribute(QStringLiteral("version"), QStringLiteral("1.0"));
     writeEnums(writer, m_enums, QString());
-    writer.writeStartElement(QStringLiteral("Script"));
-    writer.writeAttribute(QStringLiteral("language"), QStringLiteral("qtscript"));
-    writer.writeCharacters(QStringLiteral("function twice(x) { return 2 * x; }\nvar four = twice(2);"));
-    writer.writeEndElement();
+    if (m_script)
+        writeScript(writer);
     writer.writeStartElement(QStringLiteral("Sheet"));
     writer.writeAttribute(QStringLiteral("name"), QStringLiteral("sheet"));
     for (const RowPlan& row : m_rows)

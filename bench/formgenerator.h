@@ -39,6 +39,8 @@ public:
 
     /// Numbers without limits are dear to display; the load gives them.
     void setLimits(bool limits) { m_limits = limits; }
+    /// The load has a short script.
+    void setScript(bool script) { m_script = script; }
     /// A form of number rows alone.
     void setOnlySpins();
 
@@ -49,7 +51,7 @@ public:
     static const int choiceCount = 8;
     static QString choiceName(int index);
 
-    /// The form description, with a short script.
+    /// The form description.
     QString description() const;
     /// Parameter XML with the values of the description, or with all values new.
     QString parameters(bool changed) const;
@@ -65,6 +67,7 @@ private:
     QStringList m_enums;
     int m_choiceRows = 0;
     bool m_limits = true;
+    bool m_script = true;
 };
 
 #endif
