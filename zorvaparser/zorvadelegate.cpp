@@ -760,6 +760,13 @@ bool ZorvaDelegate::ResizeList(QList<QVariant>& list, int rows, int columns, int
     return true;
 }
 
+bool ZorvaDelegate::MarkModified()
+{
+    const QPointer<ZorvaDelegate> alive(this);
+    setModified(true);
+    return alive;
+}
+
 void ZorvaDelegate::PlaceControl(FloatGroupLayout* layout, QWidget* control)
 {
     layout->addWidget(control);

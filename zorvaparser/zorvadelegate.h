@@ -246,6 +246,8 @@ protected:
             setProperty("value", value->GetValue());
     }
 
+    /** Marks the row; false if the host dropped the form in answer, and this row with it. */
+    bool MarkModified();
     /** Adds @p control to @p layout and ends the row. */
     static void PlaceControl(FloatGroupLayout* layout, QWidget* control);
     /** The label's text, or else the row's tag: what a control shows as tool tip for want of a better one. */

@@ -163,7 +163,8 @@ void ZorvaChannelSpacingTable::sl_cellChanged(int row, int)
         return;
     const double value = item->data(Qt::DisplayRole).toDouble();
     spacings[row] = value;
-    setModified(true);
+    if (!MarkModified())
+        return;
     Q_EMIT spacingChanged(row);
     Q_EMIT spacingValueChanged(row, value);
 }

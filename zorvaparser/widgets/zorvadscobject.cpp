@@ -188,9 +188,9 @@ void ZorvaDSCObject::emitSpectralDetectorProcStatusToggled(bool status)
 
 void ZorvaDSCObject::Update(Observable* observable, TChangeCode code)
 {
+    ForgetValue(exclusionFrequencies, observable, code);
     if (IsContentChange(exclusionFrequencies, observable, code))
         setModified(true);
-    ForgetValue(exclusionFrequencies, observable, code);
 }
 
 } // namespace Orvane

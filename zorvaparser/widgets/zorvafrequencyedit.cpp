@@ -232,15 +232,15 @@ void ZorvaFrequencyEdit::SlotLockButtonChecked(bool checked)
 
 void ZorvaFrequencyEdit::Update(Observable* observable, TChangeCode code)
 {
-    if (IsContentChange(frequencyValue, observable, code)) {
-        const qlonglong hertz = truncatedTo<qint64>(frequencyValue->GetValue());
-        if (!ChangeProperty(QStringLiteral("value"), hertz))
-            return;
-        Q_EMIT valueChanged(hertz);
-        Q_EMIT editingFinished();
-        setModified(true);
-    }
     ForgetValue(frequencyValue, observable, code);
+    if (!IsContentChange(frequencyValue, observable, code))
+        return;
+    const qlonglong hertz = truncatedTo<qint64>(frequencyValue->GetValue());
+    if (!ChangeProperty(QStringLiteral("value"), hertz))
+        return;
+    Q_EMIT valueChanged(hertz);
+    Q_EMIT editingFinished();
+    setModified(true);
 }
 
 void ZorvaFrequencyEdit::PropertyChanged(const QString& name, const QVariant& value)

@@ -61,8 +61,8 @@ void ZorvaHidden::PropertyChanged(const QString& name, const QVariant& newValue)
     if (text == value->GetValue())
         return;
     value->SetValue(text, this);
-    setModified(true);
-    Q_EMIT valueChanged(text);
+    if (MarkModified())
+        Q_EMIT valueChanged(text);
 }
 
 void ZorvaHidden::setValue(QString text)

@@ -63,8 +63,8 @@ void ZorvaHiddenList::setItemValue(int index, QString value)
         setItemCount(index + 1);
     if (!SetListValue(items, value, index, 0, 1))
         return;
-    setModified(true);
-    Q_EMIT itemValueChanged(index, value);
+    if (MarkModified())
+        Q_EMIT itemValueChanged(index, value);
 }
 
 } // namespace Orvane

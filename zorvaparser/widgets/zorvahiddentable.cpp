@@ -79,8 +79,8 @@ void ZorvaHiddenTable::setItemValue(int row, int column, QString value)
 {
     if (!SetListValue(items, value, row, column, columnCount))
         return;
-    setModified(true);
-    Q_EMIT itemValueChanged(row, column, value);
+    if (MarkModified())
+        Q_EMIT itemValueChanged(row, column, value);
 }
 
 } // namespace Orvane

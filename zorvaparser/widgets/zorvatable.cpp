@@ -117,8 +117,8 @@ void ZorvaTable::sl_cellChanged(int row, int column)
         return;
     // By row alone: forms in the field count on the list looking like this.
     cells[row] = item->data(Qt::DisplayRole);
-    setModified(true);
-    Q_EMIT cellChanged(row, column);
+    if (MarkModified())
+        Q_EMIT cellChanged(row, column);
 }
 
 QVariant ZorvaTable::itemValue(int row, int column)
