@@ -2,26 +2,8 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QVector>
 
 namespace {
-
-// The content widgets held at present, innermost last; cleared entries are
-// content that died meanwhile.
-QVector<QPointer<QWidget>>& heldContents()
-{
-    static QVector<QPointer<QWidget>> contents;
-    return contents;
-}
-
-bool isHeld(const QWidget* content)
-{
-    for (const QPointer<QWidget>& held : qAsConst(heldContents())) {
-        if (held == content)
-            return true;
-    }
-    return false;
-}
 
 // Marks the widget and what lies in it by the bare attribute. Coming back by
 // QWidget::setUpdatesEnabled would ask for the update of every single child,
@@ -46,28 +28,37 @@ bool updatesWanted(const QWidget* widget)
 
 } // namespace
 
-BulkChange::BulkChange(QWidget* content)
+BulkChange::BulkChange(QWidget* content, Hold hold)
 {
-    if (!content || !content->isVisible() || isHeld(content))
+    if (!content || !content->isVisible())
         return;
-    m_content = content;
-    heldContents().append(m_content);
-    if (content->layout() && content->layout()->isEnabled()) {
-        m_layout = content->layout();
-        m_layout->setEnabled(false);
-    }
-    m_paintingHeld = content->updatesEnabled();
-    if (m_paintingHeld)
-        markUpdatesDisabled(content, true);
+    if (hold == PaintingAndLayout)
+        holdLayout(content->layout());
+    holdPainting(content);
 }
 
 BulkChange::~BulkChange()
 {
     if (m_layout)
         releaseLayout();
-    if (m_content && m_paintingHeld)
+    if (m_content)
         releasePainting();
-    heldContents().removeAll(m_content);
+}
+
+void BulkChange::holdLayout(QLayout* layout)
+{
+    if (!layout || !layout->isEnabled())
+        return;
+    m_layout = layout;
+    m_layout->setEnabled(false);
+}
+
+void BulkChange::holdPainting(QWidget* content)
+{
+    if (!content->updatesEnabled())
+        return;
+    m_content = content;
+    markUpdatesDisabled(content, true);
 }
 
 void BulkChange::releaseLayout()

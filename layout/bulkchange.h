@@ -12,26 +12,32 @@
 ///     for (QWidget* row : rows)
 ///         row->setVisible(true);
 ///
-/// Guards nest; only the outermost of a content widget acts. Null and content
+/// Guards nest; what an outer one holds is left to it. Null and content
 /// that is not visible are fine and cost nothing. The content and its layout
 /// may die while they are held. What a host asked for itself (updates switched
 /// off, layout switched off) stays as asked. The arrangement follows in the
 /// next turn of the event loop.
+///
+/// A guard that holds Painting alone is for changes that move nothing; changes
+/// that do are arranged as if there were none.
 class BulkChange
 {
     Q_DISABLE_COPY(BulkChange)
 
 public:
-    explicit BulkChange(QWidget* content);
+    enum Hold { Painting, PaintingAndLayout };
+
+    explicit BulkChange(QWidget* content, Hold hold = PaintingAndLayout);
     ~BulkChange();
 
 private:
+    void holdLayout(QLayout* layout);
+    void holdPainting(QWidget* content);
     void releaseLayout();
     void releasePainting();
 
-    QPointer<QWidget> m_content; // null unless this guard is the one that acts
+    QPointer<QWidget> m_content; // null unless its painting is held by this guard
     QPointer<QLayout> m_layout;  // null unless switched off by this guard
-    bool m_paintingHeld = false;
 };
 
 #endif

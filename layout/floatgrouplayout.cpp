@@ -4,6 +4,7 @@
 
 #include <layout/floatgrouplayout.h>
 
+#include "bulkshow_p.h"
 #include "headlinebox_p.h"
 
 #include <QEvent>
@@ -232,6 +233,8 @@ FloatGroupLayout::FloatGroupLayout(QScrollArea* scrollArea)
     if (!m_scrollArea)
         return;
     m_scrollArea->installEventFilter(this);
+    if (QWidget* content = m_scrollArea->widget())
+        new BulkShow(content, this); // which the layout owns
     // The content may be taken off the area and outlive it.
     connect(m_scrollArea, &QObject::destroyed, this, [this] { m_scrollArea = nullptr; });
 }

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QScreen>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -117,6 +118,20 @@ void enlargeText(Form& form)
     form.content->setFont(font);
 }
 
+// Counts the requests for painting that a widget hears while it would follow them.
+class RequestCounter : public QObject
+{
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::UpdateLater && static_cast<QWidget*>(watched)->updatesEnabled())
+            ++followed;
+        return false;
+    }
+
+    int followed = 0;
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(Change)
@@ -142,6 +157,12 @@ private Q_SLOTS:
     void childrenSwitchedOffStaySo();
     void layoutSwitchedOffByTheHost();
     void requestDeliveredMeanwhile();
+    void paintingAlone();
+    void layoutInsideOfPainting();
+    void shownAgain_data();
+    void shownAgain();
+    void shownAgainAsTheHostLeftIt();
+    void shownAgainInATab();
 };
 
 void tst_BulkChange::samePicture_data()
@@ -359,6 +380,99 @@ void tst_BulkChange::requestDeliveredMeanwhile()
     }
     form.settle();
     QVERIFY(below->y() < top);
+}
+
+void tst_BulkChange::paintingAlone()
+{
+    Form form;
+    {
+        BulkChange bulk(form.content, BulkChange::Painting);
+        QVERIFY(form.layout->isEnabled());
+        QVERIFY(!form.controls.first()->updatesEnabled());
+    }
+    QVERIFY(form.controls.first()->updatesEnabled());
+}
+
+void tst_BulkChange::layoutInsideOfPainting()
+{
+    Form form;
+    BulkChange outer(form.content, BulkChange::Painting);
+    {
+        BulkChange inner(form.content);
+        QVERIFY(!form.layout->isEnabled());
+    }
+    QVERIFY(form.layout->isEnabled());
+    QVERIFY(!form.content->updatesEnabled());
+}
+
+void tst_BulkChange::shownAgain_data()
+{
+    QTest::addColumn<Change>("whileHidden");
+    QTest::newRow("unchanged") << Change([](Form&) {});
+    QTest::newRow("rows hidden") << Change(hideSome);
+    QTest::newRow("new content") << Change(fillAll);
+    QTest::newRow("disabled") << Change(disableAll);
+    QTest::newRow("larger text") << Change(enlargeText);
+}
+
+void tst_BulkChange::shownAgain()
+{
+    QFETCH(Change, whileHidden);
+    Form form;
+    QVERIFY(QTest::qWaitForWindowExposed(&form.area));
+    form.settle();
+    RequestCounter requests;
+    for (QWidget* control : qAsConst(form.controls))
+        control->installEventFilter(&requests);
+    form.area.hide();
+    form.settle();
+    whileHidden(form);
+    form.area.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form.area));
+    const QImage screen = form.screen();
+    QCOMPARE(requests.followed, 0);
+    QCOMPARE(form.area.grab().toImage().convertToFormat(QImage::Format_RGB32),
+             screen.convertToFormat(QImage::Format_RGB32));
+    for (QWidget* control : qAsConst(form.controls))
+        QVERIFY(control->updatesEnabled());
+}
+
+void tst_BulkChange::shownAgainAsTheHostLeftIt()
+{
+    Form form;
+    form.area.hide();
+    form.controls.first()->setUpdatesEnabled(false);
+    form.controls.last()->hide();
+    form.area.show();
+    QVERIFY(!form.controls.first()->updatesEnabled());
+    QVERIFY(!form.controls.last()->isVisible());
+    QVERIFY(form.layout->isEnabled());
+    form.area.hide();
+    form.content->setUpdatesEnabled(false);
+    form.area.show();
+    QVERIFY(!form.content->updatesEnabled());
+    QVERIFY(!form.controls.at(1)->updatesEnabled());
+}
+
+void tst_BulkChange::shownAgainInATab()
+{
+    QTabWidget tabs;
+    Form form;
+    tabs.addTab(&form.area, QStringLiteral("form"));
+    tabs.addTab(new QWidget, QStringLiteral("other"));
+    tabs.resize(560, 480);
+    tabs.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&tabs));
+    form.settle();
+    tabs.setCurrentIndex(1);
+    QVERIFY(!form.content->isVisible());
+    tabs.setCurrentIndex(0);
+    QVERIFY(form.content->isVisible());
+    QVERIFY(form.content->updatesEnabled());
+    form.settle();
+    QCOMPARE(tabs.grab().toImage().convertToFormat(QImage::Format_RGB32),
+             tabs.screen()->grabWindow(tabs.winId()).toImage().convertToFormat(QImage::Format_RGB32));
+    form.area.setParent(nullptr);
 }
 
 QTEST_MAIN(tst_BulkChange)
