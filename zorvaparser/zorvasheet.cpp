@@ -321,7 +321,7 @@ void ZorvaSheet::SetFontSize(int size)
 
 void ZorvaSheet::SetEnableInput(bool enable, bool restricted)
 {
-    const BulkChange bulk(Content());
+    const BulkChange bulk(Content(), BulkChange::Painting);
     for (const WidgetPointer& widget : qAsConst(widgets))
         widget->GetDelegate()->EnableInput(enable, restricted);
     sheetUi->EnableInput(enable, restricted);
