@@ -14,7 +14,8 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     double hertz = 0.0;
     if (FrequencyText::Parse(text, &hertz) && std::isfinite(hertz) && std::abs(hertz) < 1e12) {
         double again = 0.0;
-        fuzz::require(FrequencyText::Parse(FrequencyText::Format(hertz), &again), "what is shown is readable");
+        fuzz::require(FrequencyText::Parse(FrequencyText::Format(hertz), &again),
+                      "what is shown is readable");
         fuzz::require(std::abs(again - hertz) <= 0.5e-3 + std::abs(hertz) * 1e-15, "no hertz is lost");
     }
     values::NumericDouble value(QStringLiteral("frequency"), 0);

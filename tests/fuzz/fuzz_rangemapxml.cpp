@@ -5,8 +5,9 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     static const fuzz::LiveForm form(fuzz::galleryDescription());
     const QString ranges = fuzz::textOf(data, size);
-    form->SetXmlString(QStringLiteral("<Gallery><Special><ExclusionRanges>%1</ExclusionRanges></Special></Gallery>")
-                           .arg(ranges));
+    form->SetXmlString(
+        QStringLiteral("<Gallery><Special><ExclusionRanges>%1</ExclusionRanges></Special></Gallery>")
+            .arg(ranges));
     form->SetXmlString(QStringLiteral("<Gallery><Special><ExclusionFrequencyList>%1</ExclusionFrequencyList>"
                                       "</Special></Gallery>")
                            .arg(ranges));
