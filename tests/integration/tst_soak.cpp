@@ -1,7 +1,7 @@
 // A form of many rows lives long: edited, applied, hidden, shown and rebuilt
 // again and again, it must cost neither more memory nor more time at the end
 // than it did at the beginning.
-//   ZORVA_SOAK_ROUNDS=<n> ZORVA_SOAK_ROWS=<n> tst_soak
+//   ZORVA_SOAK_ROUNDS=<n> ZORVA_SOAK_ROWS=<n> ZORVA_SOAK_LIFE=<rounds> tst_soak
 #include "processfigures.h"
 
 #include <formtest.h>
@@ -136,7 +136,7 @@ void TestSoak::memoryAndTimeStayFlat()
 {
     const int rows = setting("ZORVA_SOAK_ROWS", 100);
     const int rounds = setting("ZORVA_SOAK_ROUNDS", 300);
-    const int roundsOfALife = 10;
+    const int roundsOfALife = setting("ZORVA_SOAK_LIFE", 10);
     const size_t part = rounds / 4;
     std::vector<qint64> allocated;
     std::vector<qint64> resident;
