@@ -22,12 +22,23 @@ namespace {
 
 constexpr QLatin1Char slash('/');
 
+/// Whether one "/" stands before each part and none at the end.
+bool isNormal(const QString& path)
+{
+    bool isPartEnd = true;
+    for (auto at = path.crbegin(); at != path.crend(); ++at) {
+        const bool isSlash = *at == slash;
+        if (isSlash && isPartEnd)
+            return false;
+        isPartEnd = isSlash;
+    }
+    return isPartEnd;
+}
+
 /// The path with one "/" before each part and none at the end.
 QString normalized(const QString& path)
 {
-    const bool isNormal =
-        path.startsWith(slash) && !path.endsWith(slash) && !path.contains(QLatin1String("//"));
-    if (isNormal)
+    if (isNormal(path))
         return path;
     QString result;
     for (const QStringRef& part : path.splitRef(slash, Qt::SkipEmptyParts)) {
@@ -107,16 +118,16 @@ QString Tree::pathOf(const ValueBase* value)
 
 bool Tree::insert(const Place& place, ValueBase* value)
 {
-    TreeNode* node = m_nodes.value(place.nodePath);
-    const Key key{node, place.name};
-    if (node && m_values.contains(key))
-        return false;
-    if (!node) {
+    TreeNode*& node = m_nodes[place.nodePath];
+    if (!node)
         node = new TreeNode{place.nodePath, 0};
-        m_nodes.insert(place.nodePath, node);
+    if (!place.name.isEmpty()) {
+        // Nothing stands in a new node, so none is left behind empty.
+        ValueBase*& there = m_values[Key{node, place.name}];
+        if (there)
+            return false;
+        there = value;
     }
-    if (!place.name.isEmpty())
-        m_values.insert(Key{node, place.name}, value);
     value->m_treeNode = node;
     ++node->valueCount;
     ++m_valueCount;
