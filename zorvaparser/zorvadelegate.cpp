@@ -14,6 +14,7 @@
 #include <QCoreApplication>
 #include <QDynamicPropertyChangeEvent>
 #include <QScopedValueRollback>
+#include <QStringBuilder>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -216,7 +217,7 @@ void ZorvaDelegate::setVisible(bool flag)
 
 void ZorvaDelegate::setLabelText(QString text)
 {
-    ChangeProperty(QStringLiteral("labelText"), text);
+    ChangeProperty("labelText", text);
 }
 
 void ZorvaDelegate::setCustomProperty(QString name, QVariant value)
@@ -286,10 +287,14 @@ void ZorvaDelegate::PropertyChanged(const QString& name, const QVariant& value)
 
 bool ZorvaDelegate::ChangeProperty(const QString& name, QVariant value)
 {
-    const QByteArray key = name.toLatin1();
-    if (value == property(key.constData()))
+    return ChangeProperty(name.toLatin1().constData(), value);
+}
+
+bool ZorvaDelegate::ChangeProperty(const char* name, const QVariant& value)
+{
+    if (value == property(name))
         return false;
-    setProperty(key.constData(), value);
+    setProperty(name, value);
     return true;
 }
 
@@ -364,13 +369,23 @@ void ZorvaDelegate::PropagateProperty(const QString& name, QObject* target)
 
 bool ZorvaDelegate::GetBool(const QString& name, bool fallback) const
 {
-    const QVariant value = property(name.toLatin1().constData());
+    return GetBool(name.toLatin1().constData(), fallback);
+}
+
+bool ZorvaDelegate::GetBool(const char* name, bool fallback) const
+{
+    const QVariant value = property(name);
     return value.isNull() ? fallback : value.toBool();
 }
 
 int ZorvaDelegate::GetInt(const QString& name, int fallback) const
 {
-    const QVariant value = property(name.toLatin1().constData());
+    return GetInt(name.toLatin1().constData(), fallback);
+}
+
+int ZorvaDelegate::GetInt(const char* name, int fallback) const
+{
+    const QVariant value = property(name);
     if (isFloating(value))
         return roundedOr<int>(fallback, value.toDouble());
     bool ok = false;
@@ -380,7 +395,12 @@ int ZorvaDelegate::GetInt(const QString& name, int fallback) const
 
 qint64 ZorvaDelegate::GetInt64(const QString& name, qint64 fallback) const
 {
-    const QVariant value = property(name.toLatin1().constData());
+    return GetInt64(name.toLatin1().constData(), fallback);
+}
+
+qint64 ZorvaDelegate::GetInt64(const char* name, qint64 fallback) const
+{
+    const QVariant value = property(name);
     if (isFloating(value))
         return roundedOr<qint64>(fallback, value.toDouble());
     bool ok = false;
@@ -390,7 +410,12 @@ qint64 ZorvaDelegate::GetInt64(const QString& name, qint64 fallback) const
 
 quint64 ZorvaDelegate::GetUInt64(const QString& name, quint64 fallback) const
 {
-    const QVariant value = property(name.toLatin1().constData());
+    return GetUInt64(name.toLatin1().constData(), fallback);
+}
+
+quint64 ZorvaDelegate::GetUInt64(const char* name, quint64 fallback) const
+{
+    const QVariant value = property(name);
     if (isFloating(value))
         return roundedOr<quint64>(fallback, value.toDouble());
     bool ok = false;
@@ -400,20 +425,35 @@ quint64 ZorvaDelegate::GetUInt64(const QString& name, quint64 fallback) const
 
 double ZorvaDelegate::GetDouble(const QString& name, double fallback) const
 {
+    return GetDouble(name.toLatin1().constData(), fallback);
+}
+
+double ZorvaDelegate::GetDouble(const char* name, double fallback) const
+{
     bool ok = false;
-    const double number = property(name.toLatin1().constData()).toDouble(&ok);
+    const double number = property(name).toDouble(&ok);
     return ok ? number : fallback;
 }
 
 QString ZorvaDelegate::GetString(const QString& name, QString fallback) const
 {
-    const QString text = property(name.toLatin1().constData()).toString();
+    return GetString(name.toLatin1().constData(), fallback);
+}
+
+QString ZorvaDelegate::GetString(const char* name, const QString& fallback) const
+{
+    const QString text = property(name).toString();
     return text.isEmpty() ? fallback : text;
 }
 
 QString ZorvaDelegate::GetTranslated(const QString& name)
 {
-    const QString text = property(name.toLatin1().constData()).toString();
+    return GetTranslated(name.toLatin1().constData());
+}
+
+QString ZorvaDelegate::GetTranslated(const char* name)
+{
+    const QString text = property(name).toString();
     return text.isEmpty() ? QString() : Translate(text);
 }
 
@@ -507,7 +547,7 @@ void ZorvaDelegate::SetVTPath(const QString& path)
     if (path.isEmpty() || path.endsWith(QLatin1Char('/')))
         vtPath = path + xmlPath;
     else
-        vtPath = path + QLatin1Char('/') + xmlPath;
+        vtPath = path % QLatin1Char('/') % xmlPath;
 }
 
 const QString& ZorvaDelegate::GetVTPath() const
@@ -595,7 +635,7 @@ ZorvaDelegate::CreateValueSelection(const QString& name, QExplicitlySharedDataPo
         value->AddItem(entry.GetDisplayName(), entry.GetDoubleValue(i), i + 1, nullptr);
     }
     const QString text = property(name.toLatin1().constData()).toString();
-    const ZorvaEnumValue current = enumeration->FindValue(text, nullptr);
+    const ZorvaEnumValue& current = enumeration->FindValue(text, nullptr);
     value->SetStringValue(current.GetDisplayName(), this);
     ChangeProperty(name, current.GetValue());
     return InsertValue(value);
@@ -629,11 +669,11 @@ void ZorvaDelegate::ConfigureValueNumeric(values::IValueNumeric* value)
 {
     if (!value)
         return;
-    double step = GetDouble(QStringLiteral("singleStep"), 1.0);
-    double minimum = GetDouble(QStringLiteral("minimum"), noMinimum);
-    double maximum = GetDouble(QStringLiteral("maximum"), noMaximum);
-    const double factor = GetDouble(QStringLiteral("displayScalingFactor"), 1.0);
-    const double offset = GetDouble(QStringLiteral("displayAdditiveOffset"), 0.0);
+    double step = GetDouble("singleStep", 1.0);
+    double minimum = GetDouble("minimum", noMinimum);
+    double maximum = GetDouble("maximum", noMaximum);
+    const double factor = GetDouble("displayScalingFactor", 1.0);
+    const double offset = GetDouble("displayAdditiveOffset", 0.0);
     if (TakeConverted("minimum", "q_internalLastMinimum", minimum, factor, offset))
         value->SetMin(minimum, this);
     if (TakeConverted("maximum", "q_internalLastMaximum", maximum, factor, offset))
@@ -656,8 +696,8 @@ double ZorvaDelegate::displayTransformation(double value, double factor, double 
 
 double ZorvaDelegate::displayTransformation(double value) const
 {
-    return displayTransformation(value, GetDouble(QStringLiteral("displayScalingFactor"), 1.0),
-                                 GetDouble(QStringLiteral("displayAdditiveOffset"), 0.0));
+    return displayTransformation(value, GetDouble("displayScalingFactor", 1.0),
+                                 GetDouble("displayAdditiveOffset", 0.0));
 }
 
 double ZorvaDelegate::reverseDisplayTransformation(double value, double factor, double offset)
@@ -667,8 +707,8 @@ double ZorvaDelegate::reverseDisplayTransformation(double value, double factor, 
 
 double ZorvaDelegate::reverseDisplayTransformation(double value) const
 {
-    return reverseDisplayTransformation(value, GetDouble(QStringLiteral("displayScalingFactor"), 1.0),
-                                        GetDouble(QStringLiteral("displayAdditiveOffset"), 0.0));
+    return reverseDisplayTransformation(value, GetDouble("displayScalingFactor", 1.0),
+                                        GetDouble("displayAdditiveOffset", 0.0));
 }
 
 QString ZorvaDelegate::formatString(double value, int decimals, QString suffix)
@@ -687,7 +727,7 @@ QString ZorvaDelegate::formatString(double value, int decimals, QString suffix)
 
 void ZorvaDelegate::SetRangeTooltip(QWidget* control, const QString& lowest, const QString& highest)
 {
-    QString text = QStringLiteral("<html>") + GetTranslated(QStringLiteral("labelText"));
+    QString text = QStringLiteral("<html>") + GetTranslated("labelText");
     if (!lowest.isEmpty() || !highest.isEmpty())
         text += QStringLiteral("<br>") + lowest + QStringLiteral("...") + highest;
     control->setToolTip(text);
@@ -697,9 +737,9 @@ void ZorvaDelegate::SetDoubleTooltip(QWidget* control)
 {
     if (!control)
         return;
-    const double scale = GetDouble(QStringLiteral("unitScale"), 1.0);
-    const double lowest = displayTransformation(GetDouble(QStringLiteral("minimum"), noMinimum)) / scale;
-    const double highest = displayTransformation(GetDouble(QStringLiteral("maximum"), noMaximum)) / scale;
+    const double scale = GetDouble("unitScale", 1.0);
+    const double lowest = displayTransformation(GetDouble("minimum", noMinimum)) / scale;
+    const double highest = displayTransformation(GetDouble("maximum", noMaximum)) / scale;
     const int decimals = qMin(property("decimals").toInt(), lastDecimal);
     SetRangeTooltip(control, lowest > noMinimum ? boundText(lowest, decimals) : QString(),
                     highest < noMaximum ? boundText(highest, decimals) : QString());
@@ -711,11 +751,9 @@ void ZorvaDelegate::SetIntTooltip(QWidget* control)
         return;
     constexpr int none = std::numeric_limits<int>::min();
     constexpr int noEnd = std::numeric_limits<int>::max();
-    const double scale = GetDouble(QStringLiteral("unitScale"), 1.0);
-    const int lowest =
-        truncatedTo<int>(displayTransformation(GetInt(QStringLiteral("minimum"), none)) / scale);
-    const int highest =
-        truncatedTo<int>(displayTransformation(GetInt(QStringLiteral("maximum"), noEnd)) / scale);
+    const double scale = GetDouble("unitScale", 1.0);
+    const int lowest = truncatedTo<int>(displayTransformation(GetInt("minimum", none)) / scale);
+    const int highest = truncatedTo<int>(displayTransformation(GetInt("maximum", noEnd)) / scale);
     SetRangeTooltip(control, lowest > none ? QString::number(lowest, 10) : QString(),
                     highest < noEnd ? QString::number(highest, 10) : QString());
 }
@@ -726,9 +764,9 @@ void ZorvaDelegate::SetInt64Tooltip(QWidget* control)
         return;
     constexpr qint64 none = std::numeric_limits<qint64>::min();
     constexpr qint64 noEnd = std::numeric_limits<qint64>::max();
-    const double scale = GetDouble(QStringLiteral("unitScale"), 1.0);
-    const double low = static_cast<double>(GetInt64(QStringLiteral("minimum"), none));
-    const double high = static_cast<double>(GetInt64(QStringLiteral("maximum"), noEnd));
+    const double scale = GetDouble("unitScale", 1.0);
+    const double low = static_cast<double>(GetInt64("minimum", none));
+    const double high = static_cast<double>(GetInt64("maximum", noEnd));
     const qint64 lowest = truncatedTo<qint64>(displayTransformation(low) / scale);
     // Without a maximum the number is just out of range, and shows as the lowest one.
     const qint64 highest = truncatedTo<qint64>(displayTransformation(high) / scale);

@@ -93,6 +93,7 @@ public:
 
     /** Sets the property unless it equals @p value (QVariant comparison); true if set. */
     bool ChangeProperty(const QString& name, QVariant value);
+    bool ChangeProperty(const char* name, const QVariant& value);
     /**
      * Switches a property between forwarded and held back. While it is held back
      * the control shows @p value (if not null) and the property keeps its own.
@@ -111,6 +112,14 @@ public:
     QString GetString(const QString& name, QString fallback) const;
     /** The property's text in the user's language; empty if it is empty. */
     QString GetTranslated(const QString& name);
+    /** The same for a literal name, which needs no conversion. */
+    bool GetBool(const char* name, bool fallback) const;
+    int GetInt(const char* name, int fallback) const;
+    qint64 GetInt64(const char* name, qint64 fallback) const;
+    quint64 GetUInt64(const char* name, quint64 fallback) const;
+    double GetDouble(const char* name, double fallback) const;
+    QString GetString(const char* name, const QString& fallback) const;
+    QString GetTranslated(const char* name);
 
     bool isEnabled();
     bool isGroupVisible();

@@ -30,6 +30,7 @@
 #include <zorvaparser/zorvadelegate.h>
 
 #include <QMap>
+#include <QMetaType>
 #include <QString>
 
 namespace Orvane {
@@ -50,42 +51,59 @@ ZorvaDelegate* makeSeparator(ZorvaWidget* widget)
     return new ZorvaSeparator(widget, IsLine);
 }
 
+/**
+ * Makes pointers to the kind a known type. The script engine asks for the type of each
+ * row's class and base classes, and an unknown name takes Qt far longer than a known one.
+ */
+template <typename Kind>
+Factory known(Factory factory)
+{
+    qRegisterMetaType<Kind*>();
+    return factory;
+}
+
+template <typename Kind>
+Factory makes()
+{
+    return known<Kind>(make<Kind>);
+}
+
 QMap<QString, Factory> buildFactories()
 {
     return {
-        {QStringLiteral("BandwidthEdit"), make<ZorvaInt64SpinBox>},
-        {QStringLiteral("BaudRateSpinBox"), make<ZorvaDoubleSpinBox>},
-        {QStringLiteral("ChannelSpacingTable"), make<ZorvaChannelSpacingTable>},
-        {QStringLiteral("CheckBox"), make<ZorvaCheckBox>},
-        {QStringLiteral("ComboBox"), make<ZorvaComboBox>},
-        {QStringLiteral("DoubleSpinBox"), make<ZorvaDoubleSpinBox>},
-        {QStringLiteral("DoubleSpinBoxList"), make<ZorvaDoubleSpinBoxList>},
-        {QStringLiteral("FixedSpacer"), makeSeparator<false>},
-        {QStringLiteral("FrequencyEdit"), make<ZorvaFrequencyEdit>},
-        {QStringLiteral("FrequencyOffsetEdit"), make<ZorvaInt64SpinBox>},
-        {QStringLiteral("FrequencyRangeEdit"), make<ZorvaFrequencyRangeEdit>},
-        {QStringLiteral("Headline"), make<ZorvaHeadline>},
-        {QStringLiteral("HiddenList"), make<ZorvaHiddenList>},
-        {QStringLiteral("HiddenMap"), make<ZorvaHiddenMap>},
-        {QStringLiteral("HiddenParameter"), make<ZorvaHidden>},
-        {QStringLiteral("HiddenTable"), make<ZorvaHiddenTable>},
-        {QStringLiteral("IPEdit"), make<ZorvaLineEdit>},
-        {QStringLiteral("Label"), make<ZorvaLabel>},
-        {QStringLiteral("LineEdit"), make<ZorvaLineEdit>},
-        {QStringLiteral("PushButton"), make<ZorvaPushButton>},
-        {QStringLiteral("ScriptControl"), make<ZorvaScriptControl>},
-        {QStringLiteral("Separator"), makeSeparator<true>},
-        {QStringLiteral("ShiftList"), make<ZorvaDoubleSpinBoxList>},
-        {QStringLiteral("SpecialObject_Audio"), make<ZorvaAudioObject>},
-        {QStringLiteral("SpecialObject_DSC"), make<ZorvaDSCObject>},
-        {QStringLiteral("SpecialObject_FFT"), make<ZorvaFFTObject>},
-        {QStringLiteral("SpecialObject_FHP"), make<ZorvaFHPObject>},
-        {QStringLiteral("SpecialObject_Generic"), make<ZorvaDelegate>},
-        {QStringLiteral("SpecialObject_Tuner"), make<ZorvaTunerObject>},
-        {QStringLiteral("SpecialObject_WDE"), make<ZorvaDelegate>},
-        {QStringLiteral("SpinBox"), make<ZorvaSpinBox>},
-        {QStringLiteral("SpinBoxList"), make<ZorvaSpinBoxList>},
-        {QStringLiteral("TableWidget"), make<ZorvaTable>},
+        {QStringLiteral("BandwidthEdit"), makes<ZorvaInt64SpinBox>()},
+        {QStringLiteral("BaudRateSpinBox"), makes<ZorvaDoubleSpinBox>()},
+        {QStringLiteral("ChannelSpacingTable"), makes<ZorvaChannelSpacingTable>()},
+        {QStringLiteral("CheckBox"), makes<ZorvaCheckBox>()},
+        {QStringLiteral("ComboBox"), makes<ZorvaComboBox>()},
+        {QStringLiteral("DoubleSpinBox"), makes<ZorvaDoubleSpinBox>()},
+        {QStringLiteral("DoubleSpinBoxList"), makes<ZorvaDoubleSpinBoxList>()},
+        {QStringLiteral("FixedSpacer"), known<ZorvaSeparator>(makeSeparator<false>)},
+        {QStringLiteral("FrequencyEdit"), makes<ZorvaFrequencyEdit>()},
+        {QStringLiteral("FrequencyOffsetEdit"), makes<ZorvaInt64SpinBox>()},
+        {QStringLiteral("FrequencyRangeEdit"), makes<ZorvaFrequencyRangeEdit>()},
+        {QStringLiteral("Headline"), makes<ZorvaHeadline>()},
+        {QStringLiteral("HiddenList"), makes<ZorvaHiddenList>()},
+        {QStringLiteral("HiddenMap"), makes<ZorvaHiddenMap>()},
+        {QStringLiteral("HiddenParameter"), makes<ZorvaHidden>()},
+        {QStringLiteral("HiddenTable"), makes<ZorvaHiddenTable>()},
+        {QStringLiteral("IPEdit"), makes<ZorvaLineEdit>()},
+        {QStringLiteral("Label"), makes<ZorvaLabel>()},
+        {QStringLiteral("LineEdit"), makes<ZorvaLineEdit>()},
+        {QStringLiteral("PushButton"), makes<ZorvaPushButton>()},
+        {QStringLiteral("ScriptControl"), makes<ZorvaScriptControl>()},
+        {QStringLiteral("Separator"), known<ZorvaSeparator>(makeSeparator<true>)},
+        {QStringLiteral("ShiftList"), makes<ZorvaDoubleSpinBoxList>()},
+        {QStringLiteral("SpecialObject_Audio"), makes<ZorvaAudioObject>()},
+        {QStringLiteral("SpecialObject_DSC"), makes<ZorvaDSCObject>()},
+        {QStringLiteral("SpecialObject_FFT"), makes<ZorvaFFTObject>()},
+        {QStringLiteral("SpecialObject_FHP"), makes<ZorvaFHPObject>()},
+        {QStringLiteral("SpecialObject_Generic"), makes<ZorvaDelegate>()},
+        {QStringLiteral("SpecialObject_Tuner"), makes<ZorvaTunerObject>()},
+        {QStringLiteral("SpecialObject_WDE"), makes<ZorvaDelegate>()},
+        {QStringLiteral("SpinBox"), makes<ZorvaSpinBox>()},
+        {QStringLiteral("SpinBoxList"), makes<ZorvaSpinBoxList>()},
+        {QStringLiteral("TableWidget"), makes<ZorvaTable>()},
     };
 }
 

@@ -2,7 +2,6 @@
 
 #include <zorvaparser/zorvadelegate.h>
 
-#include <QVector>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -36,7 +35,7 @@ void ZorvaElement::takeDescendants(QList<ZorvaElement*>& taken)
     }
 }
 
-ZorvaElement* ZorvaElement::child(const QString& tag) const
+ZorvaElement* ZorvaElement::child(QStringView tag) const
 {
     return firstChildByTag.value(tag, nullptr);
 }
@@ -45,8 +44,9 @@ ZorvaElement* ZorvaElement::append(const QStringList& childTags)
 {
     auto* const element = new ZorvaElement;
     element->tags = childTags;
+    element->parent = this;
     children.append(element);
-    for (const QString& tag : childTags) {
+    for (const QString& tag : qAsConst(element->tags)) {
         if (!firstChildByTag.contains(tag))
             firstChildByTag.insert(tag, element);
     }
@@ -56,22 +56,26 @@ ZorvaElement* ZorvaElement::append(const QStringList& childTags)
 void ZorvaElement::addWidget(const WidgetPointer& newWidget)
 {
     ZorvaDelegate* const delegate = newWidget->GetDelegate();
-    const QStringList parts = delegate->GetXmlPath().split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    const auto parts = delegate->GetXmlPath().splitRef(QLatin1Char('/'), Qt::SkipEmptyParts);
     ZorvaElement* current = this;
+    bool isWritten = true;
     for (int i = 0; i + 1 < parts.count(); ++i) {
         ZorvaElement* const group = current->child(parts.at(i));
-        current = group ? group : current->append({parts.at(i)});
+        current = group ? group : current->append({parts.at(i).toString()});
+        isWritten = isWritten && !current->widget;
     }
     const QStringList leafTags =
         delegate->HasSeveralXmlTags() ? delegate->GetAllTags() : QStringList{delegate->GetXmlTagName()};
     current->append(leafTags)->widget = newWidget;
+    if (isWritten)
+        leaves.append({newWidget.data(), current});
 }
 
 ZorvaElement::WidgetPointer ZorvaElement::findWidget(const QString& path) const
 {
     const ZorvaElement* current = this;
-    const QStringList parts = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
-    for (const QString& part : parts) {
+    const auto parts = path.splitRef(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (const QStringRef& part : parts) {
         current = current->child(part);
         if (!current)
             return WidgetPointer();
@@ -79,26 +83,16 @@ ZorvaElement::WidgetPointer ZorvaElement::findWidget(const QString& path) const
     return current->widget;
 }
 
-void ZorvaElement::noteModified() const
+ZorvaElement::Groups ZorvaElement::modifiedGroups() const
 {
-    struct Visit
-    {
-        const ZorvaElement* element;
-        int parent;
-    };
-    QVector<Visit> visits{{this, -1}};
-    for (int i = 0; i < visits.count(); ++i) {
-        const ZorvaElement* const element = visits.at(i).element;
-        element->modifiedBelow = element->widget && element->widget->isModified();
-        if (element->widget)
+    Groups groups;
+    for (const Leaf& leaf : leaves) {
+        if (!leaf.widget->isModified())
             continue;
-        for (const ZorvaElement* const below : element->children)
-            visits.append({below, i});
+        for (const ZorvaElement* group = leaf.group; group && !groups.contains(group); group = group->parent)
+            groups.insert(group);
     }
-    for (int i = visits.count() - 1; i > 0; --i) {
-        if (visits.at(i).element->modifiedBelow)
-            visits.at(visits.at(i).parent).element->modifiedBelow = true;
-    }
+    return groups;
 }
 
 void ZorvaElement::writeChildren(QXmlStreamWriter& writer, bool modifiedOnly) const
@@ -108,8 +102,7 @@ void ZorvaElement::writeChildren(QXmlStreamWriter& writer, bool modifiedOnly) co
         const ZorvaElement* element;
         int next;
     };
-    if (modifiedOnly)
-        noteModified();
+    const Groups wanted = modifiedOnly ? modifiedGroups() : Groups();
     const bool isIndented = writer.autoFormatting();
     QVector<Open> open{{this, 0}};
     while (!open.isEmpty()) {
@@ -125,7 +118,7 @@ void ZorvaElement::writeChildren(QXmlStreamWriter& writer, bool modifiedOnly) co
         const ZorvaElement* const element = group.element->children.at(group.next++);
         if (element->widget) {
             element->widget->GetXml(writer, modifiedOnly);
-        } else if (!modifiedOnly || element->modifiedBelow) {
+        } else if (!modifiedOnly || wanted.contains(element)) {
             writer.writeStartElement(element->tags.first());
             open.append({element, 0});
             if (open.count() > deepestIndent)
@@ -142,7 +135,7 @@ void ZorvaElement::readChildren(QXmlStreamReader& reader) const
         if (token == QXmlStreamReader::EndElement) {
             open.removeLast();
         } else if (token == QXmlStreamReader::StartElement) {
-            const ZorvaElement* const element = open.last()->child(reader.name().toString());
+            const ZorvaElement* const element = open.last()->child(reader.name());
             if (!element)
                 reader.skipCurrentElement();
             else if (element->widget)

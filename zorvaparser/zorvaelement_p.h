@@ -6,7 +6,10 @@
 #include <QExplicitlySharedDataPointer>
 #include <QHash>
 #include <QList>
+#include <QSet>
 #include <QStringList>
+#include <QStringView>
+#include <QVector>
 
 class QXmlStreamReader;
 class QXmlStreamWriter;
@@ -38,17 +41,28 @@ public:
     void readChildren(QXmlStreamReader& reader) const;
 
 private:
-    ZorvaElement* child(const QString& tag) const;
+    using Groups = QSet<const ZorvaElement*>;
+
+    struct Leaf
+    {
+        ZorvaWidget* widget;       // held by the element of the leaf
+        const ZorvaElement* group; // what the leaf hangs in
+    };
+
+    ZorvaElement* child(QStringView tag) const;
     ZorvaElement* append(const QStringList& childTags);
-    void noteModified() const;
+    /** Called on the root: the groups that a modified row stands below, the root included. */
+    Groups modifiedGroups() const;
     void takeDescendants(QList<ZorvaElement*>& taken);
 
     QStringList tags;
     WidgetPointer widget;
-    QList<ZorvaElement*> children; // owned
-    QHash<QString, ZorvaElement*> firstChildByTag;
-    // Scratch of one writing pass: a leaf below is modified.
-    mutable bool modifiedBelow = false;
+    QList<ZorvaElement*> children;                     // owned
+    QHash<QStringView, ZorvaElement*> firstChildByTag; // keys: the children's own tags
+    const ZorvaElement* parent = nullptr;
+    // The root's alone, every leaf that is written: the walk for modified ones must be short.
+    // A leaf whose path goes through the leaf of another row is found, but not written.
+    QVector<Leaf> leaves;
 };
 
 } // namespace Orvane

@@ -7,8 +7,8 @@ namespace Orvane {
 ZorvaEnumValue::ZorvaEnumValue(const QString& name, const QString& identifier, const QString& valueText)
     : displayName(name)
     , enumIdentifier(identifier)
-    , value(valueText)
 {
+    SetValue(valueText);
 }
 
 void ZorvaEnumValue::ParseZORVA(QXmlStreamReader& reader)
@@ -19,17 +19,21 @@ void ZorvaEnumValue::ParseZORVA(QXmlStreamReader& reader)
         else if (reader.name() == QLatin1String("EnumIdentifier"))
             enumIdentifier = reader.readElementText();
         else if (reader.name() == QLatin1String("Value"))
-            value = reader.readElementText();
+            SetValue(reader.readElementText());
         else
             reader.skipCurrentElement();
     });
 }
 
+void ZorvaEnumValue::SetValue(const QString& text)
+{
+    value = text;
+    number = value.toDouble(&isNumber);
+}
+
 double ZorvaEnumValue::GetDoubleValue(double defaultValue) const
 {
-    bool ok = false;
-    const double number = value.toDouble(&ok);
-    return ok ? number : defaultValue;
+    return isNumber ? number : defaultValue;
 }
 
 ZorvaEnum::ZorvaEnum(const QString& enumName)

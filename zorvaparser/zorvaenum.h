@@ -32,9 +32,14 @@ public:
     double GetDoubleValue(double defaultValue) const;
 
 private:
+    void SetValue(const QString& text);
+
     QString displayName;
     QString enumIdentifier;
     QString value;
+    // What the value text reads as: each row of the enumeration asks for every one.
+    double number = 0.0;
+    bool isNumber = false;
 };
 
 /** A named list of choices, in document order; shared between the formular and its rows. */

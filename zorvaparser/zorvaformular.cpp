@@ -293,8 +293,7 @@ QString ZorvaFormular::GetXmlString(bool modifiedOnly)
 
 void ZorvaFormular::SetXmlString(const QString& text)
 {
-    const QString root =
-        sheet.GetSheetUi()->GetString(QStringLiteral("parametersXmlRootTag"), QStringLiteral("Parameters"));
+    const QString root = sheet.GetSheetUi()->GetString("parametersXmlRootTag", QStringLiteral("Parameters"));
     // A document has one root, and the reader stops at a second one; inside a
     // wrapper it takes all that follow, up to the declaration of a further document.
     const QString wrapper = QStringLiteral("<%1List>").arg(root);

@@ -8,8 +8,8 @@ namespace Orvane {
 
 ListItemWriter::ListItemWriter(QXmlStreamWriter& xmlWriter, const ZorvaDelegate& row, UnitUse unitUse)
     : writer(xmlWriter)
-    , tag(row.GetString(QStringLiteral("parameterListItemTag"), QString()))
-    , unit(unitUse == WithUnit ? row.GetString(QStringLiteral("unit"), QString()) : QString())
+    , tag(row.GetString("parameterListItemTag", QString()))
+    , unit(unitUse == WithUnit ? row.GetString("unit", QString()) : QString())
 {
 }
 

@@ -14,7 +14,7 @@ VCNumericFloatSpin* CreateSpinControl(const ZorvaDelegate& row, values::IValueNu
 {
     auto* const control = new VCNumericFloatSpin(parent, nullptr, true);
     control->setObjectName(QString::fromLatin1(name));
-    control->setSuffix(row.GetString(QStringLiteral("suffix"), QString()));
+    control->setSuffix(row.GetString("suffix", QString()));
     control->setAdditionalPrecision(DecimalsOf(row));
     ConfigureSpinDisplay(row, control);
     control->setFixedWidth(QWIDGETSIZE_MAX);
@@ -27,9 +27,9 @@ void ConfigureSpinDisplay(const ZorvaDelegate& row, VCNumericFloatSpin* control)
 {
     if (!control)
         return;
-    control->SetDisplayAdditveOffset(row.GetDouble(QStringLiteral("displayAdditiveOffset"), 0.0));
-    control->SetDisplayScalingFactor(row.GetDouble(QStringLiteral("displayScalingFactor"), 1.0));
-    control->SetUnitScale(row.GetDouble(QStringLiteral("unitScale"), 1.0));
+    control->SetDisplayAdditveOffset(row.GetDouble("displayAdditiveOffset", 0.0));
+    control->SetDisplayScalingFactor(row.GetDouble("displayScalingFactor", 1.0));
+    control->SetUnitScale(row.GetDouble("unitScale", 1.0));
 }
 
 void ApplySpinText(VCNumericFloatSpin* control, const QString& name, const QVariant& value)
@@ -64,7 +64,7 @@ int DecimalsOf(const ZorvaDelegate& row)
 {
     // The smallest double ends at this digit; more would only ask for memory.
     constexpr int lastDigit = 1074;
-    return qMin(row.GetInt(QStringLiteral("decimals"), 0), lastDigit);
+    return qMin(row.GetInt("decimals", 0), lastDigit);
 }
 
 } // namespace Orvane

@@ -35,10 +35,10 @@ QWidget* ChannelSpacingItemDelegate::createEditor(QWidget* parent, const QStyleO
 {
     QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);
     if (auto* const spinBox = qobject_cast<QDoubleSpinBox*>(editor)) {
-        spinBox->setMinimum(owner->GetDouble(QStringLiteral("minimum"), 0));
-        spinBox->setMaximum(owner->GetDouble(QStringLiteral("maximum"), 1000));
-        spinBox->setSingleStep(owner->GetDouble(QStringLiteral("singleStep"), 1));
-        spinBox->setDecimals(owner->GetInt(QStringLiteral("decimals"), 0));
+        spinBox->setMinimum(owner->GetDouble("minimum", 0));
+        spinBox->setMaximum(owner->GetDouble("maximum", 1000));
+        spinBox->setSingleStep(owner->GetDouble("singleStep", 1));
+        spinBox->setDecimals(owner->GetInt("decimals", 0));
     }
     return editor;
 }
@@ -57,7 +57,7 @@ ZorvaChannelSpacingTable::~ZorvaChannelSpacingTable()
 
 void ZorvaChannelSpacingTable::CreateValueTree()
 {
-    Resize(GetInt(QStringLiteral("spacingsCount"), 0));
+    Resize(GetInt("spacingsCount", 0));
 }
 
 void ZorvaChannelSpacingTable::CreateGUI(FloatGroupLayout* layout)
@@ -121,32 +121,32 @@ void ZorvaChannelSpacingTable::setAllSpacingValues(double value)
 
 void ZorvaChannelSpacingTable::setHeaderLabel(QString value)
 {
-    ChangeProperty(QStringLiteral("headerLabel"), value);
+    ChangeProperty("headerLabel", value);
 }
 
 void ZorvaChannelSpacingTable::setSpacingsCount(int value)
 {
-    ChangeProperty(QStringLiteral("spacingsCount"), value);
+    ChangeProperty("spacingsCount", value);
 }
 
 void ZorvaChannelSpacingTable::setDecimals(int value)
 {
-    ChangeProperty(QStringLiteral("decimals"), value);
+    ChangeProperty("decimals", value);
 }
 
 void ZorvaChannelSpacingTable::setMaximum(double value)
 {
-    ChangeProperty(QStringLiteral("maximum"), value);
+    ChangeProperty("maximum", value);
 }
 
 void ZorvaChannelSpacingTable::setMinimum(double value)
 {
-    ChangeProperty(QStringLiteral("minimum"), value);
+    ChangeProperty("minimum", value);
 }
 
 void ZorvaChannelSpacingTable::setSingleStep(double value)
 {
-    ChangeProperty(QStringLiteral("singleStep"), value);
+    ChangeProperty("singleStep", value);
 }
 
 void ZorvaChannelSpacingTable::setFocus()
@@ -252,8 +252,7 @@ void ZorvaChannelSpacingTable::PropertyChanged(const QString& name, const QVaria
 void ZorvaChannelSpacingTable::ShowHeaderLabel()
 {
     if (tableWidget)
-        tableWidget->setHorizontalHeaderItem(
-            0, new QTableWidgetItem(GetTranslated(QStringLiteral("headerLabel"))));
+        tableWidget->setHorizontalHeaderItem(0, new QTableWidgetItem(GetTranslated("headerLabel")));
 }
 
 void ZorvaChannelSpacingTable::Resize(int count)

@@ -44,8 +44,7 @@ void ZorvaCheckBox::GetXml(QXmlStreamWriter& writer) const
     if (!generateParameterXml)
         return;
     const bool checked = property("checked").toBool();
-    const QString text =
-        checked ? CheckedText() : GetString(QStringLiteral("uncheckedValue"), QStringLiteral("false"));
+    const QString text = checked ? CheckedText() : GetString("uncheckedValue", QStringLiteral("false"));
     WriteTextElement(writer, text, false);
 }
 
@@ -67,7 +66,7 @@ void ZorvaCheckBox::Update(Observable* observable, TChangeCode code)
     if (!IsContentChange(booleanValue, observable, code))
         return;
     const bool checked = booleanValue->GetValue();
-    if (!ChangeProperty(QStringLiteral("checked"), checked))
+    if (!ChangeProperty("checked", checked))
         return;
     Q_EMIT toggled(checked);
     setModified(true);
@@ -83,22 +82,22 @@ void ZorvaCheckBox::PropertyChanged(const QString& name, const QVariant& value)
 
 QString ZorvaCheckBox::CheckedText() const
 {
-    return GetString(QStringLiteral("checkedValue"), QStringLiteral("true"));
+    return GetString("checkedValue", QStringLiteral("true"));
 }
 
 void ZorvaCheckBox::setChecked(bool checked)
 {
-    ChangeProperty(QStringLiteral("checked"), checked);
+    ChangeProperty("checked", checked);
 }
 
 void ZorvaCheckBox::setCheckedValue(QString checkedValue)
 {
-    ChangeProperty(QStringLiteral("checkedValue"), checkedValue);
+    ChangeProperty("checkedValue", checkedValue);
 }
 
 void ZorvaCheckBox::setUncheckedValue(QString uncheckedValue)
 {
-    ChangeProperty(QStringLiteral("uncheckedValue"), uncheckedValue);
+    ChangeProperty("uncheckedValue", uncheckedValue);
 }
 
 void ZorvaCheckBox::setFocus()

@@ -95,7 +95,7 @@ void ZorvaComboBox::Update(Observable* observable, TChangeCode code)
     if (!IsContentChange(selectionValue, observable, code))
         return;
     const QString text = enumeration->FindName(selectionValue->GetStringValue()).GetValue();
-    if (!ChangeProperty(QStringLiteral("currentValue"), text))
+    if (!ChangeProperty("currentValue", text))
         return;
     Q_EMIT currentValueChanged(text);
     setModified(true);
@@ -182,7 +182,7 @@ void ZorvaComboBox::clearCurrentValue()
 
 void ZorvaComboBox::setCurrentValue(QString value)
 {
-    ChangeProperty(QStringLiteral("currentValue"), value);
+    ChangeProperty("currentValue", value);
 }
 
 bool ZorvaComboBox::setCurrentIndex(int index)
@@ -196,17 +196,17 @@ bool ZorvaComboBox::setCurrentIndex(int index)
 
 void ZorvaComboBox::setEnumName(QString value)
 {
-    ChangeProperty(QStringLiteral("enumName"), value);
+    ChangeProperty("enumName", value);
 }
 
 void ZorvaComboBox::setDisplayUnknownValues(bool flag)
 {
-    ChangeProperty(QStringLiteral("displayUnknownValues"), flag);
+    ChangeProperty("displayUnknownValues", flag);
 }
 
 void ZorvaComboBox::setDisplayAsUnknown(bool flag)
 {
-    ChangeProperty(QStringLiteral("displayAsUnknown"), flag);
+    ChangeProperty("displayAsUnknown", flag);
 }
 
 void ZorvaComboBox::setFirstValueAsCurrent(QString value)

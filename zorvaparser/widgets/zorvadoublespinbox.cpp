@@ -72,7 +72,7 @@ void ZorvaDoubleSpinBox::Update(Observable* observable, TChangeCode code)
     if (!IsContentChange(numericValue, observable, code))
         return;
     const double number = numericValue->GetValue();
-    if (!ChangeProperty(QStringLiteral("value"), number))
+    if (!ChangeProperty("value", number))
         return;
     Q_EMIT valueChanged(number);
     Q_EMIT editingFinished();
@@ -99,57 +99,57 @@ void ZorvaDoubleSpinBox::PropertyChanged(const QString& name, const QVariant& va
 
 void ZorvaDoubleSpinBox::setDecimals(int value)
 {
-    ChangeProperty(QStringLiteral("decimals"), value);
+    ChangeProperty("decimals", value);
 }
 
 void ZorvaDoubleSpinBox::setDisplayScalingFactor(double value)
 {
-    ChangeProperty(QStringLiteral("displayScalingFactor"), value);
+    ChangeProperty("displayScalingFactor", value);
 }
 
 void ZorvaDoubleSpinBox::setMaximum(double value)
 {
-    ChangeProperty(QStringLiteral("maximum"), value);
+    ChangeProperty("maximum", value);
 }
 
 void ZorvaDoubleSpinBox::setMinimum(double value)
 {
-    ChangeProperty(QStringLiteral("minimum"), value);
+    ChangeProperty("minimum", value);
 }
 
 void ZorvaDoubleSpinBox::setPrefix(QString value)
 {
-    ChangeProperty(QStringLiteral("prefix"), value);
+    ChangeProperty("prefix", value);
 }
 
 void ZorvaDoubleSpinBox::setSingleStep(double value)
 {
-    ChangeProperty(QStringLiteral("singleStep"), value);
+    ChangeProperty("singleStep", value);
 }
 
 void ZorvaDoubleSpinBox::setSpecialValueText(QString value)
 {
-    ChangeProperty(QStringLiteral("specialValueText"), value);
+    ChangeProperty("specialValueText", value);
 }
 
 void ZorvaDoubleSpinBox::setSuffix(QString value)
 {
-    ChangeProperty(QStringLiteral("suffix"), value);
+    ChangeProperty("suffix", value);
 }
 
 void ZorvaDoubleSpinBox::setUnit(QString value)
 {
-    ChangeProperty(QStringLiteral("unit"), value);
+    ChangeProperty("unit", value);
 }
 
 void ZorvaDoubleSpinBox::setValue(double value)
 {
-    ChangeProperty(QStringLiteral("value"), value);
+    ChangeProperty("value", value);
 }
 
 void ZorvaDoubleSpinBox::setWrapping(bool flag)
 {
-    ChangeProperty(QStringLiteral("wrapping"), flag);
+    ChangeProperty("wrapping", flag);
 }
 
 void ZorvaDoubleSpinBox::setFocus()

@@ -157,67 +157,67 @@ void ZorvaDoubleSpinBoxList::setShiftValue(int index, double value)
 
 void ZorvaDoubleSpinBoxList::setDecimals(int value)
 {
-    ChangeProperty(QStringLiteral("decimals"), value);
+    ChangeProperty("decimals", value);
 }
 
 void ZorvaDoubleSpinBoxList::setDisplayScalingFactor(double value)
 {
-    ChangeProperty(QStringLiteral("displayScalingFactor"), value);
+    ChangeProperty("displayScalingFactor", value);
 }
 
 void ZorvaDoubleSpinBoxList::setItemCount(int value)
 {
-    ChangeProperty(QStringLiteral("itemCount"), value);
+    ChangeProperty("itemCount", value);
 }
 
 void ZorvaDoubleSpinBoxList::setShiftCount(int value)
 {
-    ChangeProperty(QStringLiteral("shiftCount"), value);
+    ChangeProperty("shiftCount", value);
 }
 
 void ZorvaDoubleSpinBoxList::setMaximum(double value)
 {
-    ChangeProperty(QStringLiteral("maximum"), value);
+    ChangeProperty("maximum", value);
 }
 
 void ZorvaDoubleSpinBoxList::setMinimum(double value)
 {
-    ChangeProperty(QStringLiteral("minimum"), value);
+    ChangeProperty("minimum", value);
 }
 
 void ZorvaDoubleSpinBoxList::setPrefix(QString value)
 {
-    ChangeProperty(QStringLiteral("prefix"), value);
+    ChangeProperty("prefix", value);
 }
 
 void ZorvaDoubleSpinBoxList::setSingleStep(double value)
 {
-    ChangeProperty(QStringLiteral("singleStep"), value);
+    ChangeProperty("singleStep", value);
 }
 
 void ZorvaDoubleSpinBoxList::setSpecialValueText(QString value)
 {
-    ChangeProperty(QStringLiteral("specialValueText"), value);
+    ChangeProperty("specialValueText", value);
 }
 
 void ZorvaDoubleSpinBoxList::setSuffix(QString value)
 {
-    ChangeProperty(QStringLiteral("suffix"), value);
+    ChangeProperty("suffix", value);
 }
 
 void ZorvaDoubleSpinBoxList::setUnit(QString value)
 {
-    ChangeProperty(QStringLiteral("unit"), value);
+    ChangeProperty("unit", value);
 }
 
 void ZorvaDoubleSpinBoxList::setValue(double value)
 {
-    ChangeProperty(QStringLiteral("value"), value);
+    ChangeProperty("value", value);
 }
 
 void ZorvaDoubleSpinBoxList::setWrapping(bool flag)
 {
-    ChangeProperty(QStringLiteral("wrapping"), flag);
+    ChangeProperty("wrapping", flag);
 }
 
 void ZorvaDoubleSpinBoxList::setFocus()

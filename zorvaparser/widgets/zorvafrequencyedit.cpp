@@ -87,8 +87,7 @@ void ZorvaFrequencyEdit::CreateFrequencyControl(QWidget* parent)
         tuneButton->hide();
     PropagateProperties(frequencyControl);
 
-    const bool input =
-        GetBool(QStringLiteral("enabled"), false) && !GetBool(QStringLiteral("readOnly"), false);
+    const bool input = GetBool("enabled", false) && !GetBool("readOnly", false);
     frequencyControl->EnableInput(input);
     if (input)
         return;
@@ -117,7 +116,7 @@ void ZorvaFrequencyEdit::CreatePlainForm(FloatGroupLayout* layout)
     frequencyLineEdit =
         new VCLineEdit(layout->parentWidget(), ControlName().constData(), VCLineEdit::ekFrequencyText);
     BindControls();
-    frequencyLineEdit->setToolTip(GetTranslated(QStringLiteral("labelText")));
+    frequencyLineEdit->setToolTip(GetTranslated("labelText"));
     PropagateProperties(frequencyLineEdit);
     PlaceControl(layout, frequencyLineEdit);
     connect(frequencyLineEdit.data(), &QLineEdit::textEdited, this, &ZorvaFrequencyEdit::SlotTextEdited);
@@ -152,52 +151,52 @@ void ZorvaFrequencyEdit::autosetUnitScale() {}
 
 void ZorvaFrequencyEdit::setDisplayOutOfRangeValues(bool flag)
 {
-    ChangeProperty(QStringLiteral("displayOutOfRangeValues"), flag);
+    ChangeProperty("displayOutOfRangeValues", flag);
 }
 
 void ZorvaFrequencyEdit::setMaxHistoryLength(int value)
 {
-    ChangeProperty(QStringLiteral("maxHistoryLength"), value);
+    ChangeProperty("maxHistoryLength", value);
 }
 
 void ZorvaFrequencyEdit::setMaximum(qlonglong value)
 {
-    ChangeProperty(QStringLiteral("maximum"), value);
+    ChangeProperty("maximum", value);
 }
 
 void ZorvaFrequencyEdit::setMinimum(qlonglong value)
 {
-    ChangeProperty(QStringLiteral("minimum"), value);
+    ChangeProperty("minimum", value);
 }
 
 void ZorvaFrequencyEdit::setUnitHidden(bool flag)
 {
-    ChangeProperty(QStringLiteral("unitHidden"), flag);
+    ChangeProperty("unitHidden", flag);
 }
 
 void ZorvaFrequencyEdit::setUnitScale(QString value)
 {
-    ChangeProperty(QStringLiteral("unitScale"), value);
+    ChangeProperty("unitScale", value);
 }
 
 void ZorvaFrequencyEdit::setUnitScale(qulonglong value)
 {
-    ChangeProperty(QStringLiteral("unitScale"), value);
+    ChangeProperty("unitScale", value);
 }
 
 void ZorvaFrequencyEdit::setUseHistory(bool flag)
 {
-    ChangeProperty(QStringLiteral("history"), flag);
+    ChangeProperty("history", flag);
 }
 
 void ZorvaFrequencyEdit::setUseUniformHeights(bool flag)
 {
-    ChangeProperty(QStringLiteral("uniformHeights"), flag);
+    ChangeProperty("uniformHeights", flag);
 }
 
 void ZorvaFrequencyEdit::setValue(qlonglong value)
 {
-    ChangeProperty(QStringLiteral("value"), value);
+    ChangeProperty("value", value);
 }
 
 void ZorvaFrequencyEdit::setFocus()
@@ -236,7 +235,7 @@ void ZorvaFrequencyEdit::Update(Observable* observable, TChangeCode code)
     if (!IsContentChange(frequencyValue, observable, code))
         return;
     const qlonglong hertz = truncatedTo<qint64>(frequencyValue->GetValue());
-    if (!ChangeProperty(QStringLiteral("value"), hertz))
+    if (!ChangeProperty("value", hertz))
         return;
     Q_EMIT valueChanged(hertz);
     Q_EMIT editingFinished();

@@ -76,9 +76,8 @@ void ZorvaFrequencyRangeEdit::CreateValueTree()
     ReleaseValues();
     NoteGivenLimits();
     startFrequencyValue = ObserveValue(CreateValueNumericFloat(QStringLiteral("startFrequency"), 1));
-    const double min = minimumGiven ? GetDouble(QStringLiteral("minimum"), lowestFrequency) : lowestFrequency;
-    const double max =
-        maximumGiven ? GetDouble(QStringLiteral("maximum"), highestFrequency) : highestFrequency;
+    const double min = minimumGiven ? GetDouble("minimum", lowestFrequency) : lowestFrequency;
+    const double max = maximumGiven ? GetDouble("maximum", highestFrequency) : highestFrequency;
     // Each end leaves room for the other one, one hertz beside it.
     if (startFrequencyValue)
         startFrequencyValue->SetMinMax(min, max - 1, 1, this);
@@ -161,63 +160,63 @@ void ZorvaFrequencyRangeEdit::setFocus()
 
 void ZorvaFrequencyRangeEdit::setMaximum(qlonglong value)
 {
-    ChangeProperty(QStringLiteral("maximum"), value);
+    ChangeProperty("maximum", value);
 }
 
 void ZorvaFrequencyRangeEdit::setMinimum(qlonglong value)
 {
-    ChangeProperty(QStringLiteral("minimum"), value);
+    ChangeProperty("minimum", value);
 }
 
 void ZorvaFrequencyRangeEdit::setRange(qlonglong a_startFrequency, qlonglong a_stopFrequency)
 {
-    ChangeProperty(QStringLiteral("startFrequency"), a_startFrequency);
-    ChangeProperty(QStringLiteral("stopFrequency"), a_stopFrequency);
+    ChangeProperty("startFrequency", a_startFrequency);
+    ChangeProperty("stopFrequency", a_stopFrequency);
 }
 
 void ZorvaFrequencyRangeEdit::setStartFrequency(qlonglong fValue)
 {
-    ChangeProperty(QStringLiteral("startFrequency"), fValue);
+    ChangeProperty("startFrequency", fValue);
 }
 
 void ZorvaFrequencyRangeEdit::setStartFrequencyParameterXmlTag(QString sTag)
 {
-    ChangeProperty(QStringLiteral("startFrequencyParameterXmlTag"), sTag);
+    ChangeProperty("startFrequencyParameterXmlTag", sTag);
 }
 
 void ZorvaFrequencyRangeEdit::setStartFrequencyUnitScale(QString a_unitstring)
 {
-    ChangeProperty(QStringLiteral("startFrequencyUnitScale"), a_unitstring);
+    ChangeProperty("startFrequencyUnitScale", a_unitstring);
 }
 
 void ZorvaFrequencyRangeEdit::setStartFrequencyUnitScale(qulonglong a_value)
 {
-    ChangeProperty(QStringLiteral("startFrequencyUnitScale"), a_value);
+    ChangeProperty("startFrequencyUnitScale", a_value);
 }
 
 void ZorvaFrequencyRangeEdit::setStopFrequency(qlonglong fValue)
 {
-    ChangeProperty(QStringLiteral("stopFrequency"), fValue);
+    ChangeProperty("stopFrequency", fValue);
 }
 
 void ZorvaFrequencyRangeEdit::setStopFrequencyParameterXmlTag(QString sTag)
 {
-    ChangeProperty(QStringLiteral("stopFrequencyParameterXmlTag"), sTag);
+    ChangeProperty("stopFrequencyParameterXmlTag", sTag);
 }
 
 void ZorvaFrequencyRangeEdit::setStopFrequencyUnitScale(QString a_unitstring)
 {
-    ChangeProperty(QStringLiteral("stopFrequencyUnitScale"), a_unitstring);
+    ChangeProperty("stopFrequencyUnitScale", a_unitstring);
 }
 
 void ZorvaFrequencyRangeEdit::setStopFrequencyUnitScale(qulonglong a_value)
 {
-    ChangeProperty(QStringLiteral("stopFrequencyUnitScale"), a_value);
+    ChangeProperty("stopFrequencyUnitScale", a_value);
 }
 
 void ZorvaFrequencyRangeEdit::setUnitHidden(bool flag)
 {
-    ChangeProperty(QStringLiteral("unitHidden"), flag);
+    ChangeProperty("unitHidden", flag);
 }
 
 void ZorvaFrequencyRangeEdit::forceFinishEditing()
@@ -257,9 +256,9 @@ void ZorvaFrequencyRangeEdit::StartChanged()
     bool changed = false;
     if (start >= stop) {
         stop = start + 1;
-        changed = ChangeProperty(QStringLiteral("stopFrequency"), stop);
+        changed = ChangeProperty("stopFrequency", stop);
     }
-    changed = ChangeProperty(QStringLiteral("startFrequency"), start) || changed;
+    changed = ChangeProperty("startFrequency", start) || changed;
     ConfirmRange(changed, start, stop);
 }
 
@@ -270,9 +269,9 @@ void ZorvaFrequencyRangeEdit::StopChanged()
     bool changed = false;
     if (stop <= start) {
         start = stop - (stop > std::numeric_limits<qint64>::min() ? 1 : 0);
-        changed = ChangeProperty(QStringLiteral("startFrequency"), start);
+        changed = ChangeProperty("startFrequency", start);
     }
-    changed = ChangeProperty(QStringLiteral("stopFrequency"), stop) || changed;
+    changed = ChangeProperty("stopFrequency", stop) || changed;
     ConfirmRange(changed, start, stop);
 }
 

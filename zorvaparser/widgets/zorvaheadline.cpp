@@ -16,10 +16,10 @@ ZorvaHeadline::~ZorvaHeadline() = default;
 
 void ZorvaHeadline::CreateGUI(FloatGroupLayout* layout)
 {
-    const QString title = GetTranslated(QStringLiteral("text"));
+    const QString title = GetTranslated("text");
     if (title.isEmpty())
         return;
-    groupBox = layout->addHeadline(title, GetInt(QStringLiteral("margin"), 0), ControlName().constData());
+    groupBox = layout->addHeadline(title, GetInt("margin", 0), ControlName().constData());
     groupBox->setAlignment(Qt::AlignLeft);
     groupBox->setCheckable(true);
     groupBox->setChecked(groupVisible);
@@ -41,12 +41,12 @@ void ZorvaHeadline::PropertyChanged(const QString& name, const QVariant& value)
 
 void ZorvaHeadline::setText(QString text)
 {
-    ChangeProperty(QStringLiteral("text"), text);
+    ChangeProperty("text", text);
 }
 
 void ZorvaHeadline::setMargin(int value)
 {
-    ChangeProperty(QStringLiteral("margin"), value);
+    ChangeProperty("margin", value);
 }
 
 void ZorvaHeadline::setGroupVisible(bool flag)

@@ -48,7 +48,7 @@ void ZorvaHidden::Update(Observable* observable, TChangeCode code)
     if (!IsContentChange(value, observable, code))
         return;
     const QString text = value->GetValue();
-    if (ChangeProperty(QStringLiteral("value"), text))
+    if (ChangeProperty("value", text))
         Q_EMIT valueChanged(text);
 }
 
@@ -67,7 +67,7 @@ void ZorvaHidden::PropertyChanged(const QString& name, const QVariant& newValue)
 
 void ZorvaHidden::setValue(QString text)
 {
-    ChangeProperty(QStringLiteral("value"), text);
+    ChangeProperty("value", text);
 }
 
 } // namespace Orvane

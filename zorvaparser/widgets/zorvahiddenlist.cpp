@@ -15,7 +15,7 @@ ZorvaHiddenList::~ZorvaHiddenList() = default;
 
 void ZorvaHiddenList::CreateValueTree()
 {
-    ResizeList(items, GetInt(QStringLiteral("itemCount"), 0), 1, 1);
+    ResizeList(items, GetInt("itemCount", 0), 1, 1);
 }
 
 void ZorvaHiddenList::GetXml(QXmlStreamWriter& writer) const
@@ -49,7 +49,7 @@ void ZorvaHiddenList::clear()
 
 void ZorvaHiddenList::setItemCount(int count)
 {
-    ChangeProperty(QStringLiteral("itemCount"), count);
+    ChangeProperty("itemCount", count);
 }
 
 QString ZorvaHiddenList::itemValue(int index)

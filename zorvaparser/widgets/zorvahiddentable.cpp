@@ -17,8 +17,8 @@ ZorvaHiddenTable::~ZorvaHiddenTable() = default;
 
 void ZorvaHiddenTable::CreateValueTree()
 {
-    const int rows = GetInt(QStringLiteral("rowCount"), 0);
-    const int columns = GetInt(QStringLiteral("columnCount"), 0);
+    const int rows = GetInt("rowCount", 0);
+    const int columns = GetInt("columnCount", 0);
     if (!ResizeList(items, rows, columns, 0))
         return;
     rowCount = rows;

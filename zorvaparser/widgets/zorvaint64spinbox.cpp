@@ -60,7 +60,7 @@ void ZorvaInt64SpinBox::CreateGUI(FloatGroupLayout* layout)
 void ZorvaInt64SpinBox::GetXml(QXmlStreamWriter& writer) const
 {
     if (generateParameterXml)
-        WriteTextElement(writer, QString::number(GetInt64(QStringLiteral("value"), 0)), true);
+        WriteTextElement(writer, QString::number(GetInt64("value", 0)), true);
 }
 
 void ZorvaInt64SpinBox::ReadXml(QXmlStreamReader& reader)
@@ -81,7 +81,7 @@ void ZorvaInt64SpinBox::Update(Observable* observable, TChangeCode code)
     if (!IsContentChange(numericValue, observable, code))
         return;
     const double number = numericValue->GetValue();
-    if (!ChangeProperty(QStringLiteral("value"), number))
+    if (!ChangeProperty("value", number))
         return;
     Q_EMIT valueChanged(truncatedTo<qint64>(number));
     Q_EMIT editingFinished();
@@ -112,71 +112,71 @@ void ZorvaInt64SpinBox::PropertyChanged(const QString& name, const QVariant& val
 
 void ZorvaInt64SpinBox::ApplyUnitScale()
 {
-    const qint64 scale = GetInt64(QStringLiteral("unitScale"), 0);
+    const qint64 scale = GetInt64("unitScale", 0);
     for (const UnitStep& step : unitSteps) {
         if (step.scale != scale)
             continue;
-        ChangeProperty(QStringLiteral("suffix"), QLatin1String(step.suffix));
-        ChangeProperty(QStringLiteral("decimals"), step.decimals);
+        ChangeProperty("suffix", QLatin1String(step.suffix));
+        ChangeProperty("decimals", step.decimals);
         return;
     }
 }
 
 void ZorvaInt64SpinBox::setMaxHistoryLength(int value)
 {
-    ChangeProperty(QStringLiteral("maxHistoryLength"), value);
+    ChangeProperty("maxHistoryLength", value);
 }
 
 void ZorvaInt64SpinBox::setMaximum(qlonglong value)
 {
-    ChangeProperty(QStringLiteral("maximum"), value);
+    ChangeProperty("maximum", value);
 }
 
 void ZorvaInt64SpinBox::setMinimum(qlonglong value)
 {
-    ChangeProperty(QStringLiteral("minimum"), value);
+    ChangeProperty("minimum", value);
 }
 
 void ZorvaInt64SpinBox::setUnitHidden(bool flag)
 {
-    ChangeProperty(QStringLiteral("unitHidden"), flag);
+    ChangeProperty("unitHidden", flag);
 }
 
 void ZorvaInt64SpinBox::setUnitScale(QString value)
 {
     // Forms rely on it: only the number form of this slot sets another scale.
     if (!value.isEmpty())
-        ChangeProperty(QStringLiteral("unitScale"), quint64(1));
+        ChangeProperty("unitScale", quint64(1));
 }
 
 void ZorvaInt64SpinBox::setUnitScale(qulonglong value)
 {
-    ChangeProperty(QStringLiteral("unitScale"), value);
+    ChangeProperty("unitScale", value);
 }
 
 void ZorvaInt64SpinBox::setUseHistory(bool flag)
 {
-    ChangeProperty(QStringLiteral("useHistory"), flag);
+    ChangeProperty("useHistory", flag);
 }
 
 void ZorvaInt64SpinBox::setValue(qlonglong value)
 {
-    ChangeProperty(QStringLiteral("value"), value);
+    ChangeProperty("value", value);
 }
 
 void ZorvaInt64SpinBox::setSingleStep(qlonglong value)
 {
-    ChangeProperty(QStringLiteral("singleStep"), value);
+    ChangeProperty("singleStep", value);
 }
 
 void ZorvaInt64SpinBox::setSuffix(QString value)
 {
-    ChangeProperty(QStringLiteral("suffix"), value);
+    ChangeProperty("suffix", value);
 }
 
 void ZorvaInt64SpinBox::setWrapping(bool flag)
 {
-    ChangeProperty(QStringLiteral("wrapping"), flag);
+    ChangeProperty("wrapping", flag);
 }
 
 void ZorvaInt64SpinBox::setFocus()

@@ -28,7 +28,7 @@ void ZorvaLabel::CreateValueTree()
 void ZorvaLabel::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    textLabel = new QLabel(GetTranslated(QStringLiteral("text")), layout->parentWidget());
+    textLabel = new QLabel(GetTranslated("text"), layout->parentWidget());
     textLabel->setObjectName(widget->GetName());
     PropagateProperties(textLabel);
     PlaceControl(layout, textLabel);
@@ -50,7 +50,7 @@ void ZorvaLabel::Update(Observable* observable, TChangeCode code)
     ForgetValue(textValue, observable, code);
     if (!IsContentChange(textValue, observable, code))
         return;
-    if (ChangeProperty(QStringLiteral("text"), textValue->GetValue()))
+    if (ChangeProperty("text", textValue->GetValue()))
         setModified(true);
 }
 
@@ -64,7 +64,7 @@ void ZorvaLabel::PropertyChanged(const QString& name, const QVariant& value)
 
 void ZorvaLabel::setText(QString text)
 {
-    ChangeProperty(QStringLiteral("text"), text);
+    ChangeProperty("text", text);
 }
 
 } // namespace Orvane

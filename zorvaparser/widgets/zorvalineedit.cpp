@@ -37,7 +37,7 @@ void ZorvaLineEdit::CreateGUI(FloatGroupLayout* layout)
     lineEdit->SetValueBase(textValue);
     PropagateProperties(lineEdit);
     // The caption wins over a tool tip of the description here.
-    lineEdit->setToolTip(GetTranslated(QStringLiteral("labelText")));
+    lineEdit->setToolTip(GetTranslated("labelText"));
     PlaceControl(layout, lineEdit);
     connect(lineEdit, &VCLineEdit::signalTextFinallyChanged, this, &ZorvaLineEdit::SlotTextFinallyChanged);
     connect(lineEdit, &QLineEdit::textEdited, this, &ZorvaLineEdit::SlotTextEdited);
@@ -69,7 +69,7 @@ void ZorvaLineEdit::Update(Observable* observable, TChangeCode code)
     if (!IsContentChange(textValue, observable, code))
         return;
     const QString newText = textValue->GetValue();
-    if (!ChangeProperty(QStringLiteral("text"), newText))
+    if (!ChangeProperty("text", newText))
         return;
     Q_EMIT textChanged(newText);
     // A text from elsewhere is no user's edit: no auto-apply.
@@ -96,7 +96,7 @@ QString ZorvaLineEdit::text()
 
 int ZorvaLineEdit::maxLength() const
 {
-    return GetInt(QStringLiteral("maxLength"), 0);
+    return GetInt("maxLength", 0);
 }
 
 bool ZorvaLineEdit::isEnabled() const
@@ -111,17 +111,17 @@ bool ZorvaLineEdit::isReadOnly() const
 
 void ZorvaLineEdit::setInputMask(QString inputMask)
 {
-    ChangeProperty(QStringLiteral("inputMask"), inputMask);
+    ChangeProperty("inputMask", inputMask);
 }
 
 void ZorvaLineEdit::setMaxLength(int maxLength)
 {
-    ChangeProperty(QStringLiteral("maxLength"), maxLength);
+    ChangeProperty("maxLength", maxLength);
 }
 
 void ZorvaLineEdit::setText(QString text)
 {
-    ChangeProperty(QStringLiteral("text"), text);
+    ChangeProperty("text", text);
 }
 
 void ZorvaLineEdit::setFocus()
@@ -143,7 +143,7 @@ void ZorvaLineEdit::SlotTextEdited(QString text)
 
 void ZorvaLineEdit::SlotTextFinallyChanged(QString value)
 {
-    ChangeProperty(QStringLiteral("text"), value);
+    ChangeProperty("text", value);
     if (textValue)
         textValue->SetValue(value, this);
     Q_EMIT textEdited(value);

@@ -19,7 +19,7 @@ ZorvaPushButton::~ZorvaPushButton() = default;
 void ZorvaPushButton::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    const QString caption = GetTranslated(QStringLiteral("text"));
+    const QString caption = GetTranslated("text");
     pushButton = new QPushButton(layout->parentWidget());
     pushButton->setObjectName(widget->GetName());
     PropagateProperties(pushButton);
@@ -49,12 +49,12 @@ void ZorvaPushButton::animateClick()
 
 void ZorvaPushButton::clearIcon()
 {
-    ChangeProperty(QStringLiteral("icon"), QVariant());
+    ChangeProperty("icon", QVariant());
 }
 
 void ZorvaPushButton::setIcon(QIcon icon)
 {
-    ChangeProperty(QStringLiteral("icon"), icon);
+    ChangeProperty("icon", icon);
 }
 
 void ZorvaPushButton::setIcon(QString iconFilePath)
@@ -65,7 +65,7 @@ void ZorvaPushButton::setIcon(QString iconFilePath)
 
 void ZorvaPushButton::setIconSize(QSize size)
 {
-    ChangeProperty(QStringLiteral("iconSize"), size);
+    ChangeProperty("iconSize", size);
 }
 
 void ZorvaPushButton::setIconSize(int width, int height)
@@ -75,7 +75,7 @@ void ZorvaPushButton::setIconSize(int width, int height)
 
 void ZorvaPushButton::setText(QString text)
 {
-    ChangeProperty(QStringLiteral("text"), text);
+    ChangeProperty("text", text);
 }
 
 void ZorvaPushButton::setFocus()

@@ -40,7 +40,7 @@ ZorvaScriptControl::ZorvaScriptControl(ZorvaWidget* ownerWidget)
 void ZorvaScriptControl::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    const QString text = GetTranslated(QStringLiteral("labelText"));
+    const QString text = GetTranslated("labelText");
     controlWidget = new QWidget(layout->parentWidget());
     controlWidget->setObjectName(QString::fromLatin1(ControlName()));
     CreateStatusLabel();

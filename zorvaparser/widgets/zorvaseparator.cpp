@@ -18,9 +18,9 @@ void ZorvaSeparator::CreateGUI(FloatGroupLayout* layout)
 {
     const QByteArray name = ControlName();
     if (isLine)
-        spacerWidget = layout->addHeadline(QString(), GetInt(QStringLiteral("margin"), 0), name.constData());
+        spacerWidget = layout->addHeadline(QString(), GetInt("margin", 0), name.constData());
     else
-        spacerWidget = layout->addSeparator(GetInt(QStringLiteral("height"), 0), name.constData());
+        spacerWidget = layout->addSeparator(GetInt("height", 0), name.constData());
     PropagateProperties(spacerWidget);
 }
 
@@ -32,12 +32,12 @@ void ZorvaSeparator::PropertyChanged(const QString& name, const QVariant& value)
 
 void ZorvaSeparator::setHeight(int value)
 {
-    ChangeProperty(QStringLiteral("height"), value);
+    ChangeProperty("height", value);
 }
 
 void ZorvaSeparator::setMargin(int value)
 {
-    ChangeProperty(QStringLiteral("margin"), value);
+    ChangeProperty("margin", value);
 }
 
 } // namespace Orvane

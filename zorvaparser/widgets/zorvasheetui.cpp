@@ -35,7 +35,7 @@ void ZorvaSheetUi::CreateGUI(bool createApplyUi)
 {
     if (sheetWidget)
         return;
-    autoApplyEnabled = GetBool(QStringLiteral("autoApplyEnabled"), true);
+    autoApplyEnabled = GetBool("autoApplyEnabled", true);
     FloatScrollArea* const area = createApplyUi ? CreateWithApplyBar() : CreateBare();
     area->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(area, &QWidget::customContextMenuRequested, this, &ZorvaSheetUi::showContextMenu);
@@ -101,15 +101,14 @@ void ZorvaSheetUi::CreateTimer()
     delete autoApplyTimer;
     autoApplyTimer = new QTimer;
     autoApplyTimer->setSingleShot(true);
-    autoApplyTimer->setInterval(
-        qMax(GetInt(QStringLiteral("autoApplyTimeout"), defaultAutoApply), shortestAutoApply));
+    autoApplyTimer->setInterval(qMax(GetInt("autoApplyTimeout", defaultAutoApply), shortestAutoApply));
     connect(autoApplyTimer, &QTimer::timeout, this, &ZorvaSheetUi::applyNow);
 }
 
 void ZorvaSheetUi::WriteRootStart(QXmlStreamWriter& writer)
 {
-    const QString type = GetString(QStringLiteral("parametersXmlTypeAttribute"), QString());
-    writer.writeStartElement(GetString(QStringLiteral("parametersXmlRootTag"), QStringLiteral("Parameters")));
+    const QString type = GetString("parametersXmlTypeAttribute", QString());
+    writer.writeStartElement(GetString("parametersXmlRootTag", QStringLiteral("Parameters")));
     if (!type.isEmpty())
         writer.writeAttribute(QStringLiteral("type"), type);
     for (const QString& name : qAsConst(attributeProperties))
@@ -159,37 +158,37 @@ void ZorvaSheetUi::killAutoApplyTimer()
 
 void ZorvaSheetUi::setApplyUiVisible(bool visible)
 {
-    ChangeProperty(QStringLiteral("applyUiVisible"), visible);
+    ChangeProperty("applyUiVisible", visible);
 }
 
 void ZorvaSheetUi::setAutoApplyEnabled(bool enable)
 {
-    ChangeProperty(QStringLiteral("autoApplyEnabled"), enable);
+    ChangeProperty("autoApplyEnabled", enable);
 }
 
 void ZorvaSheetUi::setAutoApplyTimeout(int timeout)
 {
-    ChangeProperty(QStringLiteral("autoApplyTimeout"), timeout);
+    ChangeProperty("autoApplyTimeout", timeout);
 }
 
 void ZorvaSheetUi::setEmitOnlyModifiedParameters(bool onlyModified)
 {
-    ChangeProperty(QStringLiteral("emitOnlyModifiedParameters"), onlyModified);
+    ChangeProperty("emitOnlyModifiedParameters", onlyModified);
 }
 
 void ZorvaSheetUi::setErrorHighlightingXmlRootTag(QString rootTag)
 {
-    ChangeProperty(QStringLiteral("errorHighlightingXmlRootTag"), rootTag);
+    ChangeProperty("errorHighlightingXmlRootTag", rootTag);
 }
 
 void ZorvaSheetUi::setQMBaseName(QString qmBaseName)
 {
-    ChangeProperty(QStringLiteral("qmBaseName"), qmBaseName);
+    ChangeProperty("qmBaseName", qmBaseName);
 }
 
 void ZorvaSheetUi::setTranslationsSubDir(QString subDir)
 {
-    ChangeProperty(QStringLiteral("translationsSubDir"), subDir);
+    ChangeProperty("translationsSubDir", subDir);
 }
 
 void ZorvaSheetUi::setVisible(bool visible)

@@ -46,7 +46,7 @@ void ZorvaSpinBox::CreateGUI(FloatGroupLayout* layout)
 void ZorvaSpinBox::GetXml(QXmlStreamWriter& writer) const
 {
     if (generateParameterXml)
-        WriteTextElement(writer, QString::number(GetInt(QStringLiteral("value"), 0)), true);
+        WriteTextElement(writer, QString::number(GetInt("value", 0)), true);
 }
 
 void ZorvaSpinBox::ReadXml(QXmlStreamReader& reader)
@@ -67,7 +67,7 @@ void ZorvaSpinBox::Update(Observable* observable, TChangeCode code)
     if (!IsContentChange(numericValue, observable, code))
         return;
     const int number = numericValue->GetValue();
-    if (!ChangeProperty(QStringLiteral("value"), number))
+    if (!ChangeProperty("value", number))
         return;
     Q_EMIT valueChanged(number);
     Q_EMIT editingFinished();
@@ -92,52 +92,52 @@ void ZorvaSpinBox::PropertyChanged(const QString& name, const QVariant& value)
 
 void ZorvaSpinBox::setDisplayAdditiveOffset(int value)
 {
-    ChangeProperty(QStringLiteral("displayAdditiveOffset"), value);
+    ChangeProperty("displayAdditiveOffset", value);
 }
 
 void ZorvaSpinBox::setMaximum(int value)
 {
-    ChangeProperty(QStringLiteral("maximum"), value);
+    ChangeProperty("maximum", value);
 }
 
 void ZorvaSpinBox::setMinimum(int value)
 {
-    ChangeProperty(QStringLiteral("minimum"), value);
+    ChangeProperty("minimum", value);
 }
 
 void ZorvaSpinBox::setPrefix(QString value)
 {
-    ChangeProperty(QStringLiteral("prefix"), value);
+    ChangeProperty("prefix", value);
 }
 
 void ZorvaSpinBox::setSingleStep(int value)
 {
-    ChangeProperty(QStringLiteral("singleStep"), value);
+    ChangeProperty("singleStep", value);
 }
 
 void ZorvaSpinBox::setSpecialValueText(QString value)
 {
-    ChangeProperty(QStringLiteral("specialValueText"), value);
+    ChangeProperty("specialValueText", value);
 }
 
 void ZorvaSpinBox::setSuffix(QString value)
 {
-    ChangeProperty(QStringLiteral("suffix"), value);
+    ChangeProperty("suffix", value);
 }
 
 void ZorvaSpinBox::setUnit(QString value)
 {
-    ChangeProperty(QStringLiteral("unit"), value);
+    ChangeProperty("unit", value);
 }
 
 void ZorvaSpinBox::setValue(int value)
 {
-    ChangeProperty(QStringLiteral("value"), value);
+    ChangeProperty("value", value);
 }
 
 void ZorvaSpinBox::setWrapping(bool flag)
 {
-    ChangeProperty(QStringLiteral("wrapping"), flag);
+    ChangeProperty("wrapping", flag);
 }
 
 void ZorvaSpinBox::setFocus()

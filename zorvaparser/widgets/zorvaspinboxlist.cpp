@@ -28,7 +28,7 @@ ZorvaSpinBoxList::~ZorvaSpinBoxList()
 void ZorvaSpinBoxList::CreateValueTree()
 {
     ReleaseValues(values, this);
-    const int count = SpinListCount(GetInt(QStringLiteral("itemCount"), 0));
+    const int count = SpinListCount(GetInt("itemCount", 0));
     for (int i = 0; i < count; ++i) {
         if (auto* const value = ObserveValue(CreateValueNumericInt(QStringLiteral("value"), i)))
             values.append(value);
@@ -117,52 +117,52 @@ void ZorvaSpinBoxList::setItemValue(int index, int number)
 
 void ZorvaSpinBoxList::setDisplayAdditiveOffset(int value)
 {
-    ChangeProperty(QStringLiteral("displayAdditiveOffset"), value);
+    ChangeProperty("displayAdditiveOffset", value);
 }
 
 void ZorvaSpinBoxList::setMaximum(int value)
 {
-    ChangeProperty(QStringLiteral("maximum"), value);
+    ChangeProperty("maximum", value);
 }
 
 void ZorvaSpinBoxList::setMinimum(int value)
 {
-    ChangeProperty(QStringLiteral("minimum"), value);
+    ChangeProperty("minimum", value);
 }
 
 void ZorvaSpinBoxList::setPrefix(QString value)
 {
-    ChangeProperty(QStringLiteral("prefix"), value);
+    ChangeProperty("prefix", value);
 }
 
 void ZorvaSpinBoxList::setSingleStep(int value)
 {
-    ChangeProperty(QStringLiteral("singleStep"), value);
+    ChangeProperty("singleStep", value);
 }
 
 void ZorvaSpinBoxList::setSpecialValueText(QString value)
 {
-    ChangeProperty(QStringLiteral("specialValueText"), value);
+    ChangeProperty("specialValueText", value);
 }
 
 void ZorvaSpinBoxList::setSuffix(QString value)
 {
-    ChangeProperty(QStringLiteral("suffix"), value);
+    ChangeProperty("suffix", value);
 }
 
 void ZorvaSpinBoxList::setUnit(QString value)
 {
-    ChangeProperty(QStringLiteral("unit"), value);
+    ChangeProperty("unit", value);
 }
 
 void ZorvaSpinBoxList::setValue(int value)
 {
-    ChangeProperty(QStringLiteral("value"), value);
+    ChangeProperty("value", value);
 }
 
 void ZorvaSpinBoxList::setWrapping(bool flag)
 {
-    ChangeProperty(QStringLiteral("wrapping"), flag);
+    ChangeProperty("wrapping", flag);
 }
 
 void ZorvaSpinBoxList::setFocus()

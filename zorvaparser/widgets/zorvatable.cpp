@@ -33,7 +33,7 @@ ZorvaTable::ZorvaTable(ZorvaWidget* ownerWidget)
 
 void ZorvaTable::CreateValueTree()
 {
-    Resize(GetInt(QStringLiteral("rowCount"), 0), GetInt(QStringLiteral("columnCount"), 0), 0);
+    Resize(GetInt("rowCount", 0), GetInt("columnCount", 0), 0);
 }
 
 void ZorvaTable::CreateGUI(FloatGroupLayout* layout)
@@ -95,12 +95,12 @@ void ZorvaTable::clear()
 
 void ZorvaTable::setColumnCount(int newColumns)
 {
-    ChangeProperty(QStringLiteral("columnCount"), newColumns);
+    ChangeProperty("columnCount", newColumns);
 }
 
 void ZorvaTable::setRowCount(int newRows)
 {
-    ChangeProperty(QStringLiteral("rowCount"), newRows);
+    ChangeProperty("rowCount", newRows);
 }
 
 void ZorvaTable::setFocus()
