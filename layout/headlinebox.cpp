@@ -77,5 +77,5 @@ int HeadlineBox::paintTitle(QStylePainter& painter, const QStyleOptionGroupBox& 
 // would be made anew for every headline.
 void HeadlineBox::resizeEvent(QResizeEvent* event)
 {
-    QWidget::resizeEvent(event);
+    QWidget::resizeEvent(event); // NOLINT(bugprone-parent-virtual-call): passed over on purpose
 }

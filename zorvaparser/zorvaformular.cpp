@@ -286,7 +286,7 @@ QString ZorvaFormular::GetXmlString(bool modifiedOnly)
         sheet.resetModified();
         return QString();
     }
-    const QString text = WriteXml(true, modifiedOnly);
+    QString text = WriteXml(true, modifiedOnly);
     sheet.resetModified();
     return text;
 }

@@ -97,7 +97,7 @@ bool ZorvaTest::Start()
     if (arguments.size() <= pathArgument || alreadyShowing)
         return true;
 
-    const QString path = arguments.at(pathArgument);
+    const QString& path = arguments.at(pathArgument);
     if (path.endsWith(QLatin1String(".zorva"))) {
         LoadZorva(path, arguments.value(optionArgument));
         ReadStoredParameters();

@@ -64,7 +64,8 @@ void UndoRecordingControlBase::ClearUndo()
 
 void UndoRecordingControlBase::apply(const QVariant& state)
 {
-    const QVariant copy = state; // the record may be cleared meanwhile
+    // The record may be cleared meanwhile. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const QVariant copy = state;
     bool destroyed = false;
     m_destroyed = &destroyed;
     m_applying = true;

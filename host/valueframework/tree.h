@@ -34,11 +34,12 @@ public:
     /// The paths of all named values, sorted.
     QStringList GetPathNames() const;
 
+    Tree(const Tree&) = delete;
+    Tree& operator=(const Tree&) = delete;
+
 protected:
     Tree();
     virtual ~Tree();
-    Tree(const Tree&) = delete;
-    Tree& operator=(const Tree&) = delete;
 
 private:
     friend class ValueBase;

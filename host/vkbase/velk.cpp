@@ -36,9 +36,9 @@ QString plainDigits(const QString& digits)
             plain += c;
         else if (i == point)
             plain += QLatin1Char('.');
-        else if (i == 0 || i + 1 == digits.size() || !isDigit(digits.at(i - 1)) || !isDigit(digits.at(i + 1)))
-            return QString();
-        else if (c != QLatin1Char('.') && c != QLatin1Char(',') && !isGroupSign(c))
+        else if (i == 0 || i + 1 == digits.size() || !isDigit(digits.at(i - 1)) ||
+                 !isDigit(digits.at(i + 1)) ||
+                 (c != QLatin1Char('.') && c != QLatin1Char(',') && !isGroupSign(c)))
             return QString();
     }
     return plain;
