@@ -235,6 +235,15 @@ private Q_SLOTS:
                  QStringLiteral("<Parameters><h><i><b></b></i></h></Parameters>"));
     }
 
+    void rowBelowTheTagOfAnotherIsNotWritten()
+    {
+        FormFixture form(edit("a", "g/a") + edit("b", "g/a/b"), withValues);
+        form.row("b")->setModified(false);
+        QCOMPARE(squeezed(form.formular()->GetXmlString(true)), QStringLiteral("<Parameters/>"));
+        QCOMPARE(squeezed(form.formular()->GetXmlString(false)),
+                 QStringLiteral("<Parameters><g><a></a></g></Parameters>"));
+    }
+
     void deselectedChangeLeavesItsGroupEmpty()
     {
         FormFixture form(edit("a", "g/a") + edit("b"), withValues);
