@@ -55,13 +55,17 @@ private:
                 go = go ? go : continueAction(bar);
         }
         mostWindows = qMax(mostWindows, windows);
-        if (!go)
+        // The debugger greys its action only some turns after the click.
+        const bool isNewStop = go && !m_clicked;
+        m_clicked = go;
+        if (!isNewStop)
             return;
         ++continued;
         go->trigger();
     }
 
     QTimer m_timer;
+    bool m_clicked = false;
 };
 
 } // namespace
