@@ -54,14 +54,13 @@ QString description(int rows)
                    {{"autoApplyTimeout", 100000000}});
 }
 
-/// A form and its window, made anew from time to time.
+/// A form and its window. There is none before the first build().
 class Patient
 {
 public:
     explicit Patient(const QString& text)
         : m_text(text)
     {
-        build();
     }
     Patient(const Patient&) = delete;
     Patient& operator=(const Patient&) = delete;
@@ -115,7 +114,7 @@ qint64 middle(const std::vector<qint64>& figures, size_t first, size_t count)
     return some[some.size() / 2];
 }
 
-/// With what building a new life takes now and then.
+/// With what building takes, in whichever rounds it happens.
 qint64 mean(const std::vector<qint64>& figures, size_t first, size_t count)
 {
     const auto begin = figures.begin() + first;
