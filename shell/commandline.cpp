@@ -95,8 +95,8 @@ QString usageText()
                           "  -h, --help     show this text and end\n"
                           "  -v, --version  show the version and end\n"
                           "\n"
-                          "Exit status: 0 when the window was closed, 1 when there is nothing to show,\n"
-                          "2 for a wrong command line.\n");
+                          "Exit status: 0 when the window was closed, 1 when there is nothing to show\n"
+                          "or the display is lost, 2 for a wrong command line.\n");
 }
 
 bool namesForm(const QString& path)

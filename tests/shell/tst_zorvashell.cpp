@@ -1,36 +1,16 @@
+#include "shelltest.h"
+
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QtTest>
 
 #include <csignal>
-#include <memory>
 
-namespace {
-
-QString dataFile(const char* name)
-{
-    return QStringLiteral(ZORVA_TEST_DATA_DIR "/shell/") + QLatin1String(name);
-}
-
-bool makeFile(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
-
-} // namespace
-
-/** Runs the program in a folder of its own and looks at what it says and how it ends. */
-class TestZorvaShell : public QObject
+/** The program's command line, its files and the requests to end. */
+class TestZorvaShell : public ShellTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void helpAndVersionNeedNoDisplay_data();
     void helpAndVersionNeedNoDisplay();
     void mistakesAreExplained_data();
@@ -45,85 +25,7 @@ private Q_SLOTS:
     void damagedStoredParametersAreNoHindrance();
     void formReplacedWhileOpenIsNoHindrance();
     void pathBeyondAsciiIsRead();
-
-private:
-    void setEnvironment(const QString& name, const QString& value);
-    void start(const QStringList& arguments);
-    /** Once its event loop runs, the program obeys a request to end; it ends by itself if there is nothing to
-     * show. */
-    void waitUntilShown();
-    void finish();
-
-    std::unique_ptr<QTemporaryDir> folder;
-    std::unique_ptr<QProcess> program;
-    QString output;
-    QString errors;
 };
-
-void TestZorvaShell::init()
-{
-    folder = std::make_unique<QTemporaryDir>();
-    QVERIFY(folder->isValid());
-    program = std::make_unique<QProcess>();
-    program->setWorkingDirectory(folder->path());
-    output.clear();
-    errors.clear();
-    setEnvironment(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-}
-
-void TestZorvaShell::cleanup()
-{
-    if (program->state() != QProcess::NotRunning) {
-        program->kill();
-        program->waitForFinished();
-    }
-    program.reset();
-    folder.reset();
-}
-
-void TestZorvaShell::setEnvironment(const QString& name, const QString& value)
-{
-    QProcessEnvironment environment = program->processEnvironment();
-    if (environment.isEmpty())
-        environment = QProcessEnvironment::systemEnvironment();
-    if (value.isNull())
-        environment.remove(name);
-    else
-        environment.insert(name, value);
-    program->setProcessEnvironment(environment);
-}
-
-void TestZorvaShell::start(const QStringList& arguments)
-{
-    program->start(QStringLiteral(ZORVA_SHELL_PROGRAM), arguments, QIODevice::ReadOnly);
-    QVERIFY2(program->waitForStarted(), qPrintable(program->errorString()));
-}
-
-void TestZorvaShell::waitUntilShown()
-{
-    // The handlers are there before the form is read; what matters is that they are.
-    const QString status = QStringLiteral("/proc/%1/status").arg(program->processId());
-    const auto catchesTermination = [&status] {
-        QFile file(status);
-        if (!file.open(QIODevice::ReadOnly))
-            return false;
-        const QList<QByteArray> lines = file.readAll().split('\n');
-        for (const QByteArray& line : lines) {
-            if (line.startsWith("SigCgt:"))
-                return (line.mid(7).trimmed().toULongLong(nullptr, 16) >> (SIGTERM - 1) & 1) == 1;
-        }
-        return false;
-    };
-    QTRY_VERIFY_WITH_TIMEOUT(catchesTermination(), 20000);
-}
-
-void TestZorvaShell::finish()
-{
-    QVERIFY2(program->waitForFinished(30000), "the program does not end");
-    output = QString::fromLocal8Bit(program->readAllStandardOutput());
-    errors = QString::fromLocal8Bit(program->readAllStandardError());
-    QVERIFY2(program->exitStatus() == QProcess::NormalExit, qPrintable(errors));
-}
 
 void TestZorvaShell::helpAndVersionNeedNoDisplay_data()
 {
@@ -282,8 +184,7 @@ void TestZorvaShell::formReplacedWhileOpenIsNoHindrance()
     QVERIFY(QFile::copy(dataFile("gain.zorva"), form));
     start({form});
     // The form has been read when its window comes, and this platform says so then.
-    QByteArray said;
-    QTRY_VERIFY_WITH_TIMEOUT((said += program->readAllStandardError()).contains("propagateSizeHints"), 20000);
+    waitUntilSaid(QStringLiteral("propagateSizeHints"));
     QVERIFY(QFile::remove(form));
     QVERIFY(makeFile(form, "something else"));
     program->terminate();

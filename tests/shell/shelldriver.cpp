@@ -1,0 +1,176 @@
+// What a person does with the running program, done from inside it: Qt loads
+// this as a generic plugin, so that the program itself is the one that is
+// shipped. The steps come in the variable ZORVA_SHELL_STEPS, divided by ";".
+// Each is said on stderr when it is due, and "driver: done" after the last.
+//   click NAME      a mouse click in the middle of the control
+//   toggle NAME     a click on the mark of a check box
+//   ask NAME        a request for the control's context menu
+//   go on           the action "Continue" of the script debugger
+//   await WHAT      until there is a dialog, menu, debugger or main window
+//   await no WHAT   until there is none
+//   close WHAT      as code would: nothing stands in the way
+//   request WHAT    as the display would: a modal dialog stands in the way
+//   close all       all windows
+//   hammer NAME     clicks the check box and applies, again and again
+#include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QGenericPlugin>
+#include <QMainWindow>
+#include <QTimer>
+#include <QToolBar>
+#include <QWindow>
+#include <QtTest>
+
+#include <cstdio>
+
+namespace {
+
+QAction* continueAction(const QWidget* window)
+{
+    const QList<QToolBar*> bars = window->findChildren<QToolBar*>();
+    for (const QToolBar* bar : bars) {
+        const QList<QAction*> actions = bar->actions();
+        for (QAction* action : actions) {
+            if (action->text() == QLatin1String("Continue"))
+                return action;
+        }
+    }
+    return nullptr;
+}
+
+QWidget* visibleWindow(bool ofDebugger)
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows) {
+        const bool isFrame = window->isVisible() && qobject_cast<QMainWindow*>(window);
+        if (isFrame && bool(continueAction(window)) == ofDebugger)
+            return window;
+    }
+    return nullptr;
+}
+
+QWidget* windowOfKind(const QString& kind)
+{
+    if (kind == QLatin1String("dialog"))
+        return QApplication::activeModalWidget();
+    if (kind == QLatin1String("menu"))
+        return QApplication::activePopupWidget();
+    return visibleWindow(kind == QLatin1String("debugger"));
+}
+
+QWidget* control(const QString& name)
+{
+    const QWidget* const window = visibleWindow(false);
+    return window ? window->findChild<QWidget*>(name) : nullptr;
+}
+
+void clickMark(QWidget* box)
+{
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+}
+
+class ShellDriver : public QObject
+{
+public:
+    explicit ShellDriver(const QStringList& steps)
+        : m_steps(steps)
+    {
+        wait();
+    }
+
+private:
+    // A new shot each time: a step may not return before the next ones are done.
+    void wait()
+    {
+        QTimer::singleShot(10, this, [this] { look(); });
+    }
+
+    void look()
+    {
+        if (m_steps.isEmpty()) {
+            std::fputs("driver: done\n", stderr);
+            return;
+        }
+        const QString step = m_steps.first().trimmed();
+        const bool isPossible = isDue(step);
+        if (isPossible) {
+            m_steps.removeFirst();
+            std::fprintf(stderr, "driver: %s\n", qPrintable(step));
+        }
+        wait();
+        if (isPossible)
+            perform(step.section(QLatin1Char(' '), 0, 0), step.section(QLatin1Char(' '), 1));
+    }
+
+    static bool isDue(const QString& step)
+    {
+        const QString object = step.section(QLatin1Char(' '), 1);
+        if (step.startsWith(QLatin1String("await no ")))
+            return !windowOfKind(object.section(QLatin1Char(' '), 1));
+        if (step == QLatin1String("go on"))
+            return visibleWindow(true) && continueAction(visibleWindow(true))->isEnabled();
+        if (step == QLatin1String("close all"))
+            return true;
+        if (step.startsWith(QLatin1String("await")) || step.startsWith(QLatin1String("close")) ||
+            step.startsWith(QLatin1String("request")))
+            return windowOfKind(object);
+        return control(object);
+    }
+
+    void perform(const QString& verb, const QString& object)
+    {
+        if (verb == QLatin1String("click"))
+            QTest::mouseClick(control(object), Qt::LeftButton);
+        else if (verb == QLatin1String("toggle"))
+            clickMark(control(object));
+        else if (verb == QLatin1String("ask"))
+            askForMenu(control(object));
+        else if (verb == QLatin1String("go"))
+            continueAction(visibleWindow(true))->trigger();
+        else if (verb == QLatin1String("close") && object == QLatin1String("all"))
+            QApplication::closeAllWindows();
+        else if (verb == QLatin1String("close"))
+            windowOfKind(object)->close();
+        else if (verb == QLatin1String("request"))
+            windowOfKind(object)->windowHandle()->close();
+        else if (verb == QLatin1String("hammer"))
+            hammer(object);
+    }
+
+    static void askForMenu(QWidget* widget)
+    {
+        const QPoint middle = widget->rect().center();
+        QContextMenuEvent request(QContextMenuEvent::Mouse, middle, widget->mapToGlobal(middle));
+        QCoreApplication::sendEvent(widget, &request);
+    }
+
+    void hammer(const QString& name)
+    {
+        auto* const timer = new QTimer(this);
+        connect(timer, &QTimer::timeout, this, [name] {
+            clickMark(control(name));
+            QTest::mouseClick(control(QStringLiteral("applyButton")), Qt::LeftButton);
+        });
+        timer->start(0);
+    }
+
+    QStringList m_steps;
+};
+
+} // namespace
+
+class ShellDriverPlugin : public QGenericPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "shelldriver.json")
+
+public:
+    QObject* create(const QString& /*name*/, const QString& /*specification*/) override
+    {
+        const QString steps = qEnvironmentVariable("ZORVA_SHELL_STEPS");
+        return new ShellDriver(steps.split(QLatin1Char(';'), Qt::SkipEmptyParts));
+    }
+};
+
+#include "shelldriver.moc"
