@@ -30,7 +30,7 @@ bool updatesWanted(const QWidget* widget)
 
 BulkChange::BulkChange(QWidget* content, Hold hold)
 {
-    if (!content || !content->isVisible())
+    if (!content || content->isVisible() == (hold == ComingOnScreen))
         return;
     if (hold == PaintingAndLayout)
         holdLayout(content->layout());

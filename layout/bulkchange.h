@@ -19,13 +19,15 @@
 /// next turn of the event loop.
 ///
 /// A guard that holds Painting alone is for changes that move nothing; changes
-/// that do are arranged as if there were none.
+/// that do are arranged as if there were none. One for ComingOnScreen is for
+/// content that is hidden and is shown while the guard lives, by itself or with
+/// what it lies in; it does nothing to content that is visible already.
 class BulkChange
 {
     Q_DISABLE_COPY(BulkChange)
 
 public:
-    enum Hold { Painting, PaintingAndLayout };
+    enum Hold { Painting, PaintingAndLayout, ComingOnScreen };
 
     explicit BulkChange(QWidget* content, Hold hold = PaintingAndLayout);
     ~BulkChange();

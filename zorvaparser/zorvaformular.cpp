@@ -3,6 +3,7 @@
 #include "widgets/zorvasheetui.h"
 #include "xmlwalk_p.h"
 
+#include <layout/bulkchange.h>
 #include <valueframework/valuebase.h>
 #include <valueframework/valuenumeric.h>
 #include <valueframework/valueselection.h>
@@ -217,6 +218,7 @@ QWidget* ZorvaFormular::GetGUI()
 
 void ZorvaFormular::Show()
 {
+    const BulkChange bulk(sheet.Content(), BulkChange::ComingOnScreen);
     GetGUI()->show();
 }
 

@@ -35,11 +35,14 @@ ZorvaSheet::ZorvaSheet(ZorvaFormular* owningFormular)
 
 ZorvaSheet::~ZorvaSheet()
 {
+    // The window may outlive the sheet, and every control hears that its value goes.
+    const BulkChange bulk(Content(), BulkChange::Painting);
     delete sheetUi;
     formular = nullptr;
     delete rootElement;
     for (const WidgetPointer& widget : qAsConst(widgets))
         widget->LeaveSheet();
+    widgets.clear();
 }
 
 void ZorvaSheet::ParseZORVA(QXmlStreamReader& reader)
@@ -84,6 +87,7 @@ void ZorvaSheet::ParseChangedZORVA(QXmlStreamReader& reader)
 
 void ZorvaSheet::CreateValueTree(const QString& path)
 {
+    const BulkChange bulk(Content());
     vtPath = path;
     for (const WidgetPointer& widget : qAsConst(widgets))
         widget->CreateValueTree(path);

@@ -104,6 +104,8 @@ public:
 
     /** A delegate's tag changed: the index from tags to widgets is made anew when next asked. */
     void TagsChanged();
+    /** The widget that the rows lie in; null before the controls are made and after they are gone. */
+    QWidget* Content() const;
     /** For the formular's connections. */
     ZorvaSheetUi* GetSheetUi() const { return sheetUi; }
 
@@ -114,7 +116,6 @@ private:
     WidgetPointer Lookup(const QString& path) const;
     void BuildTagIndex() const;
     void BuildListIndex() const;
-    QWidget* Content() const;
 
     QString name;
     QString vtPath;

@@ -163,6 +163,10 @@ private Q_SLOTS:
     void shownAgain();
     void shownAgainAsTheHostLeftIt();
     void shownAgainInATab();
+    void comingOnScreen_data() { shownAgain_data(); }
+    void comingOnScreen();
+    void comingOnScreenWhileVisible();
+    void comingOnScreenIsCalledOff();
 };
 
 void tst_BulkChange::samePicture_data()
@@ -473,6 +477,55 @@ void tst_BulkChange::shownAgainInATab()
     QCOMPARE(tabs.grab().toImage().convertToFormat(QImage::Format_RGB32),
              tabs.screen()->grabWindow(tabs.winId()).toImage().convertToFormat(QImage::Format_RGB32));
     form.area.setParent(nullptr);
+}
+
+void tst_BulkChange::comingOnScreen()
+{
+    QFETCH(Change, whileHidden);
+    QImage pictures[2];
+    for (int guarded = 0; guarded < 2; ++guarded) {
+        Form form;
+        QVERIFY(QTest::qWaitForWindowExposed(&form.area));
+        form.area.hide();
+        form.settle();
+        whileHidden(form);
+        {
+            BulkChange bulk(guarded ? form.content : nullptr, BulkChange::ComingOnScreen);
+            form.area.show();
+            QCOMPARE(form.controls.at(1)->updatesEnabled(), !guarded);
+        }
+        QVERIFY(QTest::qWaitForWindowExposed(&form.area));
+        QVERIFY(form.content->updatesEnabled());
+        for (QWidget* control : qAsConst(form.controls))
+            QVERIFY(control->updatesEnabled());
+        pictures[guarded] = form.screen();
+        QCOMPARE(form.area.grab().toImage().convertToFormat(QImage::Format_RGB32),
+                 pictures[guarded].convertToFormat(QImage::Format_RGB32));
+    }
+    QCOMPARE(pictures[0], pictures[1]);
+}
+
+void tst_BulkChange::comingOnScreenWhileVisible()
+{
+    Form form;
+    BulkChange bulk(form.content, BulkChange::ComingOnScreen);
+    QVERIFY(form.content->updatesEnabled());
+    QVERIFY(form.controls.first()->updatesEnabled());
+    QVERIFY(form.layout->isEnabled());
+}
+
+void tst_BulkChange::comingOnScreenIsCalledOff()
+{
+    Form form;
+    form.area.hide();
+    form.controls.first()->setUpdatesEnabled(false);
+    {
+        BulkChange bulk(form.content, BulkChange::ComingOnScreen);
+        QVERIFY(!form.content->updatesEnabled());
+    }
+    QVERIFY(form.content->updatesEnabled());
+    QVERIFY(!form.controls.first()->updatesEnabled());
+    QVERIFY(form.controls.at(1)->updatesEnabled());
 }
 
 QTEST_MAIN(tst_BulkChange)

@@ -307,6 +307,8 @@ void TestLifetimes::theWindowIsTheHosts()
     QVERIFY(host.window);
     QCOMPARE(host.window->parentWidget(), &frame);
     QVERIFY(!host.window->findChild<QAbstractButton*>(named("flag"))->isEnabled());
+    for (const QWidget* control : host.window->findChildren<QWidget*>())
+        QVERIFY(control->updatesEnabled());
     host.use();
 }
 
