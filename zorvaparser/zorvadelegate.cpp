@@ -20,6 +20,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace Orvane {
 
@@ -42,6 +43,41 @@ constexpr int lastDecimal = 1074;
 
 constexpr double noMinimum = -1e308;
 constexpr double noMaximum = 1e308;
+
+/**
+ * The write that is on its way to its own change event. Kept here and not in the
+ * row, which the host may drop in answer.
+ */
+class PropertyWrite
+{
+    Q_DISABLE_COPY(PropertyWrite)
+
+public:
+    PropertyWrite(const QObject* row, const char* name, const QVariant& value)
+        : m_row(row)
+        , m_name(name)
+        , m_value(value)
+    {
+        current = this;
+    }
+    // What stood before is not put back: its property may have been written again.
+    ~PropertyWrite() { current = nullptr; }
+
+    /** Null if nothing is on its way. Whatever is written in answer has an event of its own. */
+    static const PropertyWrite* take() { return std::exchange(current, nullptr); }
+
+    bool isOf(const QObject* row, const QByteArray& name) const { return row == m_row && name == m_name; }
+    const QVariant& value() const { return m_value; }
+
+private:
+    static const PropertyWrite* current;
+
+    const QObject* m_row;
+    const char* m_name;
+    const QVariant& m_value;
+};
+
+const PropertyWrite* PropertyWrite::current = nullptr;
 
 bool isFloating(const QVariant& value)
 {
@@ -266,10 +302,19 @@ bool ZorvaDelegate::event(QEvent* event)
 {
     if (event->type() == QEvent::DynamicPropertyChange) {
         const QByteArray key = static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName();
+        const PropertyWrite* const write = PropertyWrite::take();
         if (!key.startsWith("_q_"))
-            PropertyChanged(QString::fromLatin1(key), property(key.constData()));
+            PropertyChanged(QString::fromLatin1(key), write && write->isOf(this, key)
+                                                          ? QVariant(write->value())
+                                                          : property(key.constData()));
     }
     return QObject::event(event);
+}
+
+bool ZorvaDelegate::setProperty(const char* name, const QVariant& value)
+{
+    const PropertyWrite write(this, name, value);
+    return QObject::setProperty(name, value);
 }
 
 void ZorvaDelegate::PropertyChanged(const QString& name, const QVariant& value)

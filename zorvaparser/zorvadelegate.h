@@ -90,6 +90,8 @@ public:
     void Update(Observable* observable, TChangeCode code) override;
     /** The one funnel of property changes. */
     bool event(QEvent* event) override;
+    /** As QObject's own, but the funnel takes the value from here and does not look it up again. */
+    bool setProperty(const char* name, const QVariant& value);
 
     /** Sets the property unless it equals @p value (QVariant comparison); true if set. */
     bool ChangeProperty(const QString& name, QVariant value);

@@ -15,6 +15,21 @@ namespace {
 // reader's eyes are left, and lines are no longer begun.
 constexpr int deepestIndent = 200;
 
+/** Takes the first part that is not empty off @p path; an empty one is its end. */
+QStringView takePart(QStringView& path)
+{
+    constexpr QLatin1Char slash('/');
+    qsizetype begin = 0;
+    while (begin < path.size() && path.at(begin) == slash)
+        ++begin;
+    qsizetype end = begin;
+    while (end < path.size() && path.at(end) != slash)
+        ++end;
+    const QStringView part = path.mid(begin, end - begin);
+    path = path.mid(end);
+    return part;
+}
+
 } // namespace
 
 ZorvaElement::~ZorvaElement()
@@ -56,13 +71,15 @@ ZorvaElement* ZorvaElement::append(const QStringList& childTags)
 void ZorvaElement::addWidget(const WidgetPointer& newWidget)
 {
     ZorvaDelegate* const delegate = newWidget->GetDelegate();
-    const auto parts = delegate->GetXmlPath().splitRef(QLatin1Char('/'), Qt::SkipEmptyParts);
+    QStringView path(delegate->GetXmlPath());
     ZorvaElement* current = this;
     bool isWritten = true;
-    for (int i = 0; i + 1 < parts.count(); ++i) {
-        ZorvaElement* const group = current->child(parts.at(i));
-        current = group ? group : current->append({parts.at(i).toString()});
+    QStringView tag = takePart(path);
+    for (QStringView next = takePart(path); !next.isEmpty(); next = takePart(path)) {
+        ZorvaElement* const group = current->child(tag);
+        current = group ? group : current->append({tag.toString()});
         isWritten = isWritten && !current->widget;
+        tag = next;
     }
     const QStringList leafTags =
         delegate->HasSeveralXmlTags() ? delegate->GetAllTags() : QStringList{delegate->GetXmlTagName()};
@@ -74,8 +91,8 @@ void ZorvaElement::addWidget(const WidgetPointer& newWidget)
 ZorvaElement::WidgetPointer ZorvaElement::findWidget(const QString& path) const
 {
     const ZorvaElement* current = this;
-    const auto parts = path.splitRef(QLatin1Char('/'), Qt::SkipEmptyParts);
-    for (const QStringRef& part : parts) {
+    QStringView rest(path);
+    for (QStringView part = takePart(rest); !part.isEmpty(); part = takePart(rest)) {
         current = current->child(part);
         if (!current)
             return WidgetPointer();

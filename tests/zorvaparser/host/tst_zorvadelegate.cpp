@@ -110,6 +110,36 @@ public:
     }
 };
 
+/// Before the row hears of its first change, writes one of its properties.
+class Interjector : public QObject
+{
+public:
+    Interjector(ZorvaDelegate* row, const char* name, bool asPlainObject)
+        : m_row(row)
+        , m_name(name)
+        , m_asPlainObject(asPlainObject)
+    {
+        row->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() != QEvent::DynamicPropertyChange || std::exchange(m_done, true))
+            return false;
+        if (m_asPlainObject)
+            static_cast<QObject*>(m_row)->setProperty(m_name, 2);
+        else
+            m_row->setProperty(m_name, 2);
+        return false;
+    }
+
+private:
+    ZorvaDelegate* m_row;
+    const char* m_name;
+    bool m_asPlainObject;
+    bool m_done = false;
+};
+
 QString propertyXml(const char* name, const char* type, const char* text)
 {
     return QStringLiteral("<Property name=\"%1\"><%2>%3</%2></Property>")
@@ -179,6 +209,9 @@ private Q_SLOTS:
     // Changing and forwarding
     void changePropertyComparesVariants_data();
     void changePropertyComparesVariants();
+    void funnelHearsWhatTheRowHolds_data();
+    void funnelHearsWhatTheRowHolds();
+    void funnelIsHeardOfOtherRowsBetween();
     void internalNamesBypassTheFunnel_data();
     void internalNamesBypassTheFunnel();
     void slotsSetProperties();
@@ -641,6 +674,65 @@ void TestZorvaDelegate::changePropertyComparesVariants()
     const QVariant expected = changes ? value : held;
     QCOMPARE(row.delegate.property("x").userType(), expected.userType());
     QCOMPARE(row.delegate.property("x"), expected);
+}
+
+void TestZorvaDelegate::funnelHearsWhatTheRowHolds_data()
+{
+    QTest::addColumn<bool>("asPlainObject");
+    QTest::addColumn<QByteArray>("between");
+    QTest::addColumn<bool>("betweenAsPlainObject");
+    for (const bool plain : {false, true}) {
+        for (const char* const between : {"", "a", "b"}) {
+            for (const bool betweenPlain : {false, true})
+                QTest::addRow("%s, %s by %s between", plain ? "object" : "row", between,
+                              betweenPlain ? "object" : "row")
+                    << plain << QByteArray(between) << betweenPlain;
+        }
+    }
+}
+
+void TestZorvaDelegate::funnelHearsWhatTheRowHolds()
+{
+    QFETCH(bool, asPlainObject);
+    QFETCH(QByteArray, between);
+    QFETCH(bool, betweenAsPlainObject);
+    ProbeRow row;
+    std::unique_ptr<Interjector> interjector;
+    if (!between.isEmpty())
+        interjector = std::make_unique<Interjector>(&row.delegate, between.constData(), betweenAsPlainObject);
+    row.delegate.takeChanges();
+    if (asPlainObject)
+        static_cast<QObject&>(row.delegate).setProperty("a", 1);
+    else
+        row.delegate.setProperty("a", 1);
+    QVariantMap heard;
+    for (const ProbeDelegate::Change& change : row.delegate.takeChanges())
+        heard.insert(change.name, change.value);
+    QVariantMap held{{QStringLiteral("a"), row.delegate.property("a")}};
+    if (between == "b")
+        held.insert(QStringLiteral("b"), 2);
+    QCOMPARE(heard, held);
+    // Nothing is left of that write for the next one.
+    QDynamicPropertyChangeEvent again("a");
+    row.delegate.QObject::setProperty("_q_quiet", 3);
+    QCoreApplication::sendEvent(&row.delegate, &again);
+    QCOMPARE(row.delegate.takeChanges().last().value, row.delegate.property("a"));
+}
+
+void TestZorvaDelegate::funnelIsHeardOfOtherRowsBetween()
+{
+    ProbeRow row;
+    ProbeRow other;
+    row.delegate.setProperty("a", 1);
+    row.delegate.takeChanges();
+    // An equal value is no change, and must not be taken for that of the other row.
+    row.delegate.setProperty("a", 1);
+    other.delegate.takeChanges();
+    static_cast<QObject&>(other.delegate).setProperty("a", 5);
+    const QList<ProbeDelegate::Change> heard = other.delegate.takeChanges();
+    QCOMPARE(heard.size(), 1);
+    QCOMPARE(heard.first().value, QVariant(5));
+    QVERIFY(row.delegate.takeChanges().isEmpty());
 }
 
 void TestZorvaDelegate::internalNamesBypassTheFunnel_data()
