@@ -615,7 +615,7 @@ QString ZorvaDelegate::GetVTNodePath()
 template <typename V>
 V* ZorvaDelegate::PrepareValue(V* value)
 {
-    value->SetTranslationNamespace(objectName().toLatin1().constData(), nullptr);
+    value->SetTranslationNamespace(objectName().toLatin1(), nullptr);
     return value;
 }
 
@@ -675,6 +675,7 @@ ZorvaDelegate::CreateValueSelection(const QString& name, QExplicitlySharedDataPo
         return nullptr;
     auto* const value = PrepareValue(new values::ValueSelection(
         GetVTName() + QLatin1Char('_') + enumeration->GetName(), ValueState::Normal));
+    value->Reserve(enumeration->GetValueCount());
     for (int i = 0; i < enumeration->GetValueCount(); ++i) {
         const ZorvaEnumValue& entry = enumeration->GetValueAt(i);
         value->AddItem(entry.GetDisplayName(), entry.GetDoubleValue(i), i + 1, nullptr);

@@ -114,6 +114,11 @@ ValueTransaction ValueBase::CreateTransaction(std::initializer_list<TChangeCode>
 
 void ValueBase::SetTranslationNamespace(const char* context, IObserver* originator)
 {
+    SetTranslationNamespace(QByteArray(context), originator);
+}
+
+void ValueBase::SetTranslationNamespace(const QByteArray& context, IObserver* originator)
+{
     if (m_translationNamespace == context)
         return;
     m_translationNamespace = context;

@@ -73,6 +73,7 @@ public:
     /// The context in which controls translate the value's texts, in UTF-8; null or
     /// empty for none. Tells of `ChangeCode::Name`.
     void SetTranslationNamespace(const char* context, IObserver* originator);
+    void SetTranslationNamespace(const QByteArray& context, IObserver* originator);
     const QByteArray& GetTranslationNamespace() const { return m_translationNamespace; }
 
     void SetDeleteObserver(ITreeItem* item) override { m_deleteObserver = item; }

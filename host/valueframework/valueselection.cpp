@@ -34,6 +34,11 @@ ValueSelection::~ValueSelection()
     retire();
 }
 
+void ValueSelection::Reserve(long count)
+{
+    m_items.reserve(static_cast<std::size_t>(std::max(count, 0L)));
+}
+
 void ValueSelection::AddItem(const QString& name, double value, long key, IObserver* originator)
 {
     append(std::make_unique<SelectionItem>(name, value, key));

@@ -46,6 +46,8 @@ public:
     explicit ValueSelection(const QString& name, TValueState state = ValueState::Normal);
     ~ValueSelection() override;
 
+    /// Makes room for `count` items in all at once; tells nobody.
+    void Reserve(long count);
     void AddItem(const QString& name, double value, long key, IObserver* originator);
     /// Takes ownership of `item`; null is ignored.
     void AddItem(SelectionItem* item, IObserver* originator);

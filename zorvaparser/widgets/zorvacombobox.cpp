@@ -27,7 +27,7 @@ void ZorvaComboBox::CreateValueTree()
     TakeEnumeration();
     selectionValue = ObserveValue(CreateValueSelection(QStringLiteral("currentValue"), enumeration));
     if (selectionValue)
-        selectionValue->SetTranslationNamespace(PropertyText("enumName").toLatin1().constData(), nullptr);
+        selectionValue->SetTranslationNamespace(PropertyText("enumName").toLatin1(), nullptr);
     if (comboBox)
         comboBox->SetValueSelection(selectionValue);
 }
@@ -52,6 +52,7 @@ void ZorvaComboBox::RefillSelection()
     // One notice for the whole refill: a control rebuilds its list at each.
     selectionValue->StartTransaction(this);
     selectionValue->DeleteItems(this);
+    selectionValue->Reserve(enumeration->GetValueCount());
     for (int i = 0; i < enumeration->GetValueCount(); ++i) {
         const ZorvaEnumValue& entry = enumeration->GetValueAt(i);
         selectionValue->AddItem(entry.GetDisplayName(), entry.GetDoubleValue(i), i + 1, nullptr);

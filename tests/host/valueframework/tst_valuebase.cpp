@@ -69,6 +69,7 @@ void TestValueBase::translationNamespaceChangesAreTold()
     QVERIFY(observer.codes().isEmpty());
     value.SetTranslationNamespace("Form", nullptr);
     value.SetTranslationNamespace("Form", nullptr);
+    value.SetTranslationNamespace(QByteArray("Form"), nullptr);
     QCOMPARE(observer.takeCodes(), QList<TChangeCode>{ChangeCode::Name});
     QCOMPARE(value.GetTranslationNamespace(), QByteArray("Form"));
     value.SetTranslationNamespace(nullptr, nullptr);

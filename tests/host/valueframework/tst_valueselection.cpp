@@ -19,6 +19,7 @@ private Q_SLOTS:
     void typeHasItsNumber();
     void addingTellsOfItems();
     void addingListsTellsOnce();
+    void reservingTellsNobody();
     void addingItselfDoubles();
     void nullItemIsIgnored();
     void itemsCompareByAllFields();
@@ -109,6 +110,16 @@ void TestValueSelection::addingListsTellsOnce()
     m_selection->AddItems({}, nullptr);
     m_selection->AddItemsFrom(ValueSelection(QString()), nullptr);
     QVERIFY(m_observer.codes().isEmpty());
+}
+
+void TestValueSelection::reservingTellsNobody()
+{
+    const SelectionItem* const first = m_selection->GetItemIndex(0);
+    for (const long count : {1000L, 0L, -1L})
+        m_selection->Reserve(count);
+    QVERIFY(m_observer.codes().isEmpty());
+    QCOMPARE(m_selection->GetItemCount(), 3L);
+    QCOMPARE(static_cast<const SelectionItem*>(m_selection->GetItemIndex(0)), first);
 }
 
 void TestValueSelection::addingItselfDoubles()
