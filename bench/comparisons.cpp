@@ -3,6 +3,7 @@
 #include "floorform.h"
 #include "handform.h"
 #include "liveform.h"
+#include "qmlform.h"
 
 #include <layout/floatgrouplayout.h>
 #include <valueframework/value.h>
@@ -163,16 +164,33 @@ Comparison compareShowPeer(const Load& load)
     return {loadPeer(load, true), showOurs(load)};
 }
 
-Comparison compareLifePeer(const Load& load)
+Work liveOurs(const Load& load)
 {
     const auto slot = makeSlot<LiveForm>();
-    return {loadPeer(load, true),
-            {[] {},
+    return {[] {},
+            [slot, &load] {
+                *slot = std::make_unique<LiveForm>(load.description);
+                (*slot)->bringUp();
+            },
+            drop(slot)};
+}
+
+Comparison compareLifePeer(const Load& load)
+{
+    return {loadPeer(load, true), liveOurs(load)};
+}
+
+Comparison compareLifeQml(const Load& load)
+{
+    const auto slot = makeSlot<QmlForm>();
+    return {{[] {},
              [slot, &load] {
-                 *slot = std::make_unique<LiveForm>(load.description);
-                 (*slot)->bringUp();
+                 *slot = std::make_unique<QmlForm>(load.qml);
+                 if (!(*slot)->show())
+                     qFatal("The form of Qt Quick Controls does not show; are their modules installed?");
              },
-             drop(slot)}};
+             drop(slot)},
+            liveOurs(load)};
 }
 
 Work resizeOf(QWidget* window, const std::shared_ptr<void>& keep)
@@ -338,10 +356,15 @@ Work readOurs(const Load& load)
     return readInTurn(load, [form](const QString& text, bool) { (*form)->SetXmlString(text); });
 }
 
-Comparison compareRead(const Load& load)
+Work readBare(const Load& load)
 {
     const auto floor = makeFloorForm(load, false);
-    return {readInTurn(load, [floor](const QString& text, bool) { floor->readTexts(text); }), readOurs(load)};
+    return readInTurn(load, [floor](const QString& text, bool) { floor->readTexts(text); });
+}
+
+Comparison compareRead(const Load& load)
+{
+    return {readBare(load), readOurs(load)};
 }
 
 Comparison compareReadProtocol(const Load& load)
@@ -404,6 +427,12 @@ Comparison compareReadFlat(const Load& load)
 Comparison compareReadPerRow(const Load& load)
 {
     return compareGroupings(load, Grouping::PerRow, readOurs);
+}
+
+/// What the twice as many tags cost the bare reader.
+Comparison compareBareReadPerRow(const Load& load)
+{
+    return compareGroupings(load, Grouping::PerRow, readBare);
 }
 
 Comparison compareEmptyFormular(const Load&)
@@ -548,6 +577,51 @@ Comparison compareEditPainted(const Load& load)
     return {editOne(Load::ofSize(10), true), editOne(load, true)};
 }
 
+Comparison compareEditHand(const Load& load)
+{
+    const auto hand = makeShownHandForm(load, HandForm::FormLayout);
+    const auto turn = std::make_shared<int>(0);
+    return {{[] {},
+             [hand, turn] {
+                 hand->writeText(QStringLiteral("edit %1").arg(++*turn));
+                 settle();
+             },
+             [] {}},
+            editOne(load, true)};
+}
+
+/// The window stays when what it shows is gone, as it may with a host.
+Comparison compareDrop(const Load& load)
+{
+    const auto form = makeSlot<FloorForm>();
+    const auto hand = makeSlot<HandForm>();
+    const auto ours = makeSlot<LiveForm>();
+    return {{[form, hand, &load] {
+                 *form = std::make_unique<FloorForm>();
+                 (*form)->parse(load.description);
+                 *hand = std::make_unique<HandForm>(load.form, HandForm::FormLayout);
+                 showAndPaint((*hand)->window(), (*hand)->content());
+             },
+             [form, hand] {
+                 form->reset();
+                 {
+                     const FloorGuard guard((*hand)->content());
+                     (*hand)->setControlsEnabled(false);
+                 }
+                 settle();
+             },
+             drop(hand)},
+            {[ours, &load] {
+                 *ours = std::make_unique<LiveForm>(load.description);
+                 (*ours)->bringUp();
+             },
+             [ours] {
+                 (*ours)->dropForm();
+                 settle();
+             },
+             drop(ours)}};
+}
+
 Comparison compareSwitch(const Load& load)
 {
     const auto first = makeShownHandForm(load, HandForm::FormLayout);
@@ -630,10 +704,11 @@ Comparison compareGetValues(const Load& load)
              [ours, targets] { (*ours)->GetVTValues(targets->ours, nullptr, false); }, [] {}}};
 }
 
-/// As many entries as the load has rows.
+/// As many entries as the load has rows: enumeration, value and control take them.
 Comparison compareRefill(const Load& load)
 {
     const auto floor = makeFloorForm(Load::ofSize(10), true);
+    const auto hand = makeShownHandForm(Load::ofSize(10), HandForm::FormLayout);
     const auto ours = makeShownForm(Load::ofSize(10));
     const auto source = std::make_shared<values::ValueSelection>(QStringLiteral("source"));
     const auto names = std::make_shared<QStringList>();
@@ -641,7 +716,12 @@ Comparison compareRefill(const Load& load)
         names->append(QStringLiteral("Entry %1").arg(i));
     source->AddItems(*names, nullptr);
     const QString enumName = Load::ofSize(10).form.rows().at(1).enumName;
-    return {{[] {}, [floor, names, enumName] { floor->refill(enumName, *names); }, [] {}},
+    return {{[] {},
+             [floor, hand, names, enumName] {
+                 floor->refill(enumName, *names);
+                 hand->refillChoice(*names);
+             },
+             [] {}},
             {[] {},
              [ours, source, enumName] {
                  (*ours)->InitEnumeration(enumName, source.get(), nullptr);
@@ -692,6 +772,7 @@ Load::Load(int rows, Grouping grouping)
     , parameters(form.parameters(false))
     , changed(form.parameters(true))
     , ui(grouping == Grouping::Twenty ? form.uiForm() : QString())
+    , qml(grouping == Grouping::Twenty ? form.qmlForm() : QString())
 {
 }
 
@@ -714,6 +795,7 @@ const std::vector<ComparisonKind>& comparisonKinds()
         {"show", "CreateGUI + Show + paint / QFormLayout by hand", compareShow, false},
         {"show-uiloader", "CreateGUI + Show + paint / QUiLoader load + show", compareShowPeer, false},
         {"life-uiloader", "whole life / QUiLoader load + show", compareLifePeer, false},
+        {"life-qml", "whole life / Qt Quick Controls", compareLifeQml, false},
         {"resize", "resize + paint / QFormLayout by hand", compareResize, false},
         {"arrange", "arrangement alone / one pass over the items", compareArrangement, true},
         {"group", "one group toggled / guarded by hand", compareGroup, false},
@@ -734,15 +816,19 @@ const std::vector<ComparisonKind>& comparisonKinds()
         {"parse-perrow", "ParseZORVA, a group per row / groups of 20", compareParsePerRow, true},
         {"read-flat", "SetXmlString, one group / groups of 20", compareReadFlat, true},
         {"read-perrow", "SetXmlString, a group per row / groups of 20", compareReadPerRow, true},
+        {"read-perrow-bare", "read floor, a group per row / groups of 20", compareBareReadPerRow, true},
         {"formular", "ZorvaFormular made and deleted / QScriptEngine", compareEmptyFormular, true},
         {"spins", "CreateGUI, spin rows without limits / with limits", compareSpinLimits, false},
         {"teardown", "window and form deleted / hand-built form and parse floor", compareTeardown, false},
         {"edit", "edit of one row / in a form of 10 rows", compareEdit, false},
         {"edit-painted", "edit of one row + paint / in a form of 10 rows", compareEditPainted, false},
+        {"edit-hand", "edit of one row + paint / setText by hand + paint", compareEditHand, false},
+        {"drop", "form deleted below its window + paint / parse floor, guarded by hand", compareDrop, false},
         {"switch", "ShowFormular / hide and show by hand", compareSwitch, false},
         {"overlay", "SetChangedZORVA / walk and setProperty", compareOverlay, true},
         {"get-values", "GetVTValues / hash look-ups", compareGetValues, true},
-        {"refill", "InitEnumeration + resync of a row / list refilled", compareRefill, true},
+        {"refill", "InitEnumeration + resync of a row / list, value and combo box refilled", compareRefill,
+         true},
         {"fan-out", "10 notices to N observers / plain vector", compareFanOut, true},
     };
     return kinds;

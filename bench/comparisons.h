@@ -20,7 +20,8 @@ struct Load
     QString description;
     QString parameters;
     QString changed;
-    QString ui;
+    QString ui; // empty unless in groups of twenty, like the next one
+    QString qml;
 };
 
 /// A comparison by name, to be made for a load of any size.

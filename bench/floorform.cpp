@@ -186,19 +186,24 @@ void FloorRow::configure()
         value->step = step;
 }
 
-void FloorRow::createChoice(const FloorEnum& entries)
+int FloorValue::takeItems(const FloorEnum& entries, const QString& wanted)
 {
-    const QString text = property("currentValue").toString();
     int found = 0;
-    value->items.reserve(std::size_t(entries.size()));
+    items.clear();
+    items.reserve(std::size_t(entries.size()));
     for (int i = 0; i < entries.size(); ++i) {
         bool ok = false;
-        const double number = entries.at(i).value.toDouble(&ok);
-        value->items.push_back({entries.at(i).displayName, ok ? number : i, i + 1});
-        if (entries.at(i).value == text)
+        const double value = entries.at(i).value.toDouble(&ok);
+        items.push_back({entries.at(i).displayName, ok ? value : i, i + 1});
+        if (entries.at(i).value == wanted)
             found = i;
     }
-    value->select(found, this);
+    return found;
+}
+
+void FloorRow::createChoice(const FloorEnum& entries)
+{
+    value->select(value->takeItems(entries, property("currentValue").toString()), this);
 }
 
 void FloorRow::createValue(const QHash<QString, FloorEnum>& enums, QHash<QString, FloorValue*>& tree)
@@ -458,5 +463,12 @@ void FloorForm::refill(const QString& enumName, const QStringList& names)
     for (int i = 0; i < names.size(); ++i) {
         const QString value = QString::number(i, 'f', 2);
         entries.append({names.at(i), enumName.toUpper() + QLatin1Char('_') + value, value});
+    }
+    for (const auto& row : m_rows) {
+        if (row->value && row->enumeration == &entries) {
+            row->value->select(row->value->takeItems(entries, row->property("currentValue").toString()),
+                               nullptr);
+            return;
+        }
     }
 }

@@ -16,6 +16,14 @@
 class QXmlStreamReader;
 class QXmlStreamWriter;
 
+struct FloorEnumEntry
+{
+    QString displayName;
+    QString identifier;
+    QString value;
+};
+using FloorEnum = QVector<FloorEnumEntry>;
+
 /// A value as bare as it can be: a name, a content and who hears of it.
 class FloorValue
 {
@@ -45,6 +53,8 @@ public:
     void setNumber(double number, const Listener* from);
     void select(int index, const Listener* from);
     QString shownText() const;
+    /// The item for the entry that holds `wanted`; the first one if there is none.
+    int takeItems(const FloorEnum& entries, const QString& wanted);
 
     const Type type;
     const QString name;
@@ -61,14 +71,6 @@ private:
 
     std::vector<Listener*> listeners;
 };
-
-struct FloorEnumEntry
-{
-    QString displayName;
-    QString identifier;
-    QString value;
-};
-using FloorEnum = QVector<FloorEnumEntry>;
 
 /// One row: an object with dynamic properties, which hears of their changes.
 class FloorRow : public QObject, public FloorValue::Listener
@@ -137,6 +139,7 @@ public:
 
     const std::vector<std::unique_ptr<FloorRow>>& rows() const { return m_rows; }
     FloorValue* value(const QString& path) const { return m_tree.value(path); }
+    /// Fills an enumeration and the values of the rows that use it anew.
     void refill(const QString& enumName, const QStringList& names);
     const FloorEnum enumeration(const QString& enumName) const { return m_enums.value(enumName); }
 

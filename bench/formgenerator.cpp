@@ -337,6 +337,42 @@ void writeUiRow(QXmlStreamWriter& writer, UiWriter& ui, const RowPlan& row, int 
     writer.writeEndElement();
 }
 
+QString quoted(const QString& text)
+{
+    return QLatin1Char('"') + text + QLatin1Char('"');
+}
+
+QString qmlControl(const RowPlan& row, const QString& model)
+{
+    switch (row.kind) {
+    case RowKind::Choice:
+        return QStringLiteral("ComboBox { model: %1; currentIndex: %2").arg(model, row.value);
+    case RowKind::Decimal:
+    case RowKind::Whole:
+    case RowKind::Wide:
+        // Its spin boxes know whole numbers only.
+        return QStringLiteral("SpinBox { from: 0; to: 1000; editable: true; value: %1")
+            .arg(row.value.section(QLatin1Char('.'), 0, 0));
+    case RowKind::Flag:
+        return QStringLiteral("CheckBox { checked: %1").arg(row.value);
+    case RowKind::Text:
+        return QStringLiteral("TextField { maximumLength: 64; text: %1").arg(quoted(row.value));
+    default:
+        return QStringLiteral("Label { text: %1").arg(quoted(row.value));
+    }
+}
+
+QString qmlRow(const RowPlan& row, const QString& model)
+{
+    if (row.kind == RowKind::Hidden)
+        return QString();
+    if (row.kind == RowKind::Headline)
+        return QStringLiteral("CheckBox { Layout.columnSpan: 2; checked: true; text: %1 }\n")
+            .arg(quoted(row.label));
+    return QStringLiteral("Label { text: %1 } %2; enabled: true; ToolTip.text: %3 }\n")
+        .arg(quoted(row.label), qmlControl(row, model), quoted(QStringLiteral("Tip of ") + row.label));
+}
+
 } // namespace
 
 FormGenerator::FormGenerator(int rows, Grouping grouping)
@@ -440,6 +476,20 @@ QString FormGenerator::overlay(const QString& mark) const
     writer.writeEndElement();
     writer.writeEndElement();
     return text;
+}
+
+QString FormGenerator::qmlForm() const
+{
+    QStringList choices;
+    for (int i = 0; i < choiceCount; ++i)
+        choices.append(quoted(choiceName(i)));
+    const QString model = QLatin1Char('[') + choices.join(QLatin1String(", ")) + QLatin1Char(']');
+    QString text =
+        QStringLiteral("import QtQuick 2.15\nimport QtQuick.Controls 2.15\nimport QtQuick.Layouts 1.15\n"
+                       "ScrollView { clip: true; GridLayout { columns: 2\n");
+    for (const RowPlan& row : m_rows)
+        text += qmlRow(row, model);
+    return text + QStringLiteral("} }\n");
 }
 
 QString FormGenerator::uiForm() const

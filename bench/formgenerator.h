@@ -59,6 +59,8 @@ public:
     QString overlay(const QString& mark) const;
     /// The same labels and controls for Qt's run-time form loader.
     QString uiForm() const;
+    /// The same labels and controls for Qt Quick Controls.
+    QString qmlForm() const;
 
 private:
     void addRow(int index, Grouping grouping);

@@ -44,6 +44,8 @@ const std::vector<Goal>& timeGoals()
         {"7", "life-uiloader", 100, 1.1, 0.95},
         {"7", "life-uiloader", 1000, 0.85, 0.72},
         {"7", "life-uiloader", 10000, 0.85, 0.72},
+        {"8", "life-qml", 1000, 1 / 3.0, 1 / 3.8},
+        {"8", "life-qml", 10000, 1 / 17.0, 1 / 22.0},
         {"9", "resize", 1000, 1.6, 1.2},
         {"9", "resize", 10000, 1.3, 0.9},
         {"11", "group", 10000, 2.0, 1.2},
@@ -121,7 +123,8 @@ bool isWanted(const Options& options, const char* name)
 /// A single round of what takes minutes: nothing but the order of magnitude is asked there.
 int roundsFor(const Options& options, const ComparisonKind& kind, int rows)
 {
-    if (rows >= 10000 && QLatin1String(kind.name).endsWith(QLatin1String("-plain")))
+    const QLatin1String name(kind.name);
+    if (rows >= 10000 && (name.endsWith(QLatin1String("-plain")) || name == QLatin1String("life-qml")))
         return 1;
     if (options.rounds > 0)
         return options.rounds;

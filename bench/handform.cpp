@@ -14,6 +14,8 @@
 #include <QScrollArea>
 #include <QSpinBox>
 
+#include <algorithm>
+
 FloorGuard::FloorGuard(QWidget* content)
     : m_content(content)
 {
@@ -193,4 +195,29 @@ void HandForm::writeControls(bool changed)
 {
     for (const Row& row : m_rows)
         writeControl(row, changed ? row.plan->newValue : row.plan->value);
+}
+
+QWidget* HandForm::firstControl(RowKind kind) const
+{
+    const auto found =
+        std::find_if(m_rows.begin(), m_rows.end(), [kind](const Row& row) { return row.plan->kind == kind; });
+    return found == m_rows.end() ? nullptr : found->control;
+}
+
+void HandForm::writeText(const QString& text)
+{
+    if (QWidget* const control = firstControl(RowKind::Text))
+        static_cast<QLineEdit*>(control)->setText(text);
+}
+
+void HandForm::refillChoice(const QStringList& names)
+{
+    QWidget* const control = firstControl(RowKind::Choice);
+    if (!control)
+        return;
+    auto* const box = static_cast<QComboBox*>(control);
+    const int current = box->currentIndex();
+    box->clear();
+    box->addItems(names);
+    box->setCurrentIndex(current);
 }

@@ -47,6 +47,10 @@ public:
     void setControlsEnabled(bool enabled);
     /// Gives every control the values or the new values of the load.
     void writeControls(bool changed);
+    /// Gives the first text another content, as one edit does.
+    void writeText(const QString& text);
+    /// Fills the first combo box anew.
+    void refillChoice(const QStringList& names);
 
 private:
     struct Row
@@ -60,6 +64,8 @@ private:
     QWidget* createSpin(const RowPlan& plan);
     void add(const RowPlan& plan);
     void writeControl(const Row& row, const QString& value);
+    /// Null if there is none.
+    QWidget* firstControl(RowKind kind) const;
 
     bool m_limits;
     std::unique_ptr<QWidget> m_window;

@@ -89,6 +89,12 @@ void LiveForm::bringUp()
     show();
 }
 
+void LiveForm::dropForm()
+{
+    m_window = window();
+    m_formular.reset();
+}
+
 PeerForm::PeerForm(const QString& ui)
 {
     QByteArray bytes = ui.toUtf8();

@@ -4,6 +4,7 @@
 #include <zorvaparser/zorvaformular.h>
 
 #include <QExplicitlySharedDataPointer>
+#include <QPointer>
 #include <QWidget>
 
 #include <memory>
@@ -37,11 +38,15 @@ public:
     /// All three.
     void bringUp();
 
-    QWidget* window() const { return m_formular->GetGUI(); }
+    /// Lets the form go and keeps its window.
+    void dropForm();
+
+    QWidget* window() const { return m_formular ? m_formular->GetGUI() : m_window.data(); }
     QWidget* content() const { return contentOf(window()); }
 
 private:
     QExplicitlySharedDataPointer<Orvane::ZorvaFormular> m_formular;
+    QPointer<QWidget> m_window; // of a form that is gone
 };
 
 /// The form that Qt's run-time loader makes of the same load.
