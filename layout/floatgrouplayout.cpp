@@ -5,6 +5,7 @@
 #include <layout/floatgrouplayout.h>
 
 #include "bulkshow_p.h"
+#include "captionlabel_p.h"
 #include "headlinebox_p.h"
 
 #include <QEvent>
@@ -357,7 +358,7 @@ void FloatGroupLayout::addRow(const QString& label, QWidget* widget)
 QLabel* FloatGroupLayout::addLabel(const QString& text, const char* name)
 {
     setFlag(m_items.count(), FlagNewRow | FlagLabel);
-    return addNamed(new QLabel(text, QLayout::parentWidget()), name);
+    return addNamed(new CaptionLabel(text, QLayout::parentWidget()), name);
 }
 
 QGroupBox* FloatGroupLayout::addHeadline(const QString& text, int margin, const char* name)

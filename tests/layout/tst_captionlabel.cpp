@@ -1,0 +1,141 @@
+#include <layout/captionlabel_p.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPixmap>
+#include <QTest>
+
+#include <functional>
+
+using Setup = std::function<void(QLabel&)>;
+Q_DECLARE_METATYPE(Setup)
+
+class tst_CaptionLabel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void hintsAreThoseOfALabel_data();
+    void hintsAreThoseOfALabel();
+    void hintsFollowTheirLabel_data() { hintsAreThoseOfALabel_data(); }
+    void hintsFollowTheirLabel();
+    void looksAreThoseOfALabel();
+};
+
+void tst_CaptionLabel::hintsAreThoseOfALabel_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<Setup>("setup");
+
+    const Setup asIs = [](QLabel&) {};
+    const QString plain = QStringLiteral("Bandwidth [kHz]");
+    QTest::newRow("plain") << plain << asIs;
+    QTest::newRow("empty") << QString() << asIs;
+    QTest::newRow("blank") << QStringLiteral(" ") << asIs;
+    QTest::newRow("one letter") << QStringLiteral("f") << asIs;
+    QTest::newRow("slanting end") << QStringLiteral("AfVf") << Setup([](QLabel& label) {
+        QFont font = label.font();
+        font.setItalic(true);
+        font.setPointSize(19);
+        label.setFont(font);
+    });
+    QTest::newRow("two lines") << QStringLiteral("first\nsecond line") << asIs;
+    QTest::newRow("tabulator") << QStringLiteral("a\tb") << asIs;
+    QTest::newRow("tabulator, mirrored")
+        << QStringLiteral("a\tb") << Setup([](QLabel& label) { label.setLayoutDirection(Qt::RightToLeft); });
+    QTest::newRow("ampersand") << QStringLiteral("Signal && &Noise") << asIs;
+    QTest::newRow("not Latin") << QStringLiteral("Частота 周波数 \u05d0\u05d1\u05d2") << asIs;
+    QTest::newRow("right to left") << QStringLiteral("\u05d0\u05d1\u05d2 \u05d3\u05d4") << asIs;
+    QTest::newRow("very long") << QString(4000, QLatin1Char('w')) << asIs;
+    QTest::newRow("long words") << QStringLiteral("word ").repeated(800) << asIs;
+    QTest::newRow("rich") << QStringLiteral("<b>bold</b> text") << asIs;
+    QTest::newRow("rich as plain") << QStringLiteral("<b>bold</b>")
+                                   << Setup([](QLabel& label) { label.setTextFormat(Qt::PlainText); });
+    QTest::newRow("plain as rich") << plain
+                                   << Setup([](QLabel& label) { label.setTextFormat(Qt::RichText); });
+    QTest::newRow("wrapped")
+        << QStringLiteral("a text of some words that may be wrapped anywhere").repeated(3)
+        << Setup([](QLabel& label) { label.setWordWrap(true); });
+    QTest::newRow("centred") << plain << Setup([](QLabel& label) { label.setAlignment(Qt::AlignCenter); });
+    QTest::newRow("right") << plain << Setup([](QLabel& label) {
+        label.setAlignment(Qt::AlignRight | Qt::AlignBottom);
+    });
+    QTest::newRow("mirrored") << plain
+                              << Setup([](QLabel& label) { label.setLayoutDirection(Qt::RightToLeft); });
+    QTest::newRow("margin") << plain << Setup([](QLabel& label) { label.setMargin(7); });
+    QTest::newRow("indent") << plain << Setup([](QLabel& label) { label.setIndent(9); });
+    QTest::newRow("no indent") << plain << Setup([](QLabel& label) { label.setIndent(0); });
+    QTest::newRow("frame") << plain << Setup([](QLabel& label) {
+        label.setFrameStyle(QFrame::Box | QFrame::Plain);
+        label.setLineWidth(3);
+    });
+    QTest::newRow("contents margins")
+        << plain << Setup([](QLabel& label) { label.setContentsMargins(1, 2, 3, 4); });
+    QTest::newRow("smallest size") << plain << Setup([](QLabel& label) { label.setMinimumSize(400, 3); });
+    QTest::newRow("selectable") << plain << Setup([](QLabel& label) {
+        label.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    });
+    QTest::newRow("buddy") << QStringLiteral("&Bandwidth")
+                           << Setup([](QLabel& label) { label.setBuddy(new QLineEdit(&label)); });
+    QTest::newRow("picture") << plain << Setup([](QLabel& label) { label.setPixmap(QPixmap(33, 21)); });
+    QTest::newRow("style sheet") << plain << Setup([](QLabel& label) {
+        label.setStyleSheet(QStringLiteral("font-size: 23px; padding: 4px"));
+    });
+    QTest::newRow("style sheet with a border") << plain << Setup([](QLabel& label) {
+        label.setStyleSheet(QStringLiteral("QLabel { border: 2px solid red; margin: 3px }"));
+    });
+}
+
+void tst_CaptionLabel::hintsAreThoseOfALabel()
+{
+    QFETCH(QString, text);
+    QFETCH(Setup, setup);
+    QLabel label(text);
+    CaptionLabel caption(text);
+    setup(label);
+    setup(caption);
+    QCOMPARE(caption.sizeHint(), label.sizeHint());
+    QCOMPARE(caption.minimumSizeHint(), label.minimumSizeHint());
+    QCOMPARE(caption.sizeHint(), label.sizeHint());
+}
+
+void tst_CaptionLabel::hintsFollowTheirLabel()
+{
+    QFETCH(QString, text);
+    QFETCH(Setup, setup);
+    QWidget parent; // goes last
+    QLabel label(QStringLiteral("before"));
+    CaptionLabel caption(QStringLiteral("before"));
+    QCOMPARE(caption.sizeHint(), label.sizeHint());
+    for (QLabel* const each : {&label, static_cast<QLabel*>(&caption)}) {
+        each->setText(text);
+        setup(*each);
+    }
+    QCOMPARE(caption.sizeHint(), label.sizeHint());
+    QCOMPARE(caption.minimumSizeHint(), label.minimumSizeHint());
+    // The font may also come from above.
+    label.setParent(&parent);
+    caption.setParent(&parent);
+    QFont large = parent.font();
+    large.setPointSize(large.pointSize() + 7);
+    parent.setFont(large);
+    QCOMPARE(caption.sizeHint(), label.sizeHint());
+    for (QLabel* const each : {&label, static_cast<QLabel*>(&caption)})
+        each->setText(QStringLiteral("after"));
+    QCOMPARE(caption.minimumSizeHint(), label.minimumSizeHint());
+}
+
+void tst_CaptionLabel::looksAreThoseOfALabel()
+{
+    const QString text = QStringLiteral("Level && &more");
+    QLabel label(text);
+    CaptionLabel caption(text);
+    label.resize(120, 30);
+    caption.resize(120, 30);
+    QCOMPARE(caption.grab().toImage(), label.grab().toImage());
+    QCOMPARE(QString::fromLatin1(caption.metaObject()->className()), QStringLiteral("QLabel"));
+}
+
+QTEST_MAIN(tst_CaptionLabel)
+#include "tst_captionlabel.moc"
