@@ -12,6 +12,7 @@
 
 #include <QAbstractButton>
 #include <QCoreApplication>
+#include <QPixmapCache>
 #include <QSpinBox>
 
 #include <algorithm>
@@ -137,6 +138,10 @@ void TestSoak::memoryAndTimeStayFlat()
     const int rounds = setting("ZORVA_SOAK_ROUNDS", 300);
     const int roundsOfALife = setting("ZORVA_SOAK_LIFE", 10);
     const size_t part = rounds / 4;
+    // Every new headline brings pictures of its own. Qt keeps the last ten
+    // thousand, and the keys of others until a timer of its own: megabytes that
+    // come and go, and hide what a form leaves behind.
+    QPixmapCache::setCacheLimit(0);
     std::vector<qint64> allocated;
     std::vector<qint64> resident;
     std::vector<qint64> microseconds;
