@@ -27,7 +27,11 @@ BARS = {
 }
 # ours may take this many instructions a row at most
 BARS_PER_ROW = {"values": 20000}
+# Ours may take this much more a row at ten times the rows. The steps that no goal names have
+# the general bound: twelve times the cost.
 GROWTH = 1.05
+GROWTH_OF_OTHERS = 1.2
+OTHERS = ["overlay", "get-values", "refill", "fan-out"]
 
 
 def count(program, rows, only, folder):
@@ -77,7 +81,7 @@ def table(counts):
         if less:
             factor = pair["ours"] / less["ours"] / 10
             growth = f"{factor:.3f}"
-            if rows >= 10000 and factor > GROWTH:
+            if rows >= 10000 and factor > (GROWTH_OF_OTHERS if name in OTHERS else GROWTH):
                 growth += " **missed**"
         lines.append(f"| {name} | {rows} | {pair['floor'] / rows:,.0f} | {pair['ours'] / rows:,.0f} "
                      f"| {pair['ours'] / pair['floor']:.2f} | {bar} | {result} | {growth} |")
