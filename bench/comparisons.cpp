@@ -471,27 +471,40 @@ Comparison compareSpinLimits(const Load& load)
     return {buildSpins(limited), buildSpins(std::make_shared<QString>(spins.description()))};
 }
 
+/// A shown form and what stands for it by hand, made anew for each round.
+struct ShownSides
+{
+    explicit ShownSides(const Load& load)
+        : makeFloor([form = form, hand = hand, &load] {
+            *form = std::make_unique<FloorForm>();
+            (*form)->parse(load.description);
+            *hand = std::make_unique<HandForm>(load.form, HandForm::FormLayout);
+            showAndPaint((*hand)->window(), (*hand)->content());
+        })
+        , makeOurs([ours = ours, &load] {
+            *ours = std::make_unique<LiveForm>(load.description);
+            (*ours)->bringUp();
+        })
+    {
+    }
+
+    const Slot<FloorForm> form = makeSlot<FloorForm>();
+    const Slot<HandForm> hand = makeSlot<HandForm>();
+    const Slot<LiveForm> ours = makeSlot<LiveForm>();
+    const std::function<void()> makeFloor;
+    const std::function<void()> makeOurs;
+};
+
 Comparison compareTeardown(const Load& load)
 {
-    const auto form = makeSlot<FloorForm>();
-    const auto hand = makeSlot<HandForm>();
-    const auto ours = makeSlot<LiveForm>();
-    return {{[form, hand, &load] {
-                 *form = std::make_unique<FloorForm>();
-                 (*form)->parse(load.description);
-                 *hand = std::make_unique<HandForm>(load.form, HandForm::FormLayout);
-                 showAndPaint((*hand)->window(), (*hand)->content());
-             },
-             [form, hand] {
-                 hand->reset();
-                 form->reset();
+    const ShownSides sides(load);
+    return {{sides.makeFloor,
+             [sides] {
+                 sides.hand->reset();
+                 sides.form->reset();
              },
              [] { settle(); }},
-            {[ours, &load] {
-                 *ours = std::make_unique<LiveForm>(load.description);
-                 (*ours)->bringUp();
-             },
-             [ours] { ours->reset(); }, [] { settle(); }}};
+            {sides.makeOurs, [sides] { sides.ours->reset(); }, [] { settle(); }}};
 }
 
 /// Items whose hints cost nothing, in rows of two and a head for every twenty.
@@ -593,33 +606,23 @@ Comparison compareEditHand(const Load& load)
 /// The window stays when what it shows is gone, as it may with a host.
 Comparison compareDrop(const Load& load)
 {
-    const auto form = makeSlot<FloorForm>();
-    const auto hand = makeSlot<HandForm>();
-    const auto ours = makeSlot<LiveForm>();
-    return {{[form, hand, &load] {
-                 *form = std::make_unique<FloorForm>();
-                 (*form)->parse(load.description);
-                 *hand = std::make_unique<HandForm>(load.form, HandForm::FormLayout);
-                 showAndPaint((*hand)->window(), (*hand)->content());
-             },
-             [form, hand] {
-                 form->reset();
+    const ShownSides sides(load);
+    return {{sides.makeFloor,
+             [sides] {
+                 sides.form->reset();
                  {
-                     const FloorGuard guard((*hand)->content());
-                     (*hand)->setControlsEnabled(false);
+                     const FloorGuard guard((*sides.hand)->content());
+                     (*sides.hand)->setControlsEnabled(false);
                  }
                  settle();
              },
-             drop(hand)},
-            {[ours, &load] {
-                 *ours = std::make_unique<LiveForm>(load.description);
-                 (*ours)->bringUp();
-             },
-             [ours] {
-                 (*ours)->dropForm();
+             drop(sides.hand)},
+            {sides.makeOurs,
+             [sides] {
+                 (*sides.ours)->dropForm();
                  settle();
              },
-             drop(ours)}};
+             drop(sides.ours)}};
 }
 
 Comparison compareSwitch(const Load& load)
