@@ -166,7 +166,7 @@ class ShellDriverPlugin : public QGenericPlugin
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "shelldriver.json")
 
 public:
-    QObject* create(const QString& /*name*/, const QString& /*specification*/) override
+    QObject* create(const QString& /*name*/, const QString& /*arguments*/) override
     {
         const QString steps = qEnvironmentVariable("ZORVA_SHELL_STEPS");
         return new ShellDriver(steps.split(QLatin1Char(';'), Qt::SkipEmptyParts));
