@@ -76,6 +76,9 @@ const std::vector<Goal>& timeGoals()
     return goals;
 }
 
+/// Ten times the rows may cost this much more time and memory.
+constexpr double mostGrowth = 12.0;
+
 struct Options
 {
     QList<int> rows;
@@ -183,10 +186,8 @@ void printTimes(const Timings& timings)
     out() << '\n';
 }
 
-/// Ten times the rows may cost twelve times the time at most.
 void printGrowth(const Timings& timings)
 {
-    constexpr double most = 12.0;
     out() << "| ours, ten times the rows | to 100 | to 1000 | to 10,000 | theirs, worst | verdict |\n"
           << "|---|---|---|---|---|---|\n";
     for (const ComparisonKind& kind : comparisonKinds()) {
@@ -199,7 +200,7 @@ void printGrowth(const Timings& timings)
             const auto more = timings.constFind({name, rows});
             if (less != timings.constEnd() && more != timings.constEnd()) {
                 const double factor = more->ours / less->ours;
-                grown = grown || factor > most;
+                grown = grown || factor > mostGrowth;
                 theirs = qMax(theirs, more->floor / less->floor);
                 line += figure(factor);
             }
@@ -251,11 +252,16 @@ std::vector<Bound> arrangementBounds(const Timings& timings)
 void printMemory(int rows)
 {
     QMap<QString, Footprint> prints;
-    out() << "| memory at " << rows << " rows | heap per row | resident per row |\n|---|---|---|\n";
+    out() << "| memory at " << rows
+          << " rows | heap per row | resident per row | heap of a tenth of the rows | grown "
+             "|\n|---|---|---|---|---|\n";
     for (const QString& name : footprintNames()) {
         prints[name] = takeFootprint(name, rows);
+        const Footprint tenth = takeFootprint(name, rows / 10);
+        const double growth = double(prints[name].heap) / double(tenth.heap);
         out() << "| " << name << " | " << prints[name].heap / rows << " B | " << prints[name].resident / rows
-              << " B |\n";
+              << " B | " << tenth.heap * 10 / rows << " B | " << figure(growth) << ", "
+              << (growth > mostGrowth ? "**more than 12**" : "at most 12") << " |\n";
     }
     out() << '\n';
     const auto heap = [&](const char* name) { return double(prints[QLatin1String(name)].heap); };
