@@ -5,11 +5,16 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <functional>
+
 using Orvane::ZorvaDelegate;
 using Orvane::ZorvaSheet;
 using Orvane::ZorvaWidget;
 
+using Change = std::function<void(FormFixture&)>;
+
 Q_DECLARE_METATYPE(Orvane::ZorvaSheet::eEnableScope)
+Q_DECLARE_METATYPE(Change)
 
 namespace {
 
@@ -37,6 +42,32 @@ QString grouped()
 {
     return edit("loose") + headline("one") + edit("a") + edit("b") + headline("two") + edit("c");
 }
+
+/// Whether a control may ask for its painting when it hears events of one type.
+class PaintingWatch : public QObject
+{
+public:
+    PaintingWatch(QWidget* control, QEvent::Type type)
+        : m_type(type)
+    {
+        control->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == m_type) {
+            ++heard;
+            isHeld = isHeld && !static_cast<QWidget*>(watched)->updatesEnabled();
+        }
+        return false;
+    }
+
+    int heard = 0;
+    bool isHeld = true;
+
+private:
+    QEvent::Type m_type;
+};
 
 /// The names of the rows for which `holds` is true, joined.
 template <typename Condition>
@@ -336,6 +367,34 @@ private Q_SLOTS:
         QVERIFY(form.control<QLineEdit>("a"));
         QTest::keyClicks(form.control<QLineEdit>("a"), QStringLiteral("x"));
         QVERIFY(form.row("a")->isModified());
+    }
+
+    void paintingWaitsForAllRows_data()
+    {
+        QTest::addColumn<Change>("change");
+        QTest::addColumn<int>("event");
+        QTest::newRow("shown again") << Change([](FormFixture& form) {
+            form.formular()->Hide();
+            form.formular()->Show();
+        }) << int(QEvent::Show);
+        QTest::newRow("new values") << Change([](FormFixture& form) { form.createValues(); })
+                                    << int(QEvent::EnabledChange);
+        QTest::newRow("form gone below its window")
+            << Change([](FormFixture& form) { form.deleteForm(); }) << int(QEvent::EnabledChange);
+    }
+    void paintingWaitsForAllRows()
+    {
+        QFETCH(Change, change);
+        QFETCH(int, event);
+        FormFixture form(grouped());
+        form.show();
+        auto* const control = form.control<QLineEdit>("b");
+        PaintingWatch watch(control, QEvent::Type(event));
+        change(form);
+        QVERIFY(watch.heard > 0);
+        QVERIFY(watch.isHeld);
+        QVERIFY(control->isVisible());
+        QVERIFY(control->updatesEnabled());
     }
 
     void groupIsShownAndHidden_data()
