@@ -211,7 +211,7 @@ private Q_SLOTS:
     void changePropertyComparesVariants();
     void funnelHearsWhatTheRowHolds_data();
     void funnelHearsWhatTheRowHolds();
-    void funnelIsHeardOfOtherRowsBetween();
+    void equalWriteIsNotTakenForTheNextChange();
     void internalNamesBypassTheFunnel_data();
     void internalNamesBypassTheFunnel();
     void slotsSetProperties();
@@ -719,7 +719,7 @@ void TestZorvaDelegate::funnelHearsWhatTheRowHolds()
     QCOMPARE(row.delegate.takeChanges().last().value, row.delegate.property("a"));
 }
 
-void TestZorvaDelegate::funnelIsHeardOfOtherRowsBetween()
+void TestZorvaDelegate::equalWriteIsNotTakenForTheNextChange()
 {
     ProbeRow row;
     ProbeRow other;
