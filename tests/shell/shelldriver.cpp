@@ -93,8 +93,13 @@ private:
             return;
         }
         const QString step = m_steps.first().trimmed();
-        const bool isPossible = isDue(step);
+        m_looksDue = isDue(step) ? m_looksDue + 1 : 0;
+        // The debugger shows its window once more some turns after a stop, even
+        // if it was closed meanwhile.
+        const int looksWanted = step == QLatin1String("await debugger") ? 10 : 1;
+        const bool isPossible = m_looksDue >= looksWanted;
         if (isPossible) {
+            m_looksDue = 0;
             m_steps.removeFirst();
             std::fprintf(stderr, "driver: %s\n", qPrintable(step));
         }
@@ -156,6 +161,7 @@ private:
     }
 
     QStringList m_steps;
+    int m_looksDue = 0; // in a row, for the first step
 };
 
 } // namespace

@@ -85,8 +85,9 @@ void ShellTest::waitUntilSaid(const QString& words)
 
 void ShellTest::finish()
 {
-    QVERIFY2(program->waitForFinished(30000), "the program does not end");
+    const bool hasEnded = program->waitForFinished(30000);
     output = QString::fromLocal8Bit(program->readAllStandardOutput());
     errors += QString::fromLocal8Bit(program->readAllStandardError());
+    QVERIFY2(hasEnded, qPrintable(QStringLiteral("the program does not end: ") + errors));
     QVERIFY2(program->exitStatus() == QProcess::NormalExit, qPrintable(errors));
 }
