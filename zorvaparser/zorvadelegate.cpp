@@ -187,16 +187,19 @@ void ZorvaDelegate::ParseProperties(QXmlStreamReader& reader, bool custom)
 
 bool ZorvaDelegate::ParseProperty(QXmlStreamReader& reader, bool custom)
 {
-    const QString name = reader.attributes().value(QLatin1String("name")).toString();
+    // Qt names its properties in bytes; only the own table of the row takes every letter.
+    const QByteArray key = reader.attributes().value(QLatin1String("name")).toLatin1();
+    const QString customName =
+        custom ? reader.attributes().value(QLatin1String("name")).toString() : QString();
     if (!reader.readNextStartElement())
         return false;
     const bool isBool = reader.name() == QLatin1String("Bool");
     const QString text = reader.readElementText();
     const QVariant value = isBool ? QVariant(text == QLatin1String("true")) : QVariant(text);
     if (custom)
-        customProperties.insert(name, value);
-    if (!custom || name == QLatin1String("toolTip"))
-        SetParsedProperty(name.toLatin1(), value);
+        customProperties.insert(customName, value);
+    if (!custom || customName == QLatin1String("toolTip"))
+        SetParsedProperty(key, value);
     reader.skipCurrentElement();
     return true;
 }

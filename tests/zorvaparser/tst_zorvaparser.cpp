@@ -315,6 +315,19 @@ private Q_SLOTS:
         QCOMPARE(delegate->customProperty(QStringLiteral("toolTip")), QVariant(QStringLiteral("help")));
     }
 
+    void customPropertyKeepsEveryLetterOfItsName()
+    {
+        const QString greek = QString::fromUtf8("\xce\xbb/2");
+        const FormPointer form =
+            parsed(sheetXml(QStringLiteral("<Widget name=\"w\"><CustomProperties>"
+                                           "<Property name=\"%1\"><Double>0.5</Double></Property>"
+                                           "</CustomProperties></Widget>")
+                                .arg(greek)));
+        ZorvaDelegate* const delegate = delegateNamed(form->GetSheet(), "w");
+        QCOMPARE(delegate->customProperty(greek), QVariant(QStringLiteral("0.5")));
+        QVERIFY(!delegate->customProperty(QStringLiteral("?/2")).isValid());
+    }
+
     void sheetHoldsItsPropertiesInAWrapper()
     {
         const FormPointer form = parsed(
