@@ -4,6 +4,19 @@
 
 namespace Orvane {
 
+namespace {
+
+/** Of entries that look the same, the first one is found. */
+void addIfNew(QHash<QString, int>& indexByText, const QString& text, int index)
+{
+    const int count = indexByText.count();
+    int& first = indexByText[text];
+    if (indexByText.count() > count)
+        first = index;
+}
+
+} // namespace
+
 ZorvaEnumValue::ZorvaEnumValue(const QString& name, const QString& identifier, const QString& valueText)
     : displayName(name)
     , enumIdentifier(identifier)
@@ -65,10 +78,8 @@ void ZorvaEnum::Append(const ZorvaEnumValue& entry)
 {
     const int index = values.count();
     values.append(entry);
-    if (!indexByName.contains(entry.GetDisplayName()))
-        indexByName.insert(entry.GetDisplayName(), index);
-    if (!indexByValue.contains(entry.GetValue()))
-        indexByValue.insert(entry.GetValue(), index);
+    addIfNew(indexByName, entry.GetDisplayName(), index);
+    addIfNew(indexByValue, entry.GetValue(), index);
 }
 
 void ZorvaEnum::ClearValues()
