@@ -32,7 +32,7 @@ BARS_PER_ROW = {"values": 20000}
 # the general bound: twelve times the cost.
 GROWTH = 1.05
 GROWTH_OF_OTHERS = 1.2
-OTHERS = ["overlay", "get-values", "refill", "fan-out"]
+OTHERS = ["overlay", "get-values", "refill", "observers", "fan-out"]
 
 # A cache as one core of a server has it for itself.
 CACHE = ["--cache-sim=yes", "--I1=65536,8,64", "--D1=49152,12,64", "--LL=2097152,16,64"]

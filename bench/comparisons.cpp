@@ -14,6 +14,7 @@
 
 #include <QDomDocument>
 #include <QScriptEngine>
+#include <QSet>
 
 #include <map>
 #include <memory>
@@ -743,6 +744,29 @@ public:
     int heard = 0;
 };
 
+Comparison compareObservers(const Load& load)
+{
+    const auto listeners = std::make_shared<std::vector<BareListener>>(std::size_t(load.form.rowCount()));
+    const auto ours = std::make_shared<values::NumericDouble>(QStringLiteral("ours"), ValueState::Normal);
+    return {{[] {},
+             [listeners] {
+                 QSet<const IObserver*> known;
+                 for (const BareListener& listener : *listeners)
+                     known.insert(&listener);
+                 for (const BareListener& listener : *listeners)
+                     known.remove(&listener);
+             },
+             [] {}},
+            {[] {},
+             [ours, listeners] {
+                 for (BareListener& listener : *listeners)
+                     ours->AddObserver(&listener);
+                 for (BareListener& listener : *listeners)
+                     ours->DeleteObserver(&listener);
+             },
+             [] {}}};
+}
+
 Comparison compareFanOut(const Load& load)
 {
     const auto listeners = std::make_shared<std::vector<BareListener>>(std::size_t(load.form.rowCount()));
@@ -832,6 +856,7 @@ const std::vector<ComparisonKind>& comparisonKinds()
         {"get-values", "GetVTValues / hash look-ups", compareGetValues, true},
         {"refill", "InitEnumeration + resync of a row / list, value and combo box refilled", compareRefill,
          true},
+        {"observers", "N observers come to a value and leave / a set of them", compareObservers, true},
         {"fan-out", "10 notices to N observers / plain vector", compareFanOut, true},
     };
     return kinds;

@@ -1,27 +1,26 @@
 #include <vkbase/observable.h>
 
-#include <algorithm>
-#include <iterator>
+#include <QSet>
 
 namespace {
 
-/// One round of telling: a snapshot of the observers, from which those who
-/// leave meanwhile are struck out.
+/// One round of telling: a snapshot of the observers, without those who leave
+/// meanwhile.
 class Notification : public ObservableGuard
 {
 public:
-    Notification(Observable* observable, IObserver* const* observers, int count)
+    Notification(Observable* observable, const ObserverList& observers)
         : ObservableGuard(observable)
     {
-        m_observers.append(observers, count);
+        m_observers.append(observers.GetPlaces().constData(), observers.GetPlaces().size());
     }
 
     /// False if the observable was destroyed meanwhile.
     bool run(TChangeCode code, const IObserver* originator)
     {
-        for (; m_position < m_observers.size(); ++m_position) {
-            IObserver* const observer = m_observers[m_position];
-            if (!observer || observer == originator)
+        for (int i = 0; i < m_observers.size(); ++i) {
+            IObserver* const observer = m_observers[i];
+            if (!observer || observer == originator || hasLeft(observer))
                 continue;
             observer->Update(Get(), code);
             if (!Get())
@@ -31,19 +30,18 @@ public:
     }
 
 private:
+    bool hasLeft(const IObserver* observer) const { return !m_left.isEmpty() && m_left.contains(observer); }
+
     void observerRemoved(const IObserver* observer) override
     {
-        if (!observer) {
+        if (observer)
+            m_left.insert(observer);
+        else
             m_observers.clear();
-            return;
-        }
-        const auto found = std::find(m_observers.begin() + m_position, m_observers.end(), observer);
-        if (found != m_observers.end())
-            *found = nullptr;
     }
 
-    QVarLengthArray<IObserver*, 8> m_observers; // null: left meanwhile
-    int m_position = 0;
+    QVarLengthArray<IObserver*, 8> m_observers; // null: left before
+    QSet<const IObserver*> m_left;
 };
 
 } // namespace
@@ -93,18 +91,13 @@ Observable::~Observable()
 
 bool Observable::AddObserver(IObserver* observer)
 {
-    if (!observer || HasObserver(observer))
-        return false;
-    m_observers.append(observer);
-    return true;
+    return observer && m_observers.Append(observer);
 }
 
 bool Observable::DeleteObserver(IObserver* observer)
 {
-    const auto found = std::find(m_observers.begin(), m_observers.end(), observer);
-    if (found == m_observers.end())
+    if (!m_observers.Remove(observer))
         return false;
-    m_observers.erase(found);
     for (ObservableGuard* guard = m_guards; guard; guard = guard->m_next)
         guard->observerRemoved(observer);
     return true;
@@ -112,7 +105,7 @@ bool Observable::DeleteObserver(IObserver* observer)
 
 void Observable::DeleteObservers()
 {
-    m_observers.clear();
+    m_observers.Clear();
     for (ObservableGuard* guard = m_guards; guard; guard = guard->m_next)
         guard->observerRemoved(nullptr);
 }
@@ -121,22 +114,11 @@ bool Observable::MakeFirstObserver(IObserver* observer)
 {
     if (!observer)
         return false;
-    const auto found = std::find(m_observers.begin(), m_observers.end(), observer);
-    if (found == m_observers.end())
-        m_observers.prepend(observer);
-    else
-        std::rotate(m_observers.begin(), found, std::next(found));
+    m_observers.MoveToFront(observer);
     return true;
-}
-
-bool Observable::HasObserver(const IObserver* observer) const
-{
-    return std::find(m_observers.begin(), m_observers.end(), observer) != m_observers.end();
 }
 
 bool Observable::NotifyObservers(TChangeCode code, IObserver* originator)
 {
-    if (m_observers.isEmpty())
-        return true;
-    return Notification(this, m_observers.constData(), m_observers.size()).run(code, originator);
+    return !m_observers.Count() || Notification(this, m_observers).run(code, originator);
 }

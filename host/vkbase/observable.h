@@ -2,9 +2,8 @@
 #define ZORVA_VKBASE_OBSERVABLE_H
 
 #include <vkbase/iobserver.h>
+#include <vkbase/observerlist.h>
 #include <vkbase/vkbase_export.h>
-
-#include <QVarLengthArray>
 
 class Observable;
 
@@ -55,8 +54,8 @@ public:
     /// notification keeps its own order. False if it is null or cannot be added.
     virtual bool MakeFirstObserver(IObserver* observer);
 
-    bool HasObserver(const IObserver* observer) const;
-    int GetObserverCount() const { return m_observers.size(); }
+    bool HasObserver(const IObserver* observer) const { return m_observers.Contains(observer); }
+    int GetObserverCount() const { return m_observers.Count(); }
 
     /// Tells every observer but `originator` (may be null) of `code`, each once.
     /// Observers may add, remove and destroy observers and this very object
@@ -67,9 +66,8 @@ public:
 private:
     friend class ObservableGuard;
 
-    // A value mostly has two observers, its row and its control.
-    QVarLengthArray<IObserver*, 2> m_observers; // not owned
-    ObservableGuard* m_guards = nullptr;        // not owned: each unlinks itself
+    ObserverList m_observers;
+    ObservableGuard* m_guards = nullptr; // not owned: each unlinks itself
 };
 
 #endif

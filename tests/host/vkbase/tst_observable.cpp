@@ -28,6 +28,7 @@ private Q_SLOTS:
     void nestedRoundsRunToTheirEndInside();
     void removalInANestedRoundReachesTheOuterOne();
     void manyObserversAreEachToldOnce();
+    void manyMayLeaveMeanwhile();
 };
 
 void TestObservable::addRefusesNullAndDoubles()
@@ -239,6 +240,29 @@ void TestObservable::manyObserversAreEachToldOnce()
     observable.NotifyObservers(3);
     for (const RecordingObserver& observer : observers)
         QCOMPARE(observer.codes(), QList<TChangeCode>{3});
+}
+
+void TestObservable::manyMayLeaveMeanwhile()
+{
+    Observable observable;
+    std::vector<RecordingObserver> observers(100);
+    for (RecordingObserver& observer : observers)
+        observer.watch(&observable);
+    observers[0].onUpdate = [&](Observable*, TChangeCode code) {
+        if (code != 3)
+            return;
+        for (std::size_t i = 0; i < observers.size(); i += 2)
+            observers[i].leave();
+        observers[50].watch(&observable);
+    };
+    observable.NotifyObservers(3);
+    observable.NotifyObservers(4);
+    QCOMPARE(observable.GetObserverCount(), 51);
+    QCOMPARE(observers[0].codes(), QList<TChangeCode>{3});
+    QCOMPARE(observers[1].codes(), (QList<TChangeCode>{3, 4}));
+    QVERIFY(observers[2].codes().isEmpty());
+    QCOMPARE(observers[50].codes(), QList<TChangeCode>{4});
+    QCOMPARE(observers[99].codes(), (QList<TChangeCode>{3, 4}));
 }
 
 QTEST_APPLESS_MAIN(TestObservable)
