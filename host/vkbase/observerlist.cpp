@@ -1,7 +1,6 @@
 #include <vkbase/observerlist.h>
 
 #include <algorithm>
-#include <iterator>
 
 namespace {
 
