@@ -39,6 +39,28 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
 
+# zorva_precompile(<target> <headers>)
+# Reads Qt's headers once for all targets that take the same set. The sources
+# include what they use all the same: builds without this option hold them to it.
+function(zorva_precompile target headers)
+  if(ZORVAPARSER_PRECOMPILE)
+    target_precompile_headers(${target} REUSE_FROM ${headers})
+  endif()
+endfunction()
+if(ZORVAPARSER_PRECOMPILE)
+  add_library(zorva_qt_headers OBJECT ${CMAKE_CURRENT_LIST_DIR}/precompiled.cpp)
+  target_link_libraries(zorva_qt_headers PRIVATE Qt5::Widgets zorva_build_settings)
+  target_precompile_headers(zorva_qt_headers PRIVATE <QtWidgets>)
+  set_target_properties(zorva_qt_headers PROPERTIES AUTOMOC OFF POSITION_INDEPENDENT_CODE ON)
+  if(ZORVAPARSER_BUILD_TESTS)
+    find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
+    add_library(zorva_qttest_headers OBJECT ${CMAKE_CURRENT_LIST_DIR}/precompiled.cpp)
+    target_link_libraries(zorva_qttest_headers PRIVATE Qt5::Widgets Qt5::Test zorva_build_settings)
+    target_precompile_headers(zorva_qttest_headers PRIVATE <QtWidgets> <QtTest>)
+    set_target_properties(zorva_qttest_headers PROPERTIES AUTOMOC OFF POSITION_INDEPENDENT_CODE ON)
+  endif()
+endif()
+
 # Public headers install below one folder, so that <vkbase/observable.h> and
 # <zorvaparser/zorvaformular.h> read alike in the tree and in an installation.
 set(ZORVA_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/zorvaparser-${PROJECT_VERSION_MAJOR})
@@ -103,7 +125,8 @@ function(zorva_add_test name)
   endif()
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE
-    ${ARG_LINK} Qt5::Test zorva_build_settings)
+    ${ARG_LINK} Qt5::Widgets Qt5::Test zorva_build_settings)
+  zorva_precompile(${name} zorva_qttest_headers)
   target_compile_definitions(${name} PRIVATE
     ZORVA_EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples"
     ZORVA_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")

@@ -84,5 +84,6 @@ use_ccache() {
     if have ccache; then
         export CMAKE_CXX_COMPILER_LAUNCHER=ccache
         export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
+        export CCACHE_SLOPPINESS=pch_defines,time_macros # it passes precompiled headers by without
     fi
 }
