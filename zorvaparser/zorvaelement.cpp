@@ -1,5 +1,7 @@
 #include "zorvaelement_p.h"
 
+#include "bounds_p.h"
+
 #include <zorvaparser/zorvadelegate.h>
 
 #include <QXmlStreamReader>
@@ -10,10 +12,6 @@ namespace Orvane {
 // A path has as many levels as its author likes, so no walk here calls itself.
 
 namespace {
-
-// Each level further in costs each of its lines four blanks; below this one no
-// reader's eyes are left, and lines are no longer begun.
-constexpr int deepestIndent = 200;
 
 /** Takes the first part that is not empty off @p path; an empty one is its end. */
 QStringView takePart(QStringView& path)

@@ -1,6 +1,7 @@
 #include "spincontrol.h"
 
 #include <basicvaluewidgets/vcnumericfloatspin.h>
+#include <zorvaparser/bounds_p.h>
 #include <zorvaparser/zorvadelegate.h>
 
 #include <QVBoxLayout>
@@ -56,15 +57,12 @@ QWidget* CreateSpinContainer(const QString& name)
 
 int SpinListCount(int count)
 {
-    constexpr int mostItems = 10000;
-    return qMin(count, mostItems);
+    return qMin(count, mostSpinBoxes);
 }
 
 int DecimalsOf(const ZorvaDelegate& row)
 {
-    // The smallest double ends at this digit; more would only ask for memory.
-    constexpr int lastDigit = 1074;
-    return qMin(row.GetInt("decimals", 0), lastDigit);
+    return qMin(row.GetInt("decimals", 0), lastDecimal);
 }
 
 } // namespace Orvane

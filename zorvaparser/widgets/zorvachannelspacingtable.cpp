@@ -3,6 +3,7 @@
 #include "listxml_p.h"
 
 #include <layout/floatgrouplayout.h>
+#include <zorvaparser/bounds_p.h>
 
 #include <QAction>
 #include <QDoubleSpinBox>
@@ -17,10 +18,6 @@ namespace Orvane {
 namespace {
 
 constexpr int rowHeight = 20;
-// A damaged description must not make the form eat the machine's memory.
-constexpr int maxSpacings = 100000;
-// The last digit that any double has behind the point.
-constexpr int maxDecimals = 1074;
 
 } // namespace
 
@@ -96,7 +93,7 @@ void ZorvaChannelSpacingTable::GetXml(QXmlStreamWriter& writer) const
 {
     if (!generateParameterXml)
         return;
-    const int decimals = qMin(property("decimals").toInt(), maxDecimals);
+    const int decimals = qMin(property("decimals").toInt(), lastDecimal);
     writer.writeStartElement(GetXmlTagName());
     ListItemWriter items(writer, *this, ListItemWriter::WithUnit);
     for (int i = 0; i < spacings.count(); ++i) {
@@ -257,7 +254,7 @@ void ZorvaChannelSpacingTable::ShowHeaderLabel()
 
 void ZorvaChannelSpacingTable::Resize(int count)
 {
-    const int wanted = qBound(0, count, maxSpacings);
+    const int wanted = qBound(0, count, mostSpacings);
     while (spacings.count() > wanted)
         spacings.removeLast();
     spacings.reserve(wanted);

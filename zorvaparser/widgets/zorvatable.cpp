@@ -3,6 +3,7 @@
 #include "listxml_p.h"
 
 #include <layout/floatgrouplayout.h>
+#include <zorvaparser/bounds_p.h>
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
@@ -12,9 +13,6 @@
 namespace Orvane {
 
 namespace {
-
-// A damaged description must not make the form eat the machine's memory.
-constexpr qint64 maxCells = 1000000;
 
 int cellAttribute(const QXmlStreamReader& reader, const QString& name)
 {
@@ -149,7 +147,7 @@ void ZorvaTable::PropertyChanged(const QString& name, const QVariant& value)
 
 bool ZorvaTable::Resize(int newRows, int newColumns, int oldColumns)
 {
-    if (qint64(newRows) * newColumns > maxCells || !ResizeList(cells, newRows, newColumns, oldColumns))
+    if (qint64(newRows) * newColumns > mostCells || !ResizeList(cells, newRows, newColumns, oldColumns))
         return false;
     rows = newRows;
     columns = newColumns;

@@ -1,0 +1,229 @@
+#include "zorvadelegate.h"
+
+#include "bounds_p.h"
+
+#include <QDynamicPropertyChangeEvent>
+#include <QScopedValueRollback>
+#include <QXmlStreamReader>
+
+#include <utility>
+
+namespace Orvane {
+
+namespace {
+
+int blockDepth = 0;
+
+/**
+ * The write that is on its way to its own change event. Kept here and not in the
+ * row, which the host may drop in answer.
+ */
+class PropertyWrite
+{
+    Q_DISABLE_COPY(PropertyWrite)
+
+public:
+    PropertyWrite(const QObject* row, const char* name, const QVariant& value)
+        : m_row(row)
+        , m_name(name)
+        , m_value(value)
+    {
+        current = this;
+    }
+    // What stood before is not put back: its property may have been written again.
+    ~PropertyWrite() { current = nullptr; }
+
+    /** Null if nothing is on its way. Whatever is written in answer has an event of its own. */
+    static const PropertyWrite* take() { return std::exchange(current, nullptr); }
+
+    bool isOf(const QObject* row, const QByteArray& name) const { return row == m_row && name == m_name; }
+    const QVariant& value() const { return m_value; }
+
+private:
+    static const PropertyWrite* current;
+
+    const QObject* m_row;
+    const char* m_name;
+    const QVariant& m_value;
+};
+
+const PropertyWrite* PropertyWrite::current = nullptr;
+
+} // namespace
+
+void ZorvaDelegate::ParseProperties(QXmlStreamReader& reader, bool custom)
+{
+    const QScopedValueRollback<int> nested(blockDepth, blockDepth + 1);
+    while (!reader.atEnd()) {
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        if (token == QXmlStreamReader::EndElement)
+            break;
+        if (token != QXmlStreamReader::StartElement)
+            continue;
+        if (reader.name() == QLatin1String("Property")) {
+            if (!ParseProperty(reader, custom))
+                break;
+        } else if (reader.name() == QLatin1String("CustomProperties")) {
+            if (blockDepth < deepestBlock)
+                ParseProperties(reader, true);
+            else
+                reader.skipCurrentElement();
+        }
+    }
+    if (!custom)
+        FinishParse();
+}
+
+bool ZorvaDelegate::ParseProperty(QXmlStreamReader& reader, bool custom)
+{
+    // Qt names its properties in bytes; only the own table of the row takes every letter.
+    const QByteArray key = reader.attributes().value(QLatin1String("name")).toLatin1();
+    const QString customName =
+        custom ? reader.attributes().value(QLatin1String("name")).toString() : QString();
+    if (!reader.readNextStartElement())
+        return false;
+    const bool isBool = reader.name() == QLatin1String("Bool");
+    const QString text = reader.readElementText();
+    const QVariant value = isBool ? QVariant(text == QLatin1String("true")) : QVariant(text);
+    if (custom)
+        customProperties.insert(customName, value);
+    if (!custom || customName == QLatin1String("toolTip"))
+        SetParsedProperty(key, value);
+    reader.skipCurrentElement();
+    return true;
+}
+
+void ZorvaDelegate::SetParsedProperty(const QByteArray& key, const QVariant& value)
+{
+    if (dynamicPropertyNames().count() < mostProperties || property(key.constData()).isValid())
+        setProperty(key.constData(), value);
+}
+
+void ZorvaDelegate::FinishParse()
+{
+    generateParameterXml = property("generateParameterXml").toBool();
+    SetXmlPath(property("parameterXmlTag").toString());
+    const QString mode = property("applyMode").toString();
+    if (mode == QLatin1String("ekInstantApplyMode"))
+        applyMode = ekInstantApplyMode;
+    else if (mode == QLatin1String("ekNormalApplyMode"))
+        applyMode = ekNormalApplyMode;
+    else
+        applyMode = static_cast<eApplyMode>(0);
+}
+
+bool ZorvaDelegate::event(QEvent* event)
+{
+    if (event->type() == QEvent::DynamicPropertyChange) {
+        const QByteArray key = static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName();
+        const PropertyWrite* const write = PropertyWrite::take();
+        if (!key.startsWith("_q_"))
+            PropertyChanged(QString::fromLatin1(key), write && write->isOf(this, key)
+                                                          ? QVariant(write->value())
+                                                          : property(key.constData()));
+    }
+    return QObject::event(event);
+}
+
+bool ZorvaDelegate::setProperty(const char* name, const QVariant& value)
+{
+    const PropertyWrite write(this, name, value);
+    return QObject::setProperty(name, value);
+}
+
+void ZorvaDelegate::PropertyChanged(const QString& name, const QVariant& value)
+{
+    if (name == QLatin1String("generateParameterXml")) {
+        generateParameterXml = value.toBool();
+    } else if (name == QLatin1String("labelText")) {
+        if (label)
+            label->setText(Translate(value.toString()));
+    } else if (name == QLatin1String("visible")) {
+        if (label && definedProperties.contains(name))
+            label->setVisible(value.toBool());
+    }
+}
+
+bool ZorvaDelegate::ChangeProperty(const QString& name, QVariant value)
+{
+    return ChangeProperty(name.toLatin1().constData(), value);
+}
+
+bool ZorvaDelegate::ChangeProperty(const char* name, const QVariant& value)
+{
+    if (value == property(name))
+        return false;
+    setProperty(name, value);
+    return true;
+}
+
+void ZorvaDelegate::EnableProperty(const QString& name, bool enable, QVariant* value)
+{
+    const QByteArray key = name.toLatin1();
+    if (enable) {
+        heldBackLooks.remove(name);
+        DefineProperty(name);
+        setProperty(key.constData(), property(key.constData()));
+        // An equal value sends no event, and the control must see the real value again.
+        QDynamicPropertyChangeEvent change(key);
+        QCoreApplication::sendEvent(this, &change);
+        return;
+    }
+    if (!definedProperties.contains(name))
+        return;
+    const QVariant kept = property(key.constData());
+    if (value) {
+        heldBackLooks.insert(name, *value);
+        setProperty(key.constData(), *value);
+    }
+    UndefineProperty(name);
+    setProperty(key.constData(), kept);
+}
+
+void ZorvaDelegate::PushHeldBackProperties()
+{
+    const QMap<QString, QVariant> looks = heldBackLooks;
+    for (auto look = looks.cbegin(); look != looks.cend(); ++look) {
+        QVariant shown = look.value();
+        EnableProperty(look.key(), true, nullptr);
+        EnableProperty(look.key(), false, &shown);
+    }
+}
+
+void ZorvaDelegate::DefineProperty(const QString& name)
+{
+    if (!definedProperties.contains(name))
+        definedProperties.append(name);
+}
+
+void ZorvaDelegate::UndefineProperty(const QString& name)
+{
+    definedProperties.removeOne(name);
+}
+
+void ZorvaDelegate::PropagateProperties(QObject* target)
+{
+    if (!target)
+        return;
+    for (const QString& name : qAsConst(definedProperties)) {
+        const QByteArray key = name.toLatin1();
+        const QVariant value = property(key.constData());
+        if (!value.isNull())
+            target->setProperty(key.constData(), value);
+    }
+}
+
+void ZorvaDelegate::PropagateProperty(const QString& name, QObject* target)
+{
+    if (!target || !definedProperties.contains(name))
+        return;
+    const QByteArray key = name.toLatin1();
+    const QVariant value = property(key.constData());
+    if (value.isNull())
+        return;
+    // The control's own "visible" can be unchanged while its parent has hidden it.
+    if (name == QLatin1String("visible") || value != target->property(key.constData()))
+        target->setProperty(key.constData(), value);
+}
+
+} // namespace Orvane
