@@ -38,6 +38,10 @@ set(CMAKE_AUTOMOC ON)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
+# Two builds from different folders on different days give the same bytes: the
+# build's own run path has a fixed length, and resources carry no time.
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+set(CMAKE_AUTORCC_OPTIONS --format-version 1)
 
 # zorva_precompile(<target> <headers>)
 # Reads Qt's headers once for all targets that take the same set. The sources
@@ -61,10 +65,6 @@ if(ZORVAPARSER_PRECOMPILE)
   endif()
 endif()
 
-# Public headers install below one folder, so that <vkbase/observable.h> and
-# <zorvaparser/zorvaformular.h> read alike in the tree and in an installation.
-set(ZORVA_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/zorvaparser-${PROJECT_VERSION_MAJOR})
-
 # zorva_export_header(<folder> <prefix> <library>)
 # Writes <build>/include/<folder>/<folder>_export.h with <prefix>_EXPORT.
 function(zorva_export_header folder prefix library)
@@ -72,24 +72,13 @@ function(zorva_export_header folder prefix library)
   set(ZORVA_EXPORT_LIBRARY ${library})
   configure_file(${PROJECT_SOURCE_DIR}/cmake/export.h.in
     ${PROJECT_BINARY_DIR}/include/${folder}/${folder}_export.h @ONLY)
-  install(FILES ${PROJECT_BINARY_DIR}/include/${folder}/${folder}_export.h
-    DESTINATION ${ZORVA_INSTALL_INCLUDEDIR}/${folder})
-endfunction()
-
-# zorva_install_headers(<folder> <header>...)
-# Installs public headers below <folder>, and notes each for the check that it
-# compiles alone.
-function(zorva_install_headers folder)
-  install(FILES ${ARGN} DESTINATION ${ZORVA_INSTALL_INCLUDEDIR}/${folder})
-  foreach(header IN LISTS ARGN)
-    get_filename_component(file ${header} NAME)
-    set_property(GLOBAL APPEND PROPERTY ZORVA_PUBLIC_HEADERS ${folder}/${file})
-  endforeach()
+  zorva_install_development(${ZORVA_INSTALL_INCLUDEDIR}/${folder}
+    ${PROJECT_BINARY_DIR}/include/${folder}/${folder}_export.h)
 endfunction()
 
 # zorva_add_host_library(<name> SOURCES ... HEADERS ... LINK ...)
 # One SHARED library for one folder below host/, with the alias
-# ZorvaHost::<name>, the export macro <NAME>_EXPORT and its installation.
+# ZorvaParser::<name>, the export macro <NAME>_EXPORT and its installation.
 # HEADERS are public; LINK is what those headers need.
 function(zorva_add_host_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;LINK;PRIVATE_LINK" ${ARGN})
@@ -97,6 +86,8 @@ function(zorva_add_host_library name)
   zorva_export_header(${name} ${prefix} ${name})
   add_library(${name} SHARED ${ARG_SOURCES} ${ARG_HEADERS})
   add_library(ZorvaHost::${name} ALIAS ${name})
+  add_library(ZorvaParser::${name} ALIAS ${name})
+  target_compile_features(${name} PUBLIC cxx_std_17)
   target_compile_definitions(${name} PRIVATE ${prefix}_BUILD)
   target_include_directories(${name} PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/host>
@@ -108,10 +99,7 @@ function(zorva_add_host_library name)
   set_target_properties(${name} PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
     EXPORT_NAME ${name})
-  install(TARGETS ${name} EXPORT ZorvaParserTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  zorva_install_library(${name})
   zorva_install_headers(${name} ${ARG_HEADERS})
 endfunction()
 
