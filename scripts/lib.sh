@@ -3,7 +3,7 @@
 # The caller has set -euo pipefail and stands in the root of the tree.
 
 # What it takes to build; names of Debian 12.
-build_packages="build-essential cmake ninja-build pkg-config qtbase5-dev qtscript5-dev libqt5svg5"
+build_packages="build-essential cmake ninja-build pkg-config qtbase5-dev qtscript5-dev libqt5svg5 libxml2-dev"
 # What it takes to show a window where there is no display.
 display_packages="xvfb xauth fonts-dejavu-core"
 
@@ -49,6 +49,7 @@ require_tools() {
         for module in Qt5Core Qt5Gui Qt5Widgets Qt5Test Qt5Script Qt5ScriptTools; do
             pkg-config --atleast-version=5.15 "$module" || missing="$missing $module(5.15)"
         done
+        pkg-config --exists libxml-2.0 || missing="$missing libxml2"
     fi
     [ -z "$missing" ] || die "this is no Debian system, and it lacks:$missing. Please install these and start again."
 }

@@ -35,6 +35,7 @@ expect(Development
   ${INCLUDEDIR}/layout/floatgrouplayout.h
   ${INCLUDEDIR}/valueframework/tree.h)
 expect(Tools
+  bin/zorva
   bin/zorvashell
   share/applications/zorvashell.desktop
   share/mime/packages/zorvaparser.xml

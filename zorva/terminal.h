@@ -1,0 +1,11 @@
+#ifndef ZORVA_TERMINAL_H
+#define ZORVA_TERMINAL_H
+
+#include <QString>
+
+/** Writes @p text to the standard output, in the encoding of the locale. */
+void print(const QString& text);
+/** Writes "zorva: MESSAGE" and a line end to the standard error; gives the exit code for misuse. */
+int fail(const QString& message);
+
+#endif
