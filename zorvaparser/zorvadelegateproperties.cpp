@@ -2,6 +2,7 @@
 
 #include "bounds_p.h"
 
+#include <QCoreApplication>
 #include <QDynamicPropertyChangeEvent>
 #include <QScopedValueRollback>
 #include <QXmlStreamReader>
