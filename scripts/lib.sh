@@ -6,6 +6,8 @@
 build_packages="build-essential cmake ninja-build pkg-config qtbase5-dev qtscript5-dev libqt5svg5 libxml2-dev"
 # What it takes to show a window where there is no display.
 display_packages="xvfb xauth fonts-dejavu-core"
+# What it takes to make and judge Debian packages.
+package_packages="dpkg-dev fakeroot lintian"
 
 say() {
     printf '%s: %s\n' "$(basename "$0")" "$*" >&2
