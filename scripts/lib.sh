@@ -80,7 +80,7 @@ Install them as root: apt-get install $missing"
 drop_foreign_build() {
     local cache="$1/CMakeCache.txt"
     [ -e "$cache" ] || return 0
-    grep -qx "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$cache" || rm -rf "$1"
+    grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$cache" || rm -rf "$1"
 }
 
 use_ccache() {
