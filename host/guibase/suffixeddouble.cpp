@@ -15,6 +15,11 @@ QString prefixText(int prefix)
     return QLatin1String(texts[prefix]);
 }
 
+QString rounded(double number, int prefix)
+{
+    return QString::number(number, 'f', DecimalsPerPrefix * (prefix + 1));
+}
+
 void trimZeros(QString* text)
 {
     int length = text->size();
@@ -34,9 +39,14 @@ SuffixedDouble::SuffixedDouble(QString unit, int base, bool keepZeros)
 {
 }
 
+bool SuffixedDouble::isAutomatic() const
+{
+    return m_suffix < ekNone || m_suffix > ekGiga;
+}
+
 int SuffixedDouble::prefixFor(double number) const
 {
-    if (m_suffix >= ekNone && m_suffix <= ekGiga)
+    if (!isAutomatic())
         return m_suffix - ekNone;
     int prefix = 0;
     for (double rest = std::fabs(number); rest >= m_base && prefix < PrefixCount - 1; rest /= m_base)
@@ -47,9 +57,13 @@ int SuffixedDouble::prefixFor(double number) const
 QString SuffixedDouble::GetString(double number) const
 {
     const bool finite = std::isfinite(number);
-    const int prefix = finite ? prefixFor(number) : 0;
-    const int decimals = DecimalsPerPrefix * (prefix + 1);
-    QString text = QString::number(number / std::pow(m_base, prefix), 'f', decimals);
+    int prefix = finite ? prefixFor(number) : 0;
+    QString text = rounded(number / std::pow(m_base, prefix), prefix);
+    // Rounding may reach the next prefix: 999999.9999999 is 1 M.
+    if (finite && isAutomatic() && prefix < PrefixCount - 1 && std::fabs(text.toDouble()) >= m_base) {
+        ++prefix;
+        text = rounded(text.toDouble() / m_base, prefix);
+    }
     if (finite && !m_keepZeros)
         trimZeros(&text);
     if (text == QLatin1String("-0"))

@@ -26,6 +26,7 @@ public:
     QString GetString(double number) const;
 
 private:
+    bool isAutomatic() const;
     int prefixFor(double number) const;
 
     QString m_unit;

@@ -10,7 +10,10 @@ namespace {
 int initialTraceMask()
 {
     bool ok = false;
-    const int mask = qEnvironmentVariable("VELK_TRACE_MASK").toInt(&ok, 0);
+    const QString text = qEnvironmentVariable("VELK_TRACE_MASK").trimmed();
+    // A zero in front means nothing, unlike in C.
+    const int base = text.contains(QLatin1Char('x'), Qt::CaseInsensitive) ? 16 : 10;
+    const int mask = text.toInt(&ok, base);
     return ok ? mask : ErrorHandler::TraceErrors;
 }
 

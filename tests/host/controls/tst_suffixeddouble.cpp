@@ -33,6 +33,12 @@ void TestSuffixedDouble::getString_data()
     QTest::newRow("automatic ends at giga") << 5e12 << 0 << "5000 GHz";
     QTest::newRow("unknown suffix is automatic") << 1000.0 << 17 << "1 kHz";
     QTest::newRow("no hertz lost in GHz") << 26123456789.0 << 4 << "26.123456789 GHz";
+    QTest::newRow("rounding reaches kilo") << 999.9996 << 0 << "1 kHz";
+    QTest::newRow("rounding does not reach kilo") << 999.9994 << 0 << "999.999 Hz";
+    QTest::newRow("rounding reaches mega") << 999999.9999999 << 0 << "1 MHz";
+    QTest::newRow("rounding reaches giga") << -999999999.9999999 << 0 << "-1 GHz";
+    QTest::newRow("rounding with a fixed prefix") << 999999.9999999 << 2 << "1000 kHz";
+    QTest::newRow("rounding past the last prefix") << 999999999999.9999999 << 0 << "1000 GHz";
     QTest::newRow("infinite") << std::numeric_limits<double>::infinity() << 2 << "inf Hz";
     QTest::newRow("no number") << std::numeric_limits<double>::quiet_NaN() << 0 << "nan Hz";
 }
@@ -56,6 +62,7 @@ void TestSuffixedDouble::keepsZeros()
 void TestSuffixedDouble::otherBase()
 {
     QCOMPARE(SuffixedDouble(QStringLiteral("B"), 1024, false).GetString(2048), QStringLiteral("2 kB"));
+    QCOMPARE(SuffixedDouble(QStringLiteral("B"), 1024, false).GetString(1023.9999), QStringLiteral("1 kB"));
     QCOMPARE(SuffixedDouble(QString(), 0, false).GetString(5), QStringLiteral("5"));
 }
 

@@ -56,6 +56,10 @@ void TestErrorHandler::maskComesFromTheEnvironment_data()
     QTest::newRow("unset") << QString() << 0x20;
     QTest::newRow("decimal") << "96" << 96;
     QTest::newRow("hexadecimal") << "0x40" << 0x40;
+    QTest::newRow("decimal with a zero in front") << "040" << 40;
+    QTest::newRow("hexadecimal in capitals") << "0X60" << 0x60;
+    QTest::newRow("blanks around it") << " 64 " << 64;
+    QTest::newRow("hexadecimal without its mark") << "4f" << 0x20;
     QTest::newRow("nothing wanted") << "0" << 0;
     QTest::newRow("unreadable") << "all" << 0x20;
 }
