@@ -7,6 +7,7 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <type_traits>
@@ -48,7 +49,7 @@ bool convertNumber(From from, To* to)
         *to = from > static_cast<std::make_unsigned_t<To>>(Limits::max()) ? Limits::max()
                                                                           : static_cast<To>(from);
     } else {
-        *to = static_cast<To>(qBound<qint64>(Limits::min(), from, Limits::max()));
+        *to = static_cast<To>(std::clamp<qint64>(from, Limits::min(), Limits::max()));
     }
     return true;
 }

@@ -41,10 +41,8 @@ QString normalized(const QString& path)
     if (isNormal(path))
         return path;
     QString result;
-    for (const QStringRef& part : path.splitRef(slash, Qt::SkipEmptyParts)) {
-        result += slash;
-        result += part;
-    }
+    for (const QString& part : path.split(slash, Qt::SkipEmptyParts))
+        result += slash + part;
     return result;
 }
 
@@ -68,6 +66,18 @@ bool Tree::AddValue(const QString& nodePath, ValueBase* value)
     if (!value || value->m_treeNode || value->m_retired)
         return false;
     return insert(placeOf(nodePath, value->m_name), value);
+}
+
+QString Tree::NameIn(const QString& path)
+{
+    const QString full = normalized(path);
+    return full.mid(full.lastIndexOf(slash) + 1);
+}
+
+QString Tree::NodePathIn(const QString& path)
+{
+    const QString full = normalized(path);
+    return full.left(full.lastIndexOf(slash));
 }
 
 ValueBase* Tree::GetValue(const QString& path) const
@@ -150,7 +160,10 @@ void Tree::detach(ValueBase* value)
 
 bool Tree::rename(ValueBase* value, const QString& name)
 {
-    const Place place = placeOf(value->m_treeNode->path, name);
+    // The node was named by whoever added the value, all but what its name adds to it.
+    const QString& path = value->m_treeNode->path;
+    const int ownParts = placeOf(QString(), value->m_name).nodePath.size();
+    const Place place = placeOf(path.left(path.size() - ownParts), name);
     const TreeNode* const node = m_nodes.value(place.nodePath);
     ValueBase* const there = node ? m_values.value(Key{node, place.name}) : nullptr;
     if (there && there != value)

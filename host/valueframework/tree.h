@@ -28,6 +28,12 @@ public:
     /// Takes the value out and deletes it. False if there is none.
     virtual bool RemoveValue(const QString& path);
 
+    /// The last part of a path, without "/": the name of the value there. Empty
+    /// for a path without parts.
+    static QString NameIn(const QString& path);
+    /// What stands before that part: the node, as "/a/b"; empty for the root.
+    static QString NodePathIn(const QString& path);
+
     bool IsEmpty() const { return m_valueCount == 0; }
     /// Values without a name count too.
     int GetValueCount() const { return m_valueCount; }

@@ -34,7 +34,11 @@ private Q_SLOTS:
     void goingValuesAreRefused();
     void renaming_data();
     void renaming();
+    void renamingNamesWithNodes_data();
+    void renamingNamesWithNodes();
     void renamingToATakenNameIsRefused();
+    void partsOfPaths_data();
+    void partsOfPaths();
     void renamingToNothingHides();
     void renamedPlaceCanBeTaken();
     void nodesGoWithTheirLastValue();
@@ -281,6 +285,82 @@ void TestTree::renaming()
     QCOMPARE(value->GetPathName(), path);
     QCOMPARE(tree()->GetValue(path), value);
     QCOMPARE(tree()->GetPathNames(), QStringList{path});
+}
+
+void TestTree::renamingNamesWithNodes_data()
+{
+    QTest::addColumn<QString>("node");
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("after");
+    QTest::addColumn<QString>("path");
+    QTest::newRow("in the same node") << ""
+                                      << "a/b"
+                                      << "a/c"
+                                      << "/a/c";
+    QTest::newRow("below another node") << "/form"
+                                        << "a/b"
+                                        << "x/b"
+                                        << "/form/x/b";
+    QTest::newRow("up") << "/form"
+                        << "a/b/c"
+                        << "c"
+                        << "/form/c";
+    QTest::newRow("further down") << "/form"
+                                  << "a/b"
+                                  << "a/b/c"
+                                  << "/form/a/b/c";
+    QTest::newRow("the node's own name again") << "/a"
+                                               << "a/b"
+                                               << "b"
+                                               << "/a/b";
+    QTest::newRow("written with slashes round it") << "/form"
+                                                   << "//a//b/"
+                                                   << "/a/c"
+                                                   << "/form/a/c";
+}
+
+void TestTree::renamingNamesWithNodes()
+{
+    QFETCH(QString, node);
+    QFETCH(QString, before);
+    QFETCH(QString, after);
+    QFETCH(QString, path);
+    ValueBool* const value = add(node, before);
+    QVERIFY(value->SetName(after, nullptr));
+    QCOMPARE(value->GetPathName(), path);
+    QCOMPARE(tree()->GetPathNames(), QStringList{path});
+    const QString first = node + QLatin1Char('/') + before;
+    QVERIFY(value->SetName(before, nullptr));
+    QCOMPARE(tree()->GetValue(first), value);
+}
+
+void TestTree::partsOfPaths_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("node");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("plain") << "/a/b/v"
+                           << "/a/b"
+                           << "v";
+    QTest::newRow("slashes") << "a//b/v/"
+                             << "/a/b"
+                             << "v";
+    QTest::newRow("in the root") << "v"
+                                 << ""
+                                 << "v";
+    QTest::newRow("empty") << ""
+                           << ""
+                           << "";
+    QTest::newRow("nothing but slashes") << "//"
+                                         << ""
+                                         << "";
+}
+
+void TestTree::partsOfPaths()
+{
+    QFETCH(QString, path);
+    QTEST(Tree::NodePathIn(path), "node");
+    QTEST(Tree::NameIn(path), "name");
 }
 
 void TestTree::renamingToATakenNameIsRefused()
