@@ -96,6 +96,9 @@ function(zorva_add_host_library name)
   target_link_libraries(${name}
     PUBLIC ${ARG_LINK}
     PRIVATE ${ARG_PRIVATE_LINK} $<BUILD_INTERFACE:zorva_build_settings>)
+  # Qt keeps what these register with it, and what is made once a process lives
+  # here: a module that brought them may go, they may not.
+  target_link_options(${name} PRIVATE LINKER:-z,nodelete)
   set_target_properties(${name} PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
     EXPORT_NAME ${name})
