@@ -20,14 +20,16 @@ class ValueBase;
 class BASICVALUEWIDGETS_EXPORT ValueBinding
 {
 public:
-    /// Neither is owned; both outlive the binding (it is their member). A null
-    /// control: nothing is disabled when the value goes.
+    /// Neither is owned; both outlive the binding (it is their member), and one
+    /// observer may have several. A null control: nothing is disabled when the
+    /// value goes.
     ValueBinding(QWidget* control, IObserver* observer);
     ~ValueBinding();
     Q_DISABLE_COPY(ValueBinding)
 
     /// Leaves the old value and joins the new one, null allowed. False, and
-    /// bound to nothing, if the value is already going away.
+    /// bound to nothing, if the value is already going away. Switching the control
+    /// on may lead to its end, and to that of this binding.
     bool Bind(values::ValueBase* value);
     /// Null if nothing is bound or the value has gone.
     values::ValueBase* Value() const { return m_value; }
@@ -48,12 +50,12 @@ public:
 private:
     void leave();
     void setLost(bool lost);
+    void enableControl(bool enabled);
 
     QWidget* m_control;
     IObserver* m_observer;
     values::ValueBase* m_value = nullptr; // not owned, cleared when it goes away
     bool m_lost = false;
-    bool m_requestedEnabled = true; // kept only while lost
     bool m_applying = false;
 };
 

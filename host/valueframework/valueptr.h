@@ -28,16 +28,15 @@ public:
     T& operator*() const { return *m_value; }
     explicit operator bool() const { return m_value != nullptr; }
 
-    /// Leaves the old value and watches the new one, which may be null.
+    /// Leaves the old value and watches the new one, which may be null. One that
+    /// is being destroyed is not taken: the pointer is null then.
     virtual void Set(T* value)
     {
         if (value == m_value)
             return;
         if (m_value)
             m_value->DeleteObserver(this);
-        m_value = value;
-        if (m_value)
-            m_value->AddObserver(this);
+        m_value = value && value->AddObserver(this) ? value : nullptr;
     }
 
     /// Points to the value at `path`; null and false if there is none of this type.
@@ -49,16 +48,15 @@ public:
     }
 
     /// Points to a new value made at `path`. False if there is one of this type
-    /// already, which is then pointed to, or if the place is taken otherwise
-    /// (then null).
+    /// already, which is then pointed to, or if the place is taken otherwise or
+    /// the path names nothing (then null).
     bool Create(const QString& path)
     {
-        if (Locate(path))
+        const QString name = Tree::NameIn(path);
+        if (Locate(path) || name.isEmpty())
             return false;
-        const int split = path.lastIndexOf(QLatin1Char('/')) + 1;
-        auto value = std::make_unique<T>();
-        value->SetName(path.mid(split), nullptr);
-        if (!Tree::Instance()->AddValue(path.left(split), value.get()))
+        auto value = std::make_unique<T>(name, ValueState::Normal);
+        if (!Tree::Instance()->AddValue(Tree::NodePathIn(path), value.get()))
             return false;
         Set(value.release());
         return true;
@@ -94,10 +92,12 @@ public:
         if (value == old)
             return;
         if (old)
-            old->DeleteObserver(m_owner);
-        if (value)
-            value->AddObserver(m_owner);
+            old->ReleaseObserver(m_owner);
+        // Of two pointers of one owner, either may go first.
+        const bool claimed = value && value->ClaimObserver(m_owner);
         ValuePtr<T>::Set(value);
+        if (claimed && !this->Get())
+            value->ReleaseObserver(m_owner);
     }
 
 private:

@@ -98,6 +98,7 @@ bool Observable::DeleteObserver(IObserver* observer)
 {
     if (!m_observers.Remove(observer))
         return false;
+    m_furtherClaims.remove(observer);
     for (ObservableGuard* guard = m_guards; guard; guard = guard->m_next)
         guard->observerRemoved(observer);
     return true;
@@ -106,6 +107,7 @@ bool Observable::DeleteObserver(IObserver* observer)
 void Observable::DeleteObservers()
 {
     m_observers.Clear();
+    m_furtherClaims.clear();
     for (ObservableGuard* guard = m_guards; guard; guard = guard->m_next)
         guard->observerRemoved(nullptr);
 }
@@ -116,6 +118,25 @@ bool Observable::MakeFirstObserver(IObserver* observer)
         return false;
     m_observers.MoveToFront(observer);
     return true;
+}
+
+bool Observable::ClaimObserver(IObserver* observer)
+{
+    if (AddObserver(observer))
+        return true;
+    if (!observer || !HasObserver(observer))
+        return false;
+    ++m_furtherClaims[observer];
+    return true;
+}
+
+void Observable::ReleaseObserver(IObserver* observer)
+{
+    const auto further = m_furtherClaims.find(observer);
+    if (further == m_furtherClaims.end())
+        DeleteObserver(observer);
+    else if (--*further == 0)
+        m_furtherClaims.erase(further);
 }
 
 bool Observable::NotifyObservers(TChangeCode code, IObserver* originator)

@@ -5,6 +5,8 @@
 #include <vkbase/observerlist.h>
 #include <vkbase/vkbase_export.h>
 
+#include <QHash>
+
 class Observable;
 
 /// Knows whether an observable still exists. Costs nothing while unused and no
@@ -54,6 +56,13 @@ public:
     /// notification keeps its own order. False if it is null or cannot be added.
     virtual bool MakeFirstObserver(IObserver* observer);
 
+    /// For parts of one observer that come and go apart, each of which wants it to
+    /// be told: adds `observer`, or counts one claim more on the place that it has.
+    /// False if it is null or cannot be added; each true calls for one `ReleaseObserver`.
+    bool ClaimObserver(IObserver* observer);
+    /// Gives one claim back; the last one takes `observer` out.
+    void ReleaseObserver(IObserver* observer);
+
     bool HasObserver(const IObserver* observer) const { return m_observers.Contains(observer); }
     int GetObserverCount() const { return m_observers.Count(); }
 
@@ -67,7 +76,8 @@ private:
     friend class ObservableGuard;
 
     ObserverList m_observers;
-    ObservableGuard* m_guards = nullptr; // not owned: each unlinks itself
+    QHash<const IObserver*, int> m_furtherClaims; // beside the first; mostly empty
+    ObservableGuard* m_guards = nullptr;          // not owned: each unlinks itself
 };
 
 #endif

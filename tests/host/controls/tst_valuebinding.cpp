@@ -1,7 +1,9 @@
+#include <basicvaluewidgets/valuebinding.h>
 #include <basicvaluewidgets/vccheckbox.h>
 
 #include <leftovers.h>
 #include <messageguard.h>
+#include <recordingobserver.h>
 
 #include <QTest>
 
@@ -24,6 +26,11 @@ private Q_SLOTS:
     void requestIsKeptForTheNextValue_data();
     void requestIsKeptForTheNextValue();
     void aParentMayComeAndGo();
+    void twoBindingsOfOneObserver_data();
+    void twoBindingsOfOneObserver();
+    void bindingWithoutAControl();
+    void listenerMayDeleteTheControl_data();
+    void listenerMayDeleteTheControl();
 
 private:
     std::unique_ptr<MessageGuard> m_guard;
@@ -132,20 +139,25 @@ void TestValueBinding::lostStaysDisabled()
 void TestValueBinding::requestIsKeptForTheNextValue_data()
 {
     QTest::addColumn<bool>("whileAlive");
-    QTest::newRow("disabled before the value went") << true;
-    QTest::newRow("disabled after the value went") << false;
+    QTest::addColumn<int>("road");
+    QTest::newRow("before the value went") << true << 1;
+    QTest::newRow("by the class, without a value") << false << 0;
+    QTest::newRow("by the property, without a value") << false << 1;
+    QTest::newRow("past the class, without a value") << false << 2;
 }
 
 void TestValueBinding::requestIsKeptForTheNextValue()
 {
     QFETCH(bool, whileAlive);
+    QFETCH(int, road);
     auto value = makeValue();
     VCCheckBox box(nullptr, nullptr);
     box.SetBoolean(value.get());
     if (whileAlive)
-        box.setProperty("enabled", false);
+        enable(&box, road, false);
     value.reset();
-    box.setProperty("enabled", false);
+    if (!whileAlive)
+        enable(&box, road, false);
     const auto next = makeValue();
     box.SetBoolean(next.get());
     QVERIFY(!box.isEnabled());
@@ -166,6 +178,104 @@ void TestValueBinding::aParentMayComeAndGo()
     const auto next = makeValue();
     box->SetBoolean(next.get());
     QVERIFY(box->isEnabled());
+}
+
+/// A control with two values, as the frequency control is one.
+struct TwoBindings : RecordingObserver
+{
+    ValueBinding first{nullptr, this};
+    ValueBinding second{nullptr, this};
+};
+
+void TestValueBinding::twoBindingsOfOneObserver_data()
+{
+    QTest::addColumn<bool>("firstLeaves");
+    QTest::newRow("the first leaves") << true;
+    QTest::newRow("the second leaves") << false;
+}
+
+void TestValueBinding::twoBindingsOfOneObserver()
+{
+    QFETCH(bool, firstLeaves);
+    auto value = makeValue();
+    TwoBindings control;
+    ValueBinding& leaves = firstLeaves ? control.first : control.second;
+    ValueBinding& stays = firstLeaves ? control.second : control.first;
+    QVERIFY(control.first.Bind(value.get()));
+    QVERIFY(control.second.Bind(value.get()));
+    QCOMPARE(value->GetObserverCount(), 1);
+    QVERIFY(leaves.Bind(nullptr));
+    QCOMPARE(stays.Value(), value.get());
+    value->SetValue(true, nullptr);
+    QCOMPARE(control.takeCodes(), QList<TChangeCode>{ChangeCode::Content});
+
+    control.onUpdate = [&stays](Observable* observable, TChangeCode code) {
+        QVERIFY(!stays.Concerns(observable, code));
+    };
+    value.reset();
+    QVERIFY(!stays.Value());
+    QVERIFY(stays.IsLost());
+}
+
+void TestValueBinding::bindingWithoutAControl()
+{
+    auto value = makeValue();
+    RecordingObserver observer;
+    ValueBinding binding(nullptr, &observer);
+    QVERIFY(binding.Bind(value.get()));
+    binding.RequestEnabled(false);
+    QEvent event(QEvent::EnabledChange);
+    binding.ControlChanged(&event);
+    observer.onUpdate = [&](Observable* observable, TChangeCode code) {
+        binding.Concerns(observable, code);
+        binding.ControlChanged(&event);
+        binding.RequestEnabled(true);
+    };
+    value.reset();
+    QVERIFY(binding.IsLost());
+    QVERIFY(!binding.Value());
+}
+
+/// Deletes a control as soon as it is switched on or off.
+class DeletesOnEnabledChange : public QObject
+{
+public:
+    explicit DeletesOnEnabledChange(VCCheckBox* box)
+        : m_box(box)
+    {
+        box->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (watched != m_box || event->type() != QEvent::EnabledChange)
+            return false;
+        delete m_box;
+        return true;
+    }
+    QPointer<VCCheckBox> m_box;
+};
+
+void TestValueBinding::listenerMayDeleteTheControl_data()
+{
+    QTest::addColumn<bool>("whenTheValueGoes");
+    QTest::newRow("when the value goes") << true;
+    QTest::newRow("when it is enabled without a value") << false;
+}
+
+void TestValueBinding::listenerMayDeleteTheControl()
+{
+    QFETCH(bool, whenTheValueGoes);
+    auto value = makeValue();
+    auto* box = new VCCheckBox(nullptr, nullptr);
+    box->SetBoolean(value.get());
+    if (!whenTheValueGoes)
+        value.reset();
+    const DeletesOnEnabledChange listener(box);
+    if (whenTheValueGoes)
+        value.reset();
+    else
+        enable(box, 2, true);
+    QVERIFY(!listener.m_box);
 }
 
 QTEST_MAIN(TestValueBinding)

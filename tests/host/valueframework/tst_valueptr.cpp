@@ -4,7 +4,9 @@
 #include <valueframework/tree.h>
 #include <valueframework/value.h>
 #include <valueframework/valuecommentedrangemap.h>
+#include <valueframework/valuenumeric.h>
 #include <valueframework/valueptr.h>
+#include <valueframework/valueselection.h>
 
 #include <QTest>
 
@@ -33,6 +35,12 @@ private Q_SLOTS:
     void ownerAttachesToWhatIsCreated();
     void goingValueDetachesTheOwner();
     void anObserverIsNeededByNobody();
+    void goingValueIsNotTaken();
+    void createMakesEveryType();
+    void createWithoutAName_data();
+    void createWithoutAName();
+    void twoPointersOfOneOwner_data();
+    void twoPointersOfOneOwner();
 };
 
 namespace {
@@ -117,6 +125,8 @@ void TestValuePtr::create_data()
     QTest::addColumn<QString>("given");
     QTest::addColumn<QString>("made");
     QTest::newRow("below a node") << path << path;
+    QTest::newRow("slash behind") << "/form/Ranges/" << path;
+    QTest::newRow("doubled slashes") << "//form//Ranges//" << path;
     QTest::newRow("without slash") << "Ranges"
                                    << "/Ranges";
 }
@@ -217,6 +227,82 @@ void TestValuePtr::anObserverIsNeededByNobody()
     ValueCommentedRangeMap map;
     const ObservingMapPtr pointer(nullptr, &map);
     QCOMPARE(map.GetObserverCount(), 1);
+}
+
+void TestValuePtr::goingValueIsNotTaken()
+{
+    auto* const map = new ValueCommentedRangeMap;
+    RecordingObserver listener, owner;
+    MapPtr pointer;
+    ObservingMapPtr observing(&owner);
+    listener.onUpdate = [&](Observable*, TChangeCode) {
+        pointer.Set(map);
+        observing.Set(map);
+    };
+    listener.watch(map);
+    delete map;
+    QVERIFY(!pointer);
+    QVERIFY(!observing);
+    QVERIFY(owner.codes().isEmpty());
+}
+
+template <typename T>
+static void makeOne()
+{
+    ValuePtr<T> pointer;
+    QVERIFY(pointer.Create(path));
+    QCOMPARE(pointer->GetName(), QStringLiteral("Ranges"));
+    QVERIFY(Tree::Instance()->RemoveValue(path));
+}
+
+void TestValuePtr::createMakesEveryType()
+{
+    makeOne<ValueBool>();
+    makeOne<ValueString>();
+    makeOne<NumericInt>();
+    makeOne<NumericInt64>();
+    makeOne<NumericDouble>();
+    makeOne<ValueSelection>();
+    makeOne<ValueCommentedRangeMap>();
+}
+
+void TestValuePtr::createWithoutAName_data()
+{
+    QTest::addColumn<QString>("given");
+    QTest::newRow("empty") << QString();
+    QTest::newRow("slashes") << "//";
+}
+
+void TestValuePtr::createWithoutAName()
+{
+    QFETCH(QString, given);
+    MapPtr pointer;
+    QVERIFY(!pointer.Create(given));
+    QVERIFY(!pointer);
+    QVERIFY(Tree::Instance()->IsEmpty());
+}
+
+void TestValuePtr::twoPointersOfOneOwner_data()
+{
+    QTest::addColumn<bool>("firstGoes");
+    QTest::newRow("the first goes") << true;
+    QTest::newRow("the second goes") << false;
+}
+
+void TestValuePtr::twoPointersOfOneOwner()
+{
+    QFETCH(bool, firstGoes);
+    ValueCommentedRangeMap map;
+    RecordingObserver owner;
+    auto first = std::make_unique<ObservingMapPtr>(&owner, &map);
+    auto second = std::make_unique<ObservingMapPtr>(&owner, &map);
+    (firstGoes ? first : second).reset();
+    map.SetAt(0, CommentedRange(), nullptr);
+    QCOMPARE(owner.takeCodes(), QList<TChangeCode>{ChangeCode::ItemChanged});
+    (firstGoes ? second : first).reset();
+    map.SetAt(1, CommentedRange(), nullptr);
+    QVERIFY(owner.codes().isEmpty());
+    QCOMPARE(map.GetObserverCount(), 0);
 }
 
 QTEST_APPLESS_MAIN(TestValuePtr)

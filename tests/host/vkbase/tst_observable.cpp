@@ -29,6 +29,8 @@ private Q_SLOTS:
     void removalInANestedRoundReachesTheOuterOne();
     void manyObserversAreEachToldOnce();
     void manyMayLeaveMeanwhile();
+    void claimsAreCounted();
+    void claimsEndWithTheObserver();
 };
 
 void TestObservable::addRefusesNullAndDoubles()
@@ -263,6 +265,45 @@ void TestObservable::manyMayLeaveMeanwhile()
     QVERIFY(observers[2].codes().isEmpty());
     QCOMPARE(observers[50].codes(), QList<TChangeCode>{4});
     QCOMPARE(observers[99].codes(), (QList<TChangeCode>{3, 4}));
+}
+
+void TestObservable::claimsAreCounted()
+{
+    Observable observable;
+    RecordingObserver observer;
+    QVERIFY(!observable.ClaimObserver(nullptr));
+    observable.ReleaseObserver(nullptr);
+    QVERIFY(observable.ClaimObserver(&observer));
+    QVERIFY(observable.ClaimObserver(&observer));
+    QVERIFY(observable.ClaimObserver(&observer));
+    QCOMPARE(observable.GetObserverCount(), 1);
+    observable.ReleaseObserver(&observer);
+    observable.ReleaseObserver(&observer);
+    observable.NotifyObservers(3);
+    QCOMPARE(observer.takeCodes(), QList<TChangeCode>{3});
+    observable.ReleaseObserver(&observer);
+    QVERIFY(!observable.HasObserver(&observer));
+    observable.ReleaseObserver(&observer);
+    QVERIFY(observable.ClaimObserver(&observer));
+    observable.ReleaseObserver(&observer);
+    QCOMPARE(observable.GetObserverCount(), 0);
+}
+
+void TestObservable::claimsEndWithTheObserver()
+{
+    Observable observable;
+    RecordingObserver observer;
+    for (const bool all : {false, true}) {
+        observable.ClaimObserver(&observer);
+        observable.ClaimObserver(&observer);
+        if (all)
+            observable.DeleteObservers();
+        else
+            observable.DeleteObserver(&observer);
+        QVERIFY(observable.ClaimObserver(&observer));
+        observable.ReleaseObserver(&observer);
+        QVERIFY(!observable.HasObserver(&observer));
+    }
 }
 
 QTEST_APPLESS_MAIN(TestObservable)
