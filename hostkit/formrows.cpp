@@ -1,0 +1,177 @@
+#include "formrows.h"
+
+#include <hostkit/parametertext.h>
+
+#include <guibase/suffixeddouble.h>
+#include <valueframework/valuenumeric.h>
+#include <zorvaparser/zorvadelegate.h>
+#include <zorvaparser/zorvaenum.h>
+
+#include <QCoreApplication>
+#include <QXmlStreamWriter>
+
+#include <cmath>
+
+namespace hostkit {
+
+using Orvane::ZorvaDelegate;
+using Orvane::ZorvaFormular;
+using Orvane::ZorvaSheet;
+using Orvane::ZorvaWidget;
+
+namespace {
+
+QString translated(const QString& context, const QString& text)
+{
+    return QCoreApplication::translate(context.toLatin1().constData(), text.toUtf8().constData());
+}
+
+QString leafOf(const QString& parameter)
+{
+    return parameter.mid(parameter.lastIndexOf(QLatin1Char('/')) + 1);
+}
+
+QString withoutIndex(const QString& parameter)
+{
+    const int bracket = parameter.endsWith(QLatin1Char(']')) ? parameter.lastIndexOf(QLatin1Char('[')) : -1;
+    return bracket < 0 ? parameter : parameter.left(bracket);
+}
+
+/** What the row writes for the parameter's leaf. */
+QString writtenText(const ZorvaDelegate& row, const QString& parameter)
+{
+    QString xml;
+    QXmlStreamWriter writer(&xml);
+    writer.writeStartElement(QStringLiteral("row"));
+    row.GetXml(writer);
+    writer.writeEndElement();
+    const QString leaf = leafOf(parameter);
+    const QList<Parameter> written = parametersOf(xml);
+    for (const Parameter& entry : written) {
+        if (leafOf(entry.path) == leaf)
+            return entry.text;
+    }
+    return QString();
+}
+
+QString choiceWords(ZorvaFormular& form, const QString& enumName, const QString& text)
+{
+    const auto choices = form.GetEnum(enumName);
+    const int index = choices->firstIndexOfValue(text);
+    return index < 0 ? text : translated(enumName, choices->GetValueAt(index).GetDisplayName());
+}
+
+QString numberWords(const ZorvaDelegate& row, const QString& text)
+{
+    bool ok = false;
+    const double number = text.toDouble(&ok);
+    if (!ok)
+        return text;
+    const double scale = row.GetDouble("unitScale", 1.0);
+    const double shown = row.displayTransformation(number) / (scale == 0.0 ? 1.0 : scale);
+    const QString suffix = row.GetString("suffix", row.GetString("unit", QString())).trimmed();
+    const QString plain = QString::number(shown, 'f', qBound(0, row.GetInt("decimals", 0), 12));
+    return suffix.isEmpty() ? plain : plain + QLatin1Char(' ') + suffix;
+}
+
+QString frequencyWords(const QString& text)
+{
+    bool ok = false;
+    const double hertz = text.toDouble(&ok);
+    return ok ? SuffixedDouble(QStringLiteral("Hz"), 1000, false).GetString(hertz) : text;
+}
+
+} // namespace
+
+QStringList rowPaths(ZorvaFormular& form)
+{
+    QStringList paths;
+    ZorvaSheet& sheet = form.GetSheet();
+    for (int i = 0; i < sheet.GetWidgetCount(); ++i) {
+        const ZorvaSheet::WidgetPointer row = sheet.GetWidgetAt(i);
+        const QString& kind = row->GetClass();
+        if (row->GetDelegate() && !row->IsHeadline() && kind != QLatin1String("Separator") &&
+            kind != QLatin1String("FixedSpacer"))
+            paths.append(row->GetDelegate()->GetXmlPath());
+    }
+    return paths;
+}
+
+ZorvaSheet::WidgetPointer rowOf(ZorvaFormular& form, const QString& parameter)
+{
+    const QString path = withoutIndex(parameter);
+    ZorvaSheet::WidgetPointer row = form.GetSheet().GetWidget(path);
+    const int slash = path.lastIndexOf(QLatin1Char('/'));
+    if (!row && slash > 0)
+        row = form.GetSheet().GetWidget(path.left(slash));
+    return row && row->GetDelegate() ? row : ZorvaSheet::WidgetPointer();
+}
+
+QString shownText(ZorvaFormular& form, const QString& parameter)
+{
+    const ZorvaSheet::WidgetPointer row = rowOf(form, parameter);
+    if (!row)
+        return QString();
+    const ZorvaDelegate& delegate = *row->GetDelegate();
+    const QString written = writtenText(delegate, parameter);
+    const auto* const number = dynamic_cast<const values::IValueNumeric*>(delegate.GetVTValue());
+    // What lies outside of the limits is written, and not shown.
+    if (number && !saysTheSame(written, number->AsValueBase()->GetStringValue())) {
+        const double value = written.toDouble();
+        if (value < number->GetMin() || value > number->GetMax())
+            return number->AsValueBase()->GetStringValue();
+    }
+    return written;
+}
+
+bool saysTheSame(const QString& left, const QString& right)
+{
+    if (left == right)
+        return true;
+    bool leftOk = false;
+    bool rightOk = false;
+    const double a = left.toDouble(&leftOk);
+    const double b = right.toDouble(&rightOk);
+    return leftOk && rightOk && std::abs(a - b) <= 1e-9 * qMax(1.0, qMax(std::abs(a), std::abs(b)));
+}
+
+QString captionOf(ZorvaWidget& row)
+{
+    const QString text = row.GetDelegate()->GetString("labelText", QString()).trimmed();
+    return text.isEmpty() ? row.GetXmlTagName() : translated(row.GetName(), text);
+}
+
+QString groupOf(ZorvaFormular& form, const QString& parameter)
+{
+    const ZorvaSheet::WidgetPointer row = rowOf(form, parameter);
+    ZorvaSheet& sheet = form.GetSheet();
+    for (int i = row ? sheet.IndexOfWidget(row) : -1; i >= 0; --i) {
+        const ZorvaSheet::WidgetPointer head = sheet.GetWidgetAt(i);
+        if (head->IsHeadline())
+            return translated(head->GetName(), head->GetDelegate()->GetString("text", QString()));
+    }
+    return QString();
+}
+
+QString wordsOf(ZorvaFormular& form, const QString& parameter, const QString& text)
+{
+    const ZorvaSheet::WidgetPointer row = rowOf(form, parameter);
+    if (!row)
+        return text;
+    const ZorvaDelegate& delegate = *row->GetDelegate();
+    const QString& kind = row->GetClass();
+    if (kind == QLatin1String("ComboBox"))
+        return choiceWords(form, delegate.GetString("enumName", QString()), text);
+    if (kind == QLatin1String("CheckBox")) {
+        const bool on = text == delegate.GetString("checkedValue", QStringLiteral("true"));
+        return on ? QCoreApplication::translate("hostkit", "on")
+                  : QCoreApplication::translate("hostkit", "off");
+    }
+    if (kind == QLatin1String("FrequencyEdit") || kind == QLatin1String("FrequencyRangeEdit"))
+        return frequencyWords(text);
+    if (dynamic_cast<const values::IValueNumeric*>(delegate.GetVTValue()))
+        return numberWords(delegate, text);
+    return text;
+}
+
+} // namespace hostkit
