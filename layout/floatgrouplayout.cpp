@@ -103,6 +103,27 @@ void FloatGroupLayout::SectionScan::addField(int flags, int width)
         grow(m_section.fieldWidth, width);
 }
 
+// Its hint is not cached as that of other items is: it depends on theirs.
+class FloatGroupLayout::FieldOfSeveral : public QWidgetItem
+{
+public:
+    FieldOfSeveral(const FloatGroupLayout* layout, QWidget* field)
+        : QWidgetItem(field)
+        , m_layout(layout)
+    {
+    }
+
+    QSize ownHint() const { return QWidgetItem::sizeHint(); }
+    QSize sizeHint() const override
+    {
+        const QSize own = ownHint();
+        return isEmpty() || !m_layout ? own : own.expandedTo(QSize(m_layout->widestFirstField(), 0));
+    }
+
+private:
+    QPointer<const FloatGroupLayout> m_layout; // an item that was taken out may outlive it
+};
+
 // Walks over the items and turns each hint into the final rectangle.
 class FloatGroupLayout::Placer
 {
@@ -407,6 +428,12 @@ void FloatGroupLayout::addSpecial()
     setFlag(m_items.count(), FlagSpecial);
 }
 
+void FloatGroupLayout::addFieldOfSeveral(QWidget* field)
+{
+    addChildWidget(field);
+    addItem(new FieldOfSeveral(this, field));
+}
+
 void FloatGroupLayout::setHorizontalSpacing(int spacing)
 {
     m_horizontalSpacing = spacing;
@@ -453,6 +480,7 @@ void FloatGroupLayout::clearHints() const
 {
     ++m_generation;
     m_hints.clear();
+    m_widestFirst = -1;
 }
 
 QSize FloatGroupLayout::sizeHint(int width, int columns) const
@@ -461,6 +489,26 @@ QSize FloatGroupLayout::sizeHint(int width, int columns) const
         return m_sizeHint;
     if (m_scrollArea && m_scrollArea->width() > 0)
         width = qMin(width, m_scrollArea->width());
+    return arrange(width, columns);
+}
+
+QSize FloatGroupLayout::columnSize() const
+{
+    const QVector<QRect> hints = m_hints;
+    const QSize size = m_sizeHint;
+    const int generation = m_generation;
+    const QSize column = arrange(unlimitedWidth, 1);
+    m_sizeHint = size;
+    // Unless a control that was asked for its hint gave notice of a change.
+    const bool unchanged = m_generation == generation + 1;
+    m_hints = unchanged ? hints : QVector<QRect>();
+    if (unchanged)
+        m_generation = generation;
+    return column;
+}
+
+QSize FloatGroupLayout::arrange(int width, int columns) const
+{
     QList<FloatGroupColumn> sections;
     if (!scanItems(sections))
         return m_sizeHint;
@@ -504,6 +552,27 @@ void FloatGroupLayout::gatherHints() const
         hints.append(QRect(QPoint(0, 0), item ? item->sizeHint() : QSize(0, 0)));
     }
     m_hints = std::move(hints);
+}
+
+int FloatGroupLayout::widestFirstField() const
+{
+    if (m_widestFirst >= 0)
+        return m_widestFirst;
+    int widest = 0;
+    int position = 0;
+    for (int i = 0; i < m_items.count(); ++i, ++position) {
+        const int flags = m_flags.at(i);
+        if (flags & FlagNewRow)
+            position = 0;
+        if (position != 1 || (flags & (FlagSectionHead | FlagLabel | FlagSpecial)))
+            continue;
+        const QLayoutItem* item = m_items.at(i);
+        const auto* several = dynamic_cast<const FieldOfSeveral*>(item);
+        const QSize hint = several ? several->ownHint() : item ? item->sizeHint() : QSize();
+        grow(widest, hint.width());
+    }
+    m_widestFirst = widest;
+    return widest;
 }
 
 // From the most columns downward: a column that runs over is counted out and

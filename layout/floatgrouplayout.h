@@ -95,6 +95,13 @@ public:
     void addList();
     /// The next item keeps its own width.
     void addSpecial();
+    /// Adds one of the fields that share a row. Each asks for at least the width
+    /// of the widest first field of the form, so that the row is measured as
+    /// wide as it becomes when its column widens its fields.
+    void addFieldOfSeveral(QWidget* field);
+    /// Size in one column whatever the width of the scroll area is; the
+    /// arrangement stays as it is.
+    QSize columnSize() const;
 
     /// Pixels after each item of a row, from the next arrangement on.
     void setHorizontalSpacing(int spacing);
@@ -105,6 +112,7 @@ public:
     void removeAllWidgets();
 
 private:
+    class FieldOfSeveral;
     class Placer;
     class SectionScan;
     friend class FloatGroupLayoutProbe; // what tests see of items, marks and columns
@@ -117,6 +125,8 @@ private:
     QSize sizeHint(int width, int columns) const;
     bool scanItems(QList<FloatGroupColumn>& sections) const;
     void gatherHints() const;
+    int widestFirstField() const;
+    QSize arrange(int width, int columns) const;
     int scanSections(QList<FloatGroupColumn>& columns, QList<FloatGroupColumn>& sections, int columnCount,
                      int width) const;
     void arrangeItems(QList<FloatGroupColumn>& columns, int sectionsPerColumn, int width) const;
@@ -132,6 +142,7 @@ private:
     mutable QVector<QRect> m_hints;      // the arrangement; valid if as long as m_items
     mutable QSize m_sizeHint{0, 0};      // of the last arrangement
     mutable int m_generation = 0;        // counts the changes of m_hints
+    mutable int m_widestFirst = -1;      // of the arrangement; -1 until asked for
 };
 
 #endif

@@ -1,7 +1,9 @@
 #include <layout/floatscrollarea.h>
 
-#include <QLayout>
+#include <layout/floatgrouplayout.h>
+
 #include <QResizeEvent>
+#include <QScreen>
 #include <QScrollBar>
 
 namespace {
@@ -60,6 +62,18 @@ QSize FloatScrollArea::minimumSizeHint() const
     QSize hint = QAbstractScrollArea::minimumSizeHint();
     hint.setHeight(qMin(hint.height(), maximumMinimumHeight));
     return hint;
+}
+
+QSize FloatScrollArea::sizeHint() const
+{
+    const auto* layout = widget() ? qobject_cast<const FloatGroupLayout*>(widget()->layout()) : nullptr;
+    if (!layout || layout->count() == 0)
+        return QScrollArea::sizeHint();
+    ensurePolished();
+    const QSize column = layout->columnSize(); // its width is the last pixel's position
+    const QSize room = screen()->availableSize();
+    const int width = column.width() + 1 + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+    return QSize(width, column.height() + 2 * frameWidth()).boundedTo(room);
 }
 
 void FloatScrollArea::resizeEvent(QResizeEvent* event)

@@ -19,6 +19,9 @@ public:
     /// The usual hint with a height of at most 20 pixels: a form may be
     /// squeezed to a strip.
     QSize minimumSizeHint() const override;
+    /// One whole column beside a scroll bar, as tall as the rows and the screen
+    /// allow, whatever size the area has.
+    QSize sizeHint() const override;
 
 protected:
     /// Called for each new size of the viewport: has the content arranged anew.

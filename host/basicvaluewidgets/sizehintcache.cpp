@@ -1,5 +1,7 @@
 #include "basicvaluewidgets/sizehintcache_p.h"
 
+#include <QFont>
+#include <QHash>
 #include <QStyle>
 #include <QWidget>
 
@@ -9,35 +11,52 @@ namespace {
 // without end must not fill the memory.
 constexpr int MaximumHints = 4096;
 
+struct Key
+{
+    const QMetaObject* kind;
+    QString contents;
+    QFont font;
+    const void* style;
+    int dpi;
+};
+
+bool operator==(const Key& left, const Key& right)
+{
+    return left.kind == right.kind && left.style == right.style && left.dpi == right.dpi &&
+           left.contents == right.contents && left.font == right.font;
+}
+
+uint qHash(const Key& key, uint seed = 0)
+{
+    return qHash(key.contents, seed) ^ qHash(key.font, seed) ^ ::qHash(key.kind, seed);
+}
+
+QHash<Key, QSize>& hints()
+{
+    static QHash<Key, QSize> stored;
+    return stored;
+}
+
 } // namespace
 
-SizeHintCache::Key::Key(const QWidget* control, QString contentsText)
-    : contents(std::move(contentsText))
-    , font(control->font())
-    , style(control->style())
-    , dpi(control->logicalDpiX())
+QSize SizeHintCache::Hint(const QWidget* control, const QString& contents,
+                          const std::function<QSize()>& measure)
 {
+    control->ensurePolished();
+    if (control->testAttribute(Qt::WA_StyleSheet))
+        return measure();
+    const Key key{control->metaObject(), contents, control->font(), control->style(), control->logicalDpiX()};
+    const auto known = hints().constFind(key);
+    if (known != hints().cend())
+        return *known;
+    const QSize hint = measure();
+    if (hints().size() >= MaximumHints)
+        hints().clear();
+    hints().insert(key, hint);
+    return hint;
 }
 
-bool operator==(const SizeHintCache::Key& left, const SizeHintCache::Key& right)
+void SizeHintCache::Forget()
 {
-    return left.style == right.style && left.dpi == right.dpi && left.contents == right.contents &&
-           left.font == right.font;
-}
-
-uint qHash(const SizeHintCache::Key& key, uint seed)
-{
-    return qHash(key.contents, seed) ^ qHash(key.font, seed);
-}
-
-void SizeHintCache::insert(const Key& key, const QSize& hint)
-{
-    if (m_hints.size() >= MaximumHints)
-        m_hints.clear();
-    m_hints.insert(key, hint);
-}
-
-bool SizeHintCache::isShareable(const QWidget* control)
-{
-    return !control->testAttribute(Qt::WA_StyleSheet);
+    hints().clear();
 }

@@ -1,44 +1,26 @@
 #ifndef ZORVA_SIZEHINTCACHE_P_H
 #define ZORVA_SIZEHINTCACHE_P_H
 
-#include <QFont>
-#include <QHash>
 #include <QSize>
 #include <QString>
+
+#include <functional>
 
 class QWidget;
 
 /// Size hints shared between equal controls: a form of a thousand rows measures
 /// each kind of control once instead of shaping every text again.
-class SizeHintCache
-{
-public:
-    /// What makes two controls of one class equal: their contents as text, and
-    /// what the widget takes from its surroundings.
-    struct Key
-    {
-        Key(const QWidget* control, QString contents);
+namespace SizeHintCache {
 
-        QString contents;
-        QFont font;
-        const void* style;
-        int dpi;
-    };
+/// The hint of a control that equals this one in its class, its contents (put
+/// into words by the caller) and what it takes from its surroundings; measured
+/// if there is none yet, or if a style sheet may treat each widget differently.
+QSize Hint(const QWidget* control, const QString& contents, const std::function<QSize()>& measure);
 
-    /// Null if nothing is stored.
-    QSize find(const Key& key) const { return m_hints.value(key); }
-    void insert(const Key& key, const QSize& hint);
-    /// A style is known by its address only, which another one may take over.
-    void clear() { m_hints.clear(); }
+/// To be called when a style changes: one is known by its address only, which
+/// another one may take over.
+void Forget();
 
-    /// False if a style sheet may treat each widget differently.
-    static bool isShareable(const QWidget* control);
-
-private:
-    QHash<Key, QSize> m_hints;
-};
-
-bool operator==(const SizeHintCache::Key& left, const SizeHintCache::Key& right);
-uint qHash(const SizeHintCache::Key& key, uint seed = 0);
+} // namespace SizeHintCache
 
 #endif

@@ -1,28 +1,22 @@
 #include "basicvaluewidgets/vccomboboxclassic.h"
 
+#include "basicvaluewidgets/fieldsize.h"
 #include "basicvaluewidgets/refreshguard_p.h"
 #include "basicvaluewidgets/sizehintcache_p.h"
 
 #include <valueframework/valueselection.h>
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QStandardItemModel>
 #include <QStyle>
 #include <QStyleOptionComboBox>
+#include <QStylePainter>
 #include <QWheelEvent>
 #include <QtMath>
-
-namespace {
-
-SizeHintCache& sharedHints()
-{
-    static SizeHintCache cache;
-    return cache;
-}
-
-} // namespace
 
 VCComboBoxClassic::VCComboBoxClassic(QWidget* parent, const char* name)
     : QComboBox(parent)
@@ -235,27 +229,42 @@ QSize VCComboBoxClassic::contentsSize() const
 
 QSize VCComboBoxClassic::sizeHint() const
 {
-    ensurePolished();
-    if (!SizeHintCache::isShareable(this))
-        return contentsSize();
-    const SizeHintCache::Key key(this, entriesKey() + QLatin1Char(hasFrame() ? 'f' : 'n'));
-    QSize hint = sharedHints().find(key);
-    if (!hint.isValid()) {
-        hint = contentsSize();
-        sharedHints().insert(key, hint);
-    }
-    return hint;
+    return minimumSizeHint().expandedTo(QSize(FieldSize::CommonWidth(this), 0));
 }
 
 QSize VCComboBoxClassic::minimumSizeHint() const
 {
-    return sizeHint();
+    return SizeHintCache::Hint(this, entriesKey() + QLatin1Char(hasFrame() ? 'f' : 'n'), [this] {
+        return contentsSize().boundedTo(QSize(FieldSize::UpperWidth(this), QWIDGETSIZE_MAX));
+    });
 }
 
 void VCComboBoxClassic::showPopup()
 {
-    if (!m_readOnly)
-        QComboBox::showPopup();
+    if (m_readOnly)
+        return;
+    // What the box has no room for is whole in the list.
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    view()->setMinimumWidth(qMin(contentsSize().width() + scrollBar, screen()->availableGeometry().width()));
+    QComboBox::showPopup();
+}
+
+void VCComboBoxClassic::paintEvent(QPaintEvent* event)
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const int room =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width();
+    const QString whole = option.currentText;
+    option.currentText = option.fontMetrics.elidedText(whole, Qt::ElideRight, room);
+    if (option.currentText == whole || isEditable() || !option.currentIcon.isNull()) {
+        QComboBox::paintEvent(event);
+        return;
+    }
+    QStylePainter painter(this);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 
 bool VCComboBoxClassic::event(QEvent* event)
@@ -288,7 +297,7 @@ void VCComboBoxClassic::wheelEvent(QWheelEvent* event)
 void VCComboBoxClassic::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::StyleChange)
-        sharedHints().clear();
+        SizeHintCache::Forget();
     QComboBox::changeEvent(event);
     m_binding.ControlChanged(event);
     if (event->type() == QEvent::LanguageChange)

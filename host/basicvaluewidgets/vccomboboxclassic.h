@@ -39,9 +39,11 @@ public:
     bool isReadOnly() const { return m_readOnly; }
     void setReadOnly(bool readOnly);
 
-    /// Equal to the stock hints, but measured once for equal controls.
+    /// As wide as the widest entry within the ends of FieldSize, beyond which
+    /// the entry is elided; measured once for equal controls.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    /// The list is as wide as its entries need.
     void showPopup() override;
 
 public Q_SLOTS:
@@ -53,6 +55,7 @@ protected:
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     /// Steps only with the focus; otherwise the form below scrolls.
     void wheelEvent(QWheelEvent* event) override;
 

@@ -1,6 +1,8 @@
 #include "basicvaluewidgets/vclineedit.h"
 
+#include "basicvaluewidgets/fieldsize.h"
 #include "basicvaluewidgets/refreshguard_p.h"
+#include "basicvaluewidgets/sizehintcache_p.h"
 
 #include <valueframework/valuebase.h>
 #include <valueframework/valuenumeric.h>
@@ -207,8 +209,20 @@ void VCLineEdit::focusOutEvent(QFocusEvent* event)
         refresh();
 }
 
+QSize VCLineEdit::sizeHint() const
+{
+    const QMargins around = textMargins();
+    const QChar contents[] = {QChar(ushort(hasFrame())), QChar(ushort(around.top())),
+                              QChar(ushort(around.bottom()))};
+    return SizeHintCache::Hint(this, QString(contents, 3), [this] {
+        return QSize(FieldSize::CommonWidth(this), QLineEdit::sizeHint().height());
+    });
+}
+
 void VCLineEdit::changeEvent(QEvent* event)
 {
+    if (event->type() == QEvent::StyleChange)
+        SizeHintCache::Forget();
     QLineEdit::changeEvent(event);
     m_binding.ControlChanged(event);
 }

@@ -43,6 +43,9 @@ public:
     void SetFrequencyUnit(FrequencyText::Unit unit);
     FrequencyText::Unit GetFrequencyUnit() const { return m_unit; }
 
+    /// As wide as every field; measured once for equal controls.
+    QSize sizeHint() const override;
+
 public Q_SLOTS:
     /// Makes typed text final at once; nothing on text that nobody touched.
     void endEdit();

@@ -1,5 +1,6 @@
 #include "basicvaluewidgets/vcnumericfloatspin.h"
 
+#include "basicvaluewidgets/fieldsize.h"
 #include "basicvaluewidgets/refreshguard_p.h"
 #include "basicvaluewidgets/sizehintcache_p.h"
 #include "basicvaluewidgets/unittext_p.h"
@@ -27,12 +28,6 @@ constexpr int MaximumDecimals = 15;
 // The width of an unlimited side; as wide as the frequencies of a receiver.
 constexpr double UnlimitedSample = 9999999999.0;
 constexpr int SampleLength = 18;
-
-SizeHintCache& sharedHints()
-{
-    static SizeHintCache cache;
-    return cache;
-}
 
 double usableDivisor(double number)
 {
@@ -473,7 +468,7 @@ void VCNumericFloatSpin::wheelEvent(QWheelEvent* event)
 void VCNumericFloatSpin::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::StyleChange)
-        sharedHints().clear();
+        SizeHintCache::Forget();
     QDoubleSpinBox::changeEvent(event);
     m_binding.ControlChanged(event);
 }
@@ -492,15 +487,15 @@ QSize VCNumericFloatSpin::contentsSize(bool least) const
     QStyleOptionSpinBox option;
     initStyleOption(&option);
     constexpr int CursorSpace = 2;
-    return style()->sizeFromContents(QStyle::CT_SpinBox, &option, QSize(width + CursorSpace, edit.height()),
-                                     this);
+    QSize size = style()->sizeFromContents(QStyle::CT_SpinBox, &option,
+                                           QSize(width + CursorSpace, edit.height()), this);
+    if (!least)
+        size.setWidth(FieldSize::WidthFor(this, size.width()));
+    return size;
 }
 
 QSize VCNumericFloatSpin::measuredHint(bool least) const
 {
-    ensurePolished();
-    if (!SizeHintCache::isShareable(this))
-        return contentsSize(least);
     const double numbers[] = {double(least), double(buttonSymbols()), double(hasFrame()), minimum(),
                               maximum(),     double(decimals())};
     // The numbers enter as they lie in memory: printing them would cost more
@@ -509,13 +504,7 @@ QSize VCNumericFloatSpin::measuredHint(bool least) const
     std::memcpy(contents.data(), numbers, sizeof(numbers));
     for (const QString& text : {prefix(), QDoubleSpinBox::suffix(), specialValueText(), locale().name()})
         contents += text + QChar(0x1f);
-    const SizeHintCache::Key key(this, contents);
-    QSize hint = sharedHints().find(key);
-    if (!hint.isValid()) {
-        hint = contentsSize(least);
-        sharedHints().insert(key, hint);
-    }
-    return hint;
+    return SizeHintCache::Hint(this, contents, [this, least] { return contentsSize(least); });
 }
 
 QSize VCNumericFloatSpin::sizeHint() const

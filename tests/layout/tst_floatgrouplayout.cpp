@@ -96,6 +96,9 @@ private Q_SLOTS:
 
     void defaults();
     void flagsAreRecordedForTheNextItem();
+    void fieldsOfSeveralFollowTheWidestFirstField();
+    void fieldOfSeveralMayOutliveItsLayout();
+    void columnSizeLeavesTheArrangement();
     void groupBeforeLabelIsOneRow();
     void marksDoNotCloseUpAfterTakeAt();
     void addRowNamesTheLabel();
@@ -177,6 +180,71 @@ void tst_FloatGroupLayout::flagsAreRecordedForTheNextItem()
     form.layout.addSeparator(3, "p");
     QCOMPARE(Probe::flags(form.layout).mid(3, 5), (QList<int>{9, 16, 3, 3, 1}));
     QCOMPARE(form.layout.count(), 8);
+}
+
+void tst_FloatGroupLayout::fieldsOfSeveralFollowTheWidestFirstField()
+{
+    Form form;
+    form.layout.addLabel(QStringLiteral("A"), "a");
+    auto* first = new QWidget;
+    auto* second = new QWidget;
+    for (QWidget* field : {first, second}) {
+        field->setFixedHeight(10);
+        field->setMinimumWidth(60);
+        form.layout.addFieldOfSeveral(field);
+    }
+    QCOMPARE(Probe::flags(form.layout), (QList<int>{5, 0, 0, 0}));
+    QCOMPARE(form.layout.itemAt(1)->sizeHint(), QSize(60, 10));
+    const auto addField = [&form](int width) {
+        form.layout.addLabel(QStringLiteral("B"), "b");
+        auto* item = new FakeItem(QSize(width, 10));
+        form.layout.addItem(item);
+        form.layout.addGroup();
+        return item;
+    };
+    addField(90);
+    form.layout.addSpecial();
+    form.layout.addItem(new FakeItem(QSize(300, 10))); // keeps its own width and counts for nobody
+    QCOMPARE(form.layout.itemAt(1)->sizeHint(), QSize(90, 10));
+    QCOMPARE(form.layout.itemAt(2)->sizeHint(), QSize(90, 10));
+    addField(140);
+    QCOMPARE(form.layout.itemAt(2)->sizeHint(), QSize(140, 10));
+    second->setMinimumWidth(200); // no first field: it is not followed
+    form.layout.invalidate();
+    QCOMPARE(form.layout.itemAt(1)->sizeHint(), QSize(140, 10));
+    QCOMPARE(form.layout.itemAt(2)->sizeHint(), QSize(200, 10));
+    second->hide();
+    form.layout.invalidate();
+    QCOMPARE(form.layout.itemAt(2)->sizeHint(), QSize(0, 0));
+}
+
+void tst_FloatGroupLayout::fieldOfSeveralMayOutliveItsLayout()
+{
+    std::unique_ptr<QLayoutItem> taken;
+    QWidget field;
+    {
+        Form form;
+        form.layout.addFieldOfSeveral(&field);
+        taken.reset(form.layout.takeAt(0));
+        field.setParent(nullptr);
+    }
+    QCOMPARE(taken->sizeHint(), QWidgetItem(&field).sizeHint());
+}
+
+void tst_FloatGroupLayout::columnSizeLeavesTheArrangement()
+{
+    Form form;
+    addExample(form);
+    const QSize column(233, 204);
+    QCOMPARE(form.layout.columnSize(), column);
+    const QSize wide = Probe::arrange(form.layout, 1000, 0);
+    QVERIFY(wide.width() > column.width());
+    const QVector<QRect> hints = Probe::hints(form.layout);
+    const int generation = Probe::generation(form.layout);
+    QCOMPARE(form.layout.columnSize(), column);
+    QCOMPARE(Probe::hints(form.layout), hints);
+    QCOMPARE(Probe::generation(form.layout), generation);
+    QCOMPARE(Probe::arrange(form.layout, 10, 1), wide);
 }
 
 void tst_FloatGroupLayout::groupBeforeLabelIsOneRow()

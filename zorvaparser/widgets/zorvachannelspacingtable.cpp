@@ -1,6 +1,7 @@
 #include "zorvachannelspacingtable.h"
 
 #include "listxml_p.h"
+#include "tablefield_p.h"
 
 #include <layout/floatgrouplayout.h>
 #include <zorvaparser/bounds_p.h>
@@ -60,7 +61,7 @@ void ZorvaChannelSpacingTable::CreateValueTree()
 void ZorvaChannelSpacingTable::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    tableWidget = new QTableWidget(0, 1, layout->parentWidget());
+    tableWidget = new TableField(0, 1, layout->parentWidget());
     tableWidget->setObjectName(QString::fromLatin1(ControlName()));
     tableWidget->setSortingEnabled(false);
     ShowHeaderLabel();

@@ -109,7 +109,7 @@ VCLineEdit* ZorvaFrequencyRangeEdit::CreateEdit(FloatGroupLayout* layout, const 
     edit->SetValueBase(value);
     edit->setToolTip(toolTip);
     PropagateProperties(edit);
-    layout->addWidget(edit);
+    layout->addFieldOfSeveral(edit);
     return edit;
 }
 

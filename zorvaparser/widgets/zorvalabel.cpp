@@ -1,5 +1,7 @@
 #include "zorvalabel.h"
 
+#include "elidingwidgets_p.h"
+
 #include <layout/floatgrouplayout.h>
 #include <zorvaparser/zorvawidget.h>
 
@@ -28,7 +30,7 @@ void ZorvaLabel::CreateValueTree()
 void ZorvaLabel::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    textLabel = new QLabel(GetTranslated("text"), layout->parentWidget());
+    textLabel = new ElidingLabel(GetTranslated("text"), layout->parentWidget());
     textLabel->setObjectName(widget->GetName());
     PropagateProperties(textLabel);
     PlaceControl(layout, textLabel);

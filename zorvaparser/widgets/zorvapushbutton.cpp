@@ -1,5 +1,7 @@
 #include "zorvapushbutton.h"
 
+#include "elidingwidgets_p.h"
+
 #include <layout/floatgrouplayout.h>
 #include <zorvaparser/zorvawidget.h>
 
@@ -20,7 +22,7 @@ void ZorvaPushButton::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
     const QString caption = GetTranslated("text");
-    pushButton = new QPushButton(layout->parentWidget());
+    pushButton = new ElidingButton(layout->parentWidget());
     pushButton->setObjectName(widget->GetName());
     PropagateProperties(pushButton);
     pushButton->setText(caption);

@@ -1,5 +1,7 @@
 #include "zorvasheetui.h"
 
+#include "formwindow_p.h"
+
 #include <layout/floatscrollarea.h>
 
 #include <QApplication>
@@ -39,6 +41,7 @@ void ZorvaSheetUi::CreateGUI(bool createApplyUi)
     FloatScrollArea* const area = createApplyUi ? CreateWithApplyBar() : CreateBare();
     area->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(area, &QWidget::customContextMenuRequested, this, &ZorvaSheetUi::showContextMenu);
+    new FormWindow(sheetWidget); // which owns it
     if (createApplyUi || autoApplyEnabled)
         CreateTimer();
 }

@@ -1,6 +1,7 @@
 #include "zorvatable.h"
 
 #include "listxml_p.h"
+#include "tablefield_p.h"
 
 #include <layout/floatgrouplayout.h>
 #include <zorvaparser/bounds_p.h>
@@ -37,7 +38,7 @@ void ZorvaTable::CreateValueTree()
 void ZorvaTable::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    tableWidget = new QTableWidget(0, 1, layout->parentWidget());
+    tableWidget = new TableField(0, 1, layout->parentWidget());
     tableWidget->setObjectName(QString::fromLatin1(ControlName()));
     tableWidget->setSortingEnabled(false);
     tableWidget->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -161,6 +162,7 @@ void ZorvaTable::Refill()
     const QScopedValueRollback<bool> guard(suppressSignals, true);
     tableWidget->setColumnCount(columns);
     tableWidget->setRowCount(rows);
+    tableWidget->updateGeometry(); // its hint counts the columns
     for (int column = 0; column < columns; ++column)
         tableWidget->setHorizontalHeaderItem(column, new QTableWidgetItem(QString::number(column)));
     int next = 0; // moves only where an item was found

@@ -1,3 +1,4 @@
+#include <basicvaluewidgets/fieldsize.h>
 #include <basicvaluewidgets/vccomboboxclassic.h>
 
 #include <leftovers.h>
@@ -81,8 +82,9 @@ private Q_SLOTS:
     void switchedOffItemsStay();
     void translatesNames();
     void undoAndRedo();
-    void sizeHintEqualsTheStockOne_data();
-    void sizeHintEqualsTheStockOne();
+    void hintsAreTheStockOnesWithinTheEnds_data();
+    void hintsAreTheStockOnesWithinTheEnds();
+    void longEntriesAreWholeInTheList();
     void sizeHintFollowsItemsAndFont();
     void listenerMayDeleteTheValue();
     void addingOneByOneIsLinear();
@@ -253,7 +255,7 @@ void TestVCComboBoxClassic::undoAndRedo()
     QCOMPARE(m_value->GetCurrentIndex(), 1l);
 }
 
-void TestVCComboBoxClassic::sizeHintEqualsTheStockOne_data()
+void TestVCComboBoxClassic::hintsAreTheStockOnesWithinTheEnds_data()
 {
     QTest::addColumn<QStringList>("texts");
     QTest::addColumn<QString>("style");
@@ -261,12 +263,13 @@ void TestVCComboBoxClassic::sizeHintEqualsTheStockOne_data()
     const QStringList names = words("AM|a rather long entry|SSB");
     for (const QString& style : QStyleFactory::keys())
         QTest::newRow(qPrintable(style)) << names << style << QString();
+    QTest::newRow("too long") << QStringList{QString(300, QLatin1Char('w'))} << "Fusion" << QString();
     QTest::newRow("no entries") << QStringList() << "Fusion" << QString();
     QTest::newRow("style sheet") << names << "Fusion"
                                  << "padding: 7px; font-size: 20pt";
 }
 
-void TestVCComboBoxClassic::sizeHintEqualsTheStockOne()
+void TestVCComboBoxClassic::hintsAreTheStockOnesWithinTheEnds()
 {
     QFETCH(QStringList, texts);
     QFETCH(QString, style);
@@ -282,15 +285,35 @@ void TestVCComboBoxClassic::sizeHintEqualsTheStockOne()
         box->setStyleSheet(sheet);
     }
     stock.ensurePolished();
-    QCOMPARE(m_box->sizeHint(), stock.sizeHint());
-    QCOMPARE(m_box->sizeHint(), stock.sizeHint());
-    QCOMPARE(m_box->minimumSizeHint(), stock.minimumSizeHint());
+    const QSize least = stock.minimumSizeHint().boundedTo(
+        QSize(FieldSize::UpperWidth(m_box.get()), stock.sizeHint().height()));
+    QCOMPARE(m_box->minimumSizeHint(), least);
+    QCOMPARE(m_box->minimumSizeHint(), least);
+    QCOMPARE(m_box->sizeHint(), least.expandedTo(QSize(FieldSize::CommonWidth(m_box.get()), 0)));
+}
+
+void TestVCComboBoxClassic::longEntriesAreWholeInTheList()
+{
+    const QString longest(200, QLatin1Char('m'));
+    m_value->AddItem(longest, 3, 4, nullptr);
+    m_box->resize(m_box->sizeHint());
+    m_box->show();
+    m_box->showPopup();
+    const int needed = m_box->fontMetrics().horizontalAdvance(longest);
+    QVERIFY(m_box->width() < needed);
+    QCOMPARE(m_box->view()->minimumWidth() > m_box->width(), true);
+    m_box->hidePopup();
+    m_value->SelectIndex(m_value->GetItemCount() - 1, nullptr);
+    const QImage elided = m_box->grab().toImage();
+    m_value->DeleteItem(m_value->GetItemIndex(m_value->GetItemCount() - 1), nullptr);
+    QVERIFY(m_box->grab().toImage() != elided);
 }
 
 void TestVCComboBoxClassic::sizeHintFollowsItemsAndFont()
 {
     const QSize before = m_box->sizeHint();
-    m_value->AddItem(QStringLiteral("something much longer than before"), 3, 4, nullptr);
+    m_value->AddItem(QStringLiteral("something much longer than before, and longer than other fields"), 3, 4,
+                     nullptr);
     const QSize longer = m_box->sizeHint();
     QVERIFY(longer.width() > before.width());
     QFont font = m_box->font();

@@ -1,3 +1,4 @@
+#include <basicvaluewidgets/fieldsize.h>
 #include <basicvaluewidgets/vcnumericfloatspin.h>
 
 #include <leftovers.h>
@@ -505,15 +506,16 @@ void TestVCNumericFloatSpin::hintsEqualForEqualControls()
     VCNumericFloatSpin twin(nullptr, nullptr, true);
     twin.SetNumericValue(m_value.get());
     QCOMPARE(twin.sizeHint(), m_spin->sizeHint());
-    twin.setSuffix(QStringLiteral("some unit"));
-    QVERIFY(twin.sizeHint().width() > m_spin->sizeHint().width());
-    twin.setSuffix(QString());
-    twin.setAdditionalPrecision(9);
-    QVERIFY(twin.sizeHint().width() > m_spin->sizeHint().width());
     QDoubleSpinBox stock;
     stock.setDecimals(0);
     stock.setRange(0, 1000);
-    QCOMPARE(m_spin->sizeHint(), stock.sizeHint());
+    QCOMPARE(m_spin->sizeHint(), QSize(FieldSize::CommonWidth(m_spin), stock.sizeHint().height()));
+    twin.setSuffix(QStringLiteral("letters of a very long unit"));
+    QVERIFY(twin.sizeHint().width() > m_spin->sizeHint().width());
+    twin.setSuffix(QString(300, QLatin1Char('w')));
+    QCOMPARE(twin.sizeHint().width(), FieldSize::UpperWidth(&twin));
+    twin.setSuffix(QString());
+    QCOMPARE(twin.sizeHint(), m_spin->sizeHint());
 }
 
 void TestVCNumericFloatSpin::unboundWorks()

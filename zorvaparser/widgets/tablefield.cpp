@@ -1,0 +1,17 @@
+#include "tablefield_p.h"
+
+#include <basicvaluewidgets/fieldsize.h>
+
+#include <QHeaderView>
+
+namespace Orvane {
+
+QSize TableField::sizeHint() const
+{
+    constexpr int lettersPerColumn = 7;
+    const int columns = columnCount() * lettersPerColumn * fontMetrics().horizontalAdvance(QLatin1Char('x'));
+    const int needed = columns + verticalHeader()->sizeHint().width() + 2 * frameWidth();
+    return {FieldSize::WidthFor(this, needed), QTableWidget::sizeHint().height()};
+}
+
+} // namespace Orvane
