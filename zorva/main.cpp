@@ -7,7 +7,7 @@
 
 namespace {
 
-const Subcommand* const subcommands[] = {&kindsCommand};
+const Subcommand* const subcommands[] = {&checkCommand, &kindsCommand};
 
 QString overview()
 {

@@ -24,6 +24,7 @@ struct Subcommand
     int (*run)(const QStringList& arguments);
 };
 
+extern const Subcommand checkCommand;
 extern const Subcommand kindsCommand;
 
 #endif

@@ -1,0 +1,66 @@
+#include "subject.h"
+
+#include "families.h"
+
+namespace Orvane {
+namespace Author {
+
+QString severityName(Severity severity)
+{
+    switch (severity) {
+    case Severity::Error:
+        return QStringLiteral("error");
+    case Severity::Warning:
+        return QStringLiteral("warning");
+    case Severity::Note:
+        break;
+    }
+    return QStringLiteral("note");
+}
+
+Subject::Subject(const SourceText& source)
+    : m_description(source)
+    , m_reading(m_description)
+{
+}
+
+QVector<int> Subject::elements(const char* name) const
+{
+    QVector<int> found;
+    const QLatin1String wanted(name);
+    for (int i = 0; i < m_description.elements().size(); ++i) {
+        if (element(i).name == wanted)
+            found.append(i);
+    }
+    return found;
+}
+
+int Subject::lineOf(int index) const
+{
+    return source().lineAt(element(index).tag.begin);
+}
+
+Finding& Subject::report(const char* id, Range range, const QString& message, int about, const QString& fix)
+{
+    const Rule* const rule = findRule(QLatin1String(id));
+    Q_ASSERT(rule);
+    Finding finding;
+    finding.id = QLatin1String(id);
+    finding.severity = rule ? rule->severity : Severity::Error;
+    finding.range = range;
+    finding.message = message;
+    finding.fix = fix;
+    finding.element = about;
+    m_findings.append(finding);
+    return m_findings.last();
+}
+
+Finding& Subject::reportAt(const char* id, int index, const QString& message, const QString& fix)
+{
+    const SourceElement& about = element(index);
+    // The mark begins with the tag: that is where a lost element counts from.
+    return report(id, {about.tag.begin, about.nameRange().end}, message, index, fix);
+}
+
+} // namespace Author
+} // namespace Orvane

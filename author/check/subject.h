@@ -1,0 +1,53 @@
+#ifndef ZORVA_AUTHOR_SUBJECT_H
+#define ZORVA_AUTHOR_SUBJECT_H
+
+#include "finding.h"
+
+#include <author/document/description.h>
+#include <author/document/enginereading.h>
+#include <author/kinds/kindtable.h>
+
+#include <QString>
+#include <QVector>
+
+namespace Orvane {
+namespace Author {
+
+/** One description under examination: what the rules look at, and where they report. */
+class Subject
+{
+public:
+    explicit Subject(const SourceText& source);
+
+    const SourceText& source() const { return m_description.source(); }
+    /** As the author meant it. */
+    const Description& description() const { return m_description; }
+    /** As the engine reads it. */
+    const EngineReading& reading() const { return m_reading; }
+    const KindTable& kinds() const { return KindTable::instance(); }
+
+    const SourceElement& element(int index) const { return m_description.element(index); }
+    /** Elements of that name wherever they stand, in order of place. */
+    QVector<int> elements(const char* name) const;
+    /** Line in which an element begins. */
+    int lineOf(int element) const;
+
+    /** A finding of the rule @p id at @p range, about @p element if that is not -1. */
+    Finding& report(const char* id, Range range, const QString& message, int element = -1,
+                    const QString& fix = QString());
+    /** The same at the name in the element's start tag. */
+    Finding& reportAt(const char* id, int element, const QString& message, const QString& fix = QString());
+
+    const QVector<Finding>& findings() const { return m_findings; }
+    QVector<Finding>& findings() { return m_findings; }
+
+private:
+    Description m_description;
+    EngineReading m_reading;
+    QVector<Finding> m_findings;
+};
+
+} // namespace Author
+} // namespace Orvane
+
+#endif

@@ -1,0 +1,200 @@
+#include "description.h"
+
+#include "references.h"
+#include "scanner.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace Orvane {
+namespace Author {
+
+const SourceAttribute* SourceElement::attribute(const char* attributeName) const
+{
+    for (const SourceAttribute& candidate : attributes) {
+        if (candidate.name == QString::fromUtf8(attributeName))
+            return &candidate;
+    }
+    return nullptr;
+}
+
+QString SourceElement::value(const char* attributeName) const
+{
+    const SourceAttribute* const found = attribute(attributeName);
+    return found ? found->value : QString();
+}
+
+Description::Description(const SourceText& source)
+    : m_source(source)
+{
+    Scanner(*this).scan();
+}
+
+int Description::elementEndingAt(int offset) const
+{
+    const auto found =
+        std::lower_bound(m_elements.cbegin(), m_elements.cend(), offset,
+                         [](const SourceElement& element, int wanted) { return element.tag.end < wanted; });
+    if (found == m_elements.cend() || found->tag.end != offset)
+        return -1;
+    return static_cast<int>(found - m_elements.cbegin());
+}
+
+QVector<int> Description::children(int index) const
+{
+    QVector<int> found;
+    for (int i = index < 0 ? m_firstRoot : element(index).firstChild; i >= 0; i = element(i).nextSibling)
+        found.append(i);
+    return found;
+}
+
+int Description::child(int index, const char* name) const
+{
+    for (int i = index < 0 ? m_firstRoot : element(index).firstChild; i >= 0; i = element(i).nextSibling) {
+        if (element(i).name == QLatin1String(name))
+            return i;
+    }
+    return -1;
+}
+
+template <typename Visit>
+void Description::visitText(int index, Visit visit) const
+{
+    const SourceElement& owner = element(index);
+    auto piece = std::lower_bound(m_pieces.cbegin(), m_pieces.cend(), owner.tag.end,
+                                  [](const Piece& left, int begin) { return left.range.begin < begin; });
+    for (; piece != m_pieces.cend() && piece->range.begin < owner.contentEnd; ++piece) {
+        const QString raw = m_source.text().mid(piece->range.begin, piece->range.end - piece->range.begin);
+        QString text = raw;
+        if (piece->kind == Characters)
+            text = resolved(raw, false);
+        else
+            text.remove(QLatin1Char('\r'));
+        if (!visit(piece->range, text))
+            return;
+    }
+}
+
+QString Description::textOf(int index) const
+{
+    QString whole;
+    visitText(index, [&whole](Range, const QString& text) {
+        whole += text;
+        return true;
+    });
+    return whole;
+}
+
+int Description::offsetInText(int index, int position) const
+{
+    int before = 0;
+    int offset = element(index).tag.end;
+    visitText(index, [&](Range range, const QString& text) {
+        offset = range.begin;
+        if (before + text.size() <= position) {
+            before += text.size();
+            offset = range.end;
+            return true;
+        }
+        // A reference or a carriage return takes more room in the file than in the text.
+        for (int left = position - before; left > 0 && offset < range.end; ++offset, --left) {
+            const QChar c = m_source.text().at(offset);
+            if (c == QLatin1Char('\r'))
+                ++left;
+            else if (c == QLatin1Char('&'))
+                offset = referenceAt(m_source.text(), offset).end - 1;
+        }
+        return false;
+    });
+    return offset;
+}
+
+Range Description::contentRange(int index) const
+{
+    const SourceElement& owner = element(index);
+    Range range{owner.tag.end, qMax(owner.tag.end, owner.contentEnd)};
+    const QString& text = m_source.text();
+    while (range.begin < range.end && text.at(range.begin).isSpace())
+        ++range.begin;
+    while (range.end > range.begin && text.at(range.end - 1).isSpace())
+        --range.end;
+    return range;
+}
+
+bool Description::isComment(int offset) const
+{
+    const auto behind =
+        std::upper_bound(m_comments.cbegin(), m_comments.cend(), offset,
+                         [](int wanted, const Comment& comment) { return wanted < comment.range.begin; });
+    return behind != m_comments.cbegin() && std::prev(behind)->range.contains(offset);
+}
+
+bool Description::isInside(int index, int ancestor) const
+{
+    const SourceElement& outer = element(ancestor);
+    const int begin = element(index).tag.begin;
+    return begin >= outer.tag.begin && begin < outer.end;
+}
+
+namespace {
+
+/** Letters to insert, remove or exchange, or neighbours to swap, between two short texts. */
+int editDistance(const QString& left, const QString& right)
+{
+    const int width = right.size() + 1;
+    std::vector<int> cells(static_cast<size_t>((left.size() + 1) * width));
+    const auto cost = [&cells, width](int i, int j) -> int& {
+        return cells[static_cast<size_t>(i * width + j)];
+    };
+    for (int i = 0; i <= left.size(); ++i) {
+        for (int j = 0; j <= right.size(); ++j) {
+            if (i == 0 || j == 0) {
+                cost(i, j) = i + j;
+                continue;
+            }
+            const int change = left.at(i - 1) == right.at(j - 1) ? 0 : 1;
+            int best = qMin(qMin(cost(i - 1, j), cost(i, j - 1)) + 1, cost(i - 1, j - 1) + change);
+            if (i > 1 && j > 1 && left.at(i - 1) == right.at(j - 2) && left.at(i - 2) == right.at(j - 1))
+                best = qMin(best, cost(i - 2, j - 2) + 1);
+            cost(i, j) = best;
+        }
+    }
+    return cost(left.size(), right.size());
+}
+
+constexpr int longestCompared = 64;
+
+/** How far @p written is from @p meant, case not counted; a large number if it is not near. */
+int missDistance(const QString& written, const QString& meant)
+{
+    constexpr int far = 1000;
+    if (written == meant || written.size() > longestCompared || qAbs(written.size() - meant.size()) > 2)
+        return far;
+    const int distance = editDistance(written.toLower(), meant.toLower());
+    const int allowed = meant.size() < 4 ? 1 : 2;
+    return distance <= allowed && distance < meant.size() ? distance : far;
+}
+
+} // namespace
+
+bool isNearMiss(const QString& written, const QString& meant)
+{
+    return missDistance(written, meant) < 1000;
+}
+
+QString nearest(const QString& written, const QStringList& known)
+{
+    QString best;
+    int bestDistance = 1000;
+    for (const QString& candidate : known) {
+        const int distance = missDistance(written, candidate);
+        if (distance < bestDistance) {
+            best = candidate;
+            bestDistance = distance;
+        }
+    }
+    return best;
+}
+
+} // namespace Author
+} // namespace Orvane

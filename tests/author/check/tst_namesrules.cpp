@@ -1,0 +1,57 @@
+#include "checktest.h"
+
+#include <QTest>
+
+class tst_namesrules : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void rules_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("places");
+        QTest::addColumn<QString>("effects");
+        const auto rows = [](const char* what, const char* text, const char* places) {
+            QTest::newRow(what) << formOf(text) << QString::fromLatin1(places) << QString();
+        };
+        const auto enums = [](const char* what, const char* text, const char* places, const char* effects) {
+            QTest::newRow(what) << QStringLiteral(
+                                       "<KVParamGui>\n<Enums>\n%1</Enums>\n<Sheet name=\"sheet\">\n"
+                                       "<Widget name=\"row\" class=\"Label\"/>\n</Sheet>\n</KVParamGui>\n")
+                                       .arg(QString::fromLatin1(text))
+                                << QString::fromLatin1(places) << QString::fromLatin1(effects);
+        };
+#define ENUM(name)                                                                                           \
+    "<Enum name=\"" name "\"><EnumValue><DisplayName>1</DisplayName><EnumIdentifier>ONE</EnumIdentifier>"    \
+    "<Value>1</Value></EnumValue></Enum>\n"
+        rows("two rows", "<Widget name=\"a\" class=\"Label\"/>\n<Widget name=\"a\" class=\"Label\"/>",
+             "doubled-row 4:15");
+        rows("rows that differ in case",
+             "<Widget name=\"a\" class=\"Label\"/>\n<Widget name=\"A\" class=\"Label\"/>", "");
+        rows("the sheet's name", "<Widget name=\"sheet\" class=\"Label\"/>", "hidden-global 3:15");
+        rows("a name of the language", "<Widget name=\"Math\" class=\"Label\"/>", "hidden-global 3:15");
+        rows("a property that renames",
+             "<Widget name=\"a\" class=\"Label\"><Property "
+             "name=\"objectName\"><String>b</String></Property></Widget>",
+             "property-name 3:48");
+        rows("a property beyond bytes",
+             "<Widget name=\"a\" class=\"Label\"><Property "
+             "name=\"&#x3a9;\"><String>b</String></Property></Widget>",
+             "property-name 3:48");
+        enums("two enumerations", ENUM("E") ENUM("E"), "doubled-enumeration 3:1",
+              "because of this the form loses the enumeration E");
+    }
+
+    void rules()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, places);
+        QFETCH(QString, effects);
+        QCOMPARE(placesIn(text), places);
+        QCOMPARE(effectsIn(text), effects);
+    }
+};
+
+QTEST_MAIN(tst_namesrules)
+#include "tst_namesrules.moc"

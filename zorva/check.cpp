@@ -1,0 +1,236 @@
+#include "subcommand.h"
+#include "terminal.h"
+
+#include <author/check/checker.h>
+#include <author/check/families.h>
+#include <author/check/report.h>
+#include <author/check/ruletexts.h>
+#include <author/document/description.h>
+
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
+using namespace Orvane::Author;
+
+namespace {
+
+const char* const help =
+    "Usage: zorva check [OPTION...] FORM...\n"
+    "Says what is wrong with descriptions and what it costs the form. A FORM is a file,\n"
+    "a folder (all *.zorva files below it), or \"-\" for the standard input.\n"
+    "\n"
+    "  --format text|json|sarif      how to say it (text)\n"
+    "  --fail-on error|warning|note  the least that counts as a finding (warning)\n"
+    "  --explain ID                  all about one rule, with an example\n"
+    "  --rules                       all about all rules, as Markdown\n"
+    "\n"
+    "Ends with 0 if there is nothing to say, 1 if there are findings that count, 2 if a\n"
+    "file could not be read or nothing was checked. A comment\n"
+    "<!-- zorva: allow ID reason --> in the description takes a finding out.\n";
+
+enum class Format { Text, Json, Sarif };
+
+struct Arguments
+{
+    Format format = Format::Text;
+    Severity failOn = Severity::Warning;
+    QStringList forms;
+    QString explained;
+    bool rules = false;
+};
+
+bool takeFormat(const QString& word, Arguments& arguments)
+{
+    const QStringList words{QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("sarif")};
+    arguments.format = static_cast<Format>(qMax(0, words.indexOf(word)));
+    return words.contains(word);
+}
+
+bool takeFailOn(const QString& word, Arguments& arguments)
+{
+    const QStringList words{QStringLiteral("note"), QStringLiteral("warning"), QStringLiteral("error")};
+    arguments.failOn = static_cast<Severity>(qMax(0, words.indexOf(word)));
+    return words.contains(word);
+}
+
+bool takeExplained(const QString& word, Arguments& arguments)
+{
+    arguments.explained = word;
+    return !word.isEmpty();
+}
+
+/** Empty if all is well, else what is wrong with the words. */
+QString parse(const QStringList& words, Arguments& arguments)
+{
+    static const struct
+    {
+        const char* name;
+        bool (*take)(const QString&, Arguments&);
+    } options[] = {{"--format", takeFormat}, {"--fail-on", takeFailOn}, {"--explain", takeExplained}};
+    bool onlyForms = false;
+    for (int i = 0; i < words.size(); ++i) {
+        const QString& word = words.at(i);
+        if (onlyForms || word == QLatin1String("-") || !word.startsWith(QLatin1Char('-'))) {
+            arguments.forms.append(word);
+            continue;
+        }
+        if (word == QLatin1String("--")) {
+            onlyForms = true;
+            continue;
+        }
+        if (word == QLatin1String("--rules")) {
+            arguments.rules = true;
+            continue;
+        }
+        const QString name = word.section(QLatin1Char('='), 0, 0);
+        const auto* option = std::begin(options);
+        while (option != std::end(options) && name != QLatin1String(option->name))
+            ++option;
+        if (option == std::end(options))
+            return QStringLiteral("check: unknown option \"%1\"; see \"zorva check --help\"").arg(word);
+        const bool joined = word.contains(QLatin1Char('='));
+        const QString value = joined ? word.mid(name.size() + 1) : words.value(++i);
+        if (!option->take(value, arguments))
+            return QStringLiteral("check: \"%1\" is nothing for %2; see \"zorva check --help\"")
+                .arg(value, name);
+    }
+    return QString();
+}
+
+int explain(const QString& id)
+{
+    if (const Rule* const rule = findRule(id)) {
+        print(explanation(*rule));
+        return Clean;
+    }
+    const QString near = nearest(id, ruleIds());
+    return fail(QStringLiteral("check: there is no rule \"%1\"; %2")
+                    .arg(id, near.isEmpty()
+                                 ? QStringLiteral("there is: ") + ruleIds().join(QLatin1String(", "))
+                                 : QStringLiteral("did you mean \"%1\"?").arg(near)));
+}
+
+bool mayBeColoured()
+{
+#ifdef Q_OS_UNIX
+    return isatty(STDOUT_FILENO) && qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != "dumb";
+#else
+    return false;
+#endif
+}
+
+void toStandardOutput(const QByteArray& text)
+{
+    std::fwrite(text.constData(), 1, static_cast<size_t>(text.size()), stdout);
+}
+
+std::unique_ptr<Report> makeReport(Format format)
+{
+    switch (format) {
+    case Format::Json:
+        return makeJsonReport(toStandardOutput);
+    case Format::Sarif:
+        return makeSarifReport(toStandardOutput);
+    case Format::Text:
+        break;
+    }
+    return makeTextReport(toStandardOutput, mayBeColoured());
+}
+
+/** One run over all files that were named. */
+class Run
+{
+public:
+    explicit Run(const Arguments& arguments)
+        : m_failOn(arguments.failOn)
+        , m_report(makeReport(arguments.format))
+    {
+    }
+
+    int over(const QStringList& forms)
+    {
+        m_report->begin();
+        for (const QString& form : forms) {
+            if (form != QLatin1String("-") && QFileInfo(form).isDir())
+                checkFolder(form);
+            else
+                checkFile(form);
+        }
+        m_report->end();
+        if (m_checked == 0)
+            fail(QStringLiteral("check: nothing was checked"));
+        return m_failed || m_checked == 0 ? Misuse : m_found ? Findings : Clean;
+    }
+
+private:
+    void checkFolder(const QString& folder)
+    {
+        QStringList files;
+        QDirIterator walk(folder, {QStringLiteral("*.zorva")}, QDir::Files, QDirIterator::Subdirectories);
+        while (walk.hasNext())
+            files.append(walk.next());
+        files.sort();
+        if (files.isEmpty())
+            complain(QStringLiteral("no *.zorva file below \"%1\"").arg(folder));
+        for (const QString& file : qAsConst(files))
+            checkFile(file);
+    }
+
+    void checkFile(const QString& name)
+    {
+        QFile file(name);
+        const bool isOpen = name == QLatin1String("-") ? file.open(stdin, QIODevice::ReadOnly)
+                                                       : file.open(QIODevice::ReadOnly);
+        const QByteArray bytes = isOpen ? file.readAll() : QByteArray();
+        if (!isOpen || file.error() != QFileDevice::NoError) {
+            complain(QStringLiteral("cannot read \"%1\": %2").arg(name, file.errorString()));
+            return;
+        }
+        const CheckedFile checked = check(name, bytes);
+        m_report->add(checked);
+        m_found = m_found || checked.has(m_failOn);
+        ++m_checked;
+    }
+
+    void complain(const QString& message)
+    {
+        fail(QStringLiteral("check: ") + message);
+        m_failed = true;
+    }
+
+    Severity m_failOn;
+    std::unique_ptr<Report> m_report;
+    int m_checked = 0;
+    bool m_found = false;
+    bool m_failed = false;
+};
+
+int run(const QStringList& words)
+{
+    Arguments arguments;
+    const QString wrong = parse(words, arguments);
+    if (!wrong.isEmpty())
+        return fail(wrong);
+    if (!arguments.explained.isEmpty())
+        return explain(arguments.explained);
+    if (arguments.rules) {
+        toStandardOutput(rulePage().toUtf8());
+        return Clean;
+    }
+    if (arguments.forms.isEmpty())
+        return fail(QStringLiteral("check: no form given; see \"zorva check --help\""));
+    return Run(arguments).over(arguments.forms);
+}
+
+} // namespace
+
+const Subcommand checkCommand = {
+    "check", "says what is wrong with descriptions and what it costs", help, Subcommand::Core, run,
+};
