@@ -3,6 +3,7 @@
 #include "floorform.h"
 #include "handform.h"
 #include "liveform.h"
+#include "peerform.h"
 #include "qmlform.h"
 
 #include <layout/floatgrouplayout.h>
@@ -16,6 +17,7 @@
 #include <QScriptEngine>
 #include <QSet>
 
+#include <cstdio>
 #include <map>
 #include <memory>
 
@@ -188,10 +190,16 @@ Comparison compareLifeQml(const Load& load)
              [slot, &load] {
                  *slot = std::make_unique<QmlForm>(load.qml);
                  if (!(*slot)->show())
-                     qFatal("The form of Qt Quick Controls does not show; are their modules installed?");
+                     qFatal("The form of Qt Quick Controls does not show");
              },
              drop(slot)},
             liveOurs(load)};
+}
+
+QString lackOfQml()
+{
+    static const QString lack = QmlForm::lack(Load::ofSize(10).qml);
+    return lack;
 }
 
 Work resizeOf(QWidget* window, const std::shared_ptr<void>& keep)
@@ -812,17 +820,26 @@ const Load& Load::ofSize(int rows, Grouping grouping)
     return *load;
 }
 
+bool isAvailable(const ComparisonKind& kind)
+{
+    const QString lack = kind.lack ? kind.lack() : QString();
+    if (!lack.isEmpty())
+        std::fprintf(stderr, "skipped: %s: %s\n", kind.title, qPrintable(lack));
+    return lack.isEmpty();
+}
+
 const std::vector<ComparisonKind>& comparisonKinds()
 {
     static const std::vector<ComparisonKind> kinds{
         {"parse", "ParseZORVA / parse floor", compareParse, true},
         {"parse-dom", "ParseZORVA / QDomDocument::setContent", compareParseDom, true},
-        {"parse-uiloader", "ParseZORVA / QUiLoader::load", compareParsePeer, false},
+        {"parse-uiloader", "ParseZORVA / QUiLoader::load", compareParsePeer, false, PeerForm::lack},
         {"values", "CreateValueTree / value floor", compareValues, true},
         {"show", "CreateGUI + Show + paint / QFormLayout by hand", compareShow, false},
-        {"show-uiloader", "CreateGUI + Show + paint / QUiLoader load + show", compareShowPeer, false},
-        {"life-uiloader", "whole life / QUiLoader load + show", compareLifePeer, false},
-        {"life-qml", "whole life / Qt Quick Controls", compareLifeQml, false},
+        {"show-uiloader", "CreateGUI + Show + paint / QUiLoader load + show", compareShowPeer, false,
+         PeerForm::lack},
+        {"life-uiloader", "whole life / QUiLoader load + show", compareLifePeer, false, PeerForm::lack},
+        {"life-qml", "whole life / Qt Quick Controls", compareLifeQml, false, lackOfQml},
         {"resize", "resize + paint / QFormLayout by hand", compareResize, false},
         {"arrange", "arrangement alone / one pass over the items", compareArrangement, true},
         {"group", "one group toggled / guarded by hand", compareGroup, false},

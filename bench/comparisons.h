@@ -31,8 +31,12 @@ struct ComparisonKind
     const char* title; ///< "ours / theirs"
     Comparison (*make)(const Load& load);
     bool counted; ///< worth counting instructions: no window, so they repeat
+    /// What is missing here to run it, empty if nothing is; null: never anything.
+    QString (*lack)() = nullptr;
 };
 
+/// False, with a note on standard error, if what it compares with is not there.
+bool isAvailable(const ComparisonKind& kind);
 const std::vector<ComparisonKind>& comparisonKinds();
 /// Null if there is no such name.
 const ComparisonKind* findComparison(const QString& name);

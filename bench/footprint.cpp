@@ -4,6 +4,7 @@
 #include "floorform.h"
 #include "handform.h"
 #include "liveform.h"
+#include "peerform.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -1,3 +1,4 @@
+#include "allocations.h"
 #include "comparisons.h"
 #include "footprint.h"
 
@@ -141,7 +142,7 @@ Timings measureAll(const Options& options)
     Timings timings;
     for (const ComparisonKind& kind : comparisonKinds()) {
         for (const int rows : options.rows) {
-            if (!isWanted(options, kind.name))
+            if (!isWanted(options, kind.name) || !isAvailable(kind))
                 continue;
             const Comparison comparison = kind.make(Load::ofSize(rows));
             timings[{QLatin1String(kind.name), rows}] =
@@ -274,17 +275,41 @@ void printMemory(int rows)
                   resident("ours-whole") / resident("uiloader-whole"), 0.95, 0.8}});
 }
 
-void countAll(const Options& options)
+/// What repeats is counted: forms with a window too, if somebody asks for them by name.
+bool isCounted(const Options& options, const ComparisonKind& kind)
+{
+    return options.only.isEmpty() ? kind.counted : isWanted(options, kind.name);
+}
+
+template <typename Count>
+void countAll(const Options& options, Count count)
 {
     for (const ComparisonKind& kind : comparisonKinds()) {
         for (const int rows : options.rows) {
-            // Forms with a window repeat too, if somebody asks for them by name.
-            if (options.only.isEmpty() ? !kind.counted : !isWanted(options, kind.name))
-                continue;
-            const QByteArray name = kind.name + QByteArray(" ") + QByteArray::number(rows);
-            countInstructions(kind.make(Load::ofSize(rows)), name.constData());
+            if (isCounted(options, kind) && isAvailable(kind))
+                count(kind.make(Load::ofSize(rows)), kind.name, rows);
         }
     }
+}
+
+void countInstructionsOf(const Comparison& comparison, const char* name, int rows)
+{
+    const QByteArray title = name + QByteArray(" ") + QByteArray::number(rows);
+    countInstructions(comparison, title.constData());
+}
+
+void printAllocationsOf(const Comparison& comparison, const char* name, int rows)
+{
+    const Allocations counted = countAllocations(comparison);
+    out() << name << ' ' << rows << ' ' << counted.floor << ' ' << counted.ours << '\n';
+}
+
+/// What is one number and no ratio.
+void printCounts()
+{
+    const Arrangements counted = countArrangements(1000);
+    out() << "arrangements-per-resize " << counted.perResize << '\n'
+          << "arrangements-per-group " << counted.perGroup << '\n';
 }
 
 QList<int> numbers(const QString& text)
@@ -317,18 +342,21 @@ int main(int argc, char* argv[])
     QCommandLineParser parser;
     parser.addHelpOption();
     const QCommandLineOption rows(QStringLiteral("rows"), QStringLiteral("Sizes, ascending."),
-                                  QStringLiteral("list"), QStringLiteral("10,100,1000,10000"));
+                                  QStringLiteral("list"), QStringLiteral("10,30,100,1000,10000"));
     const QCommandLineOption only(QStringLiteral("only"), QStringLiteral("Comparisons by name."),
                                   QStringLiteral("list"));
     const QCommandLineOption rounds(QStringLiteral("rounds"), QStringLiteral("Rounds of each."),
                                     QStringLiteral("number"));
     const QCommandLineOption instructions(QStringLiteral("instructions"),
                                           QStringLiteral("One run each, for callgrind."));
+    const QCommandLineOption allocations(QStringLiteral("allocations"),
+                                         QStringLiteral("Blocks of memory that one run each asks for."));
+    const QCommandLineOption counts(QStringLiteral("counts"), QStringLiteral("Arrangements."));
     const QCommandLineOption memory(QStringLiteral("memory"), QStringLiteral("Memory too."));
     const QCommandLineOption footprint(QStringLiteral("footprint"), QStringLiteral("Memory of one thing."),
                                        QStringLiteral("name"));
     const QCommandLineOption list(QStringLiteral("list"), QStringLiteral("Names of the comparisons."));
-    parser.addOptions({rows, only, rounds, instructions, memory, footprint, list});
+    parser.addOptions({rows, only, rounds, instructions, allocations, counts, memory, footprint, list});
     parser.process(application);
 
     Options options;
@@ -341,7 +369,11 @@ int main(int argc, char* argv[])
     } else if (parser.isSet(footprint)) {
         return printFootprint(parser.value(footprint), options.rows.last());
     } else if (parser.isSet(instructions)) {
-        countAll(options);
+        countAll(options, countInstructionsOf);
+    } else if (parser.isSet(allocations)) {
+        countAll(options, printAllocationsOf);
+    } else if (parser.isSet(counts)) {
+        printCounts();
     } else {
         runGoals(options, parser.isSet(memory));
     }

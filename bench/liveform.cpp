@@ -2,11 +2,9 @@
 
 #include <zorvaparser/zorvaparser.h>
 
-#include <QBuffer>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QScrollArea>
-#include <QUiLoader>
 
 namespace {
 
@@ -93,20 +91,4 @@ void LiveForm::dropForm()
 {
     m_window = window();
     m_formular.reset();
-}
-
-PeerForm::PeerForm(const QString& ui)
-{
-    QByteArray bytes = ui.toUtf8();
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::ReadOnly);
-    QUiLoader loader;
-    m_window.reset(loader.load(&buffer));
-}
-
-PeerForm::~PeerForm() = default;
-
-bool PeerForm::show()
-{
-    return m_window && showAndPaint(m_window.get(), contentOf(m_window.get()));
 }

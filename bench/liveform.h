@@ -7,8 +7,6 @@
 #include <QPointer>
 #include <QWidget>
 
-#include <memory>
-
 /// Size of every window that the benches show.
 const int windowWidth = 800;
 const int windowHeight = 600;
@@ -47,21 +45,6 @@ public:
 private:
     QExplicitlySharedDataPointer<Orvane::ZorvaFormular> m_formular;
     QPointer<QWidget> m_window; // of a form that is gone
-};
-
-/// The form that Qt's run-time loader makes of the same load.
-class PeerForm
-{
-public:
-    explicit PeerForm(const QString& ui);
-    ~PeerForm();
-    PeerForm(const PeerForm&) = delete;
-    PeerForm& operator=(const PeerForm&) = delete;
-
-    bool show();
-
-private:
-    std::unique_ptr<QWidget> m_window;
 };
 
 #endif

@@ -25,6 +25,18 @@ void chooseRenderer()
 
 } // namespace
 
+QString QmlForm::lack(const QString& qml)
+{
+    chooseRenderer();
+    QQmlEngine engine;
+    QQmlComponent component(&engine);
+    component.setData(qml.toUtf8(), QUrl());
+    const std::unique_ptr<QObject> root(component.create());
+    if (root)
+        return {};
+    return component.errorString().simplified();
+}
+
 QmlForm::QmlForm(const QString& qml)
 {
     chooseRenderer();

@@ -11,6 +11,9 @@ class QQuickView;
 class QmlForm
 {
 public:
+    /// What is missing to make one of @p qml, as the QML engine tells it; empty if nothing is.
+    static QString lack(const QString& qml);
+
     explicit QmlForm(const QString& qml);
     ~QmlForm();
     QmlForm(const QmlForm&) = delete;

@@ -25,8 +25,11 @@ void enter(const ComparisonKind& kind, bool ours)
     const std::string name = std::string(kind.name) + (ours ? "/ours" : "/theirs");
     benchmark::RegisterBenchmark(name.c_str(),
                                  [&kind, ours](benchmark::State& state) { measure(state, kind, ours); })
-        ->RangeMultiplier(10)
-        ->Range(10, 10000)
+        ->Arg(10)
+        ->Arg(30)
+        ->Arg(100)
+        ->Arg(1000)
+        ->Arg(10000)
         ->UseManualTime()
         ->Unit(benchmark::kMicrosecond);
 }
@@ -40,6 +43,8 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     for (const ComparisonKind& kind : comparisonKinds()) {
+        if (!isAvailable(kind))
+            continue;
         enter(kind, false);
         enter(kind, true);
     }
