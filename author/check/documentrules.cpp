@@ -437,7 +437,8 @@ void DocumentCheck::checkAttributes(int index)
                                    .arg(known->name, attribute.name, names.join(QLatin1String("`, `"))),
                          -1, nearest(attribute.name, names));
     }
-    if (names.contains(QLatin1String("name")) && element(index).value("name").isEmpty())
+    if (element(index).sound && names.contains(QLatin1String("name")) &&
+        element(index).value("name").isEmpty())
         m_subject.reportAt(
             "nameless", index,
             QStringLiteral("this `%1` has no name, so nothing can refer to it").arg(known->name));

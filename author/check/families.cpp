@@ -7,7 +7,8 @@ namespace Author {
 
 const QVector<const Family*>& families()
 {
-    static const QVector<const Family*> all{&documentFamily, &namesFamily, &suppressionFamily};
+    static const QVector<const Family*> all{&documentFamily, &typesFamily, &namesFamily, &enumerationsFamily,
+                                            &rowsFamily,     &pathsFamily, &reachFamily, &suppressionFamily};
     return all;
 }
 

@@ -16,7 +16,12 @@ const Rule* findRule(const QString& id);
 QStringList ruleIds();
 
 extern const Family documentFamily;
+extern const Family typesFamily;
 extern const Family namesFamily;
+extern const Family enumerationsFamily;
+extern const Family rowsFamily;
+extern const Family pathsFamily;
+extern const Family reachFamily;
 extern const Family suppressionFamily;
 
 } // namespace Author

@@ -1,6 +1,7 @@
 #include "subject.h"
 
 #include "families.h"
+#include "writtenrow.h"
 
 namespace Orvane {
 namespace Author {
@@ -22,6 +23,13 @@ Subject::Subject(const SourceText& source)
     : m_description(source)
     , m_reading(m_description)
 {
+}
+
+const WrittenForm& Subject::written() const
+{
+    if (!m_written)
+        m_written = std::make_shared<WrittenForm>(*this);
+    return *m_written;
 }
 
 QVector<int> Subject::elements(const char* name) const

@@ -10,8 +10,12 @@
 #include <QString>
 #include <QVector>
 
+#include <memory>
+
 namespace Orvane {
 namespace Author {
+
+class WrittenForm;
 
 /** One description under examination: what the rules look at, and where they report. */
 class Subject
@@ -24,6 +28,8 @@ public:
     const Description& description() const { return m_description; }
     /** As the engine reads it. */
     const EngineReading& reading() const { return m_reading; }
+    /** Its rows with their properties; made at the first use. */
+    const WrittenForm& written() const;
     const KindTable& kinds() const { return KindTable::instance(); }
 
     const SourceElement& element(int index) const { return m_description.element(index); }
@@ -44,6 +50,7 @@ public:
 private:
     Description m_description;
     EngineReading m_reading;
+    mutable std::shared_ptr<WrittenForm> m_written;
     QVector<Finding> m_findings;
 };
 

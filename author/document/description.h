@@ -27,6 +27,7 @@ struct SourceElement
     int end = 0;        // behind the end tag
     bool closed = true; // the start tag has its ">"
     bool empty = false; // "/>"
+    bool sound = true;  // nothing in the start tag is broken
     int parent = -1;
     int firstChild = -1;
     int lastChild = -1;

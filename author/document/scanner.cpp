@@ -161,6 +161,7 @@ void Scanner::scanStartTag()
     element.tag.end = m_position;
     const bool slipped = m_tagSlipped;
     m_inTag = false;
+    element.sound = element.closed && !slipped;
     if (!element.closed && m_position >= m_text.size()) {
         complain(element.tag,
                  QStringLiteral("the text ends within the tag `<%1`").arg(element.qualifiedName));

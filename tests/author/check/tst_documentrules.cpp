@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-#define ROW(name) "<Widget name=\"" name "\" class=\"Label\"/>\n"
+#define ROW(name) "<Widget name=\"" name "\" class=\"Separator\"/>\n"
 #define ROW_A ROW("a")
 #define ROW_B ROW("b")
 #define ROW_C ROW("c")
@@ -47,59 +47,66 @@ private Q_SLOTS:
               "<x>\n<KVParamGui><Sheet name=\"s\">" ROW_A
               "</Sheet></KVParamGui>\n<KVParamGui><Sheet name=\"s\"/></KVParamGui>\n</x>",
               "several-roots 2:1, root-in-wrapper 4:1", "because of this the form loses the row a");
-        whole("cut in a row", "<KVParamGui><Sheet name=\"s\">\n" ROW_A "<Widget name=\"b\" class=\"Label\">",
-              "not-well-formed 3:32", "");
+        whole("cut in a row",
+              "<KVParamGui><Sheet name=\"s\">\n" ROW_A "<Widget name=\"b\" class=\"Separator\">",
+              "not-well-formed 3:36", "");
         rows("an end tag is missing",
-             "<Widget name=\"a\" class=\"Label\">\n<Property name=\"text\"><String>1</Property>\n"
+             "<Widget name=\"a\" class=\"Separator\">\n<Property name=\"toolTip\"><String>1</Property>\n"
              "</Widget>\n" ROW_B ROW_C,
-             "not-well-formed 4:32", "because of this the form loses 2 rows (b, c)");
-        rows(
-            "ampersand",
-            "<Widget name=\"a\" class=\"Label\">\n<Property name=\"text\"><String>1 & 2</String></Property>\n"
-            "</Widget>\n" ROW_B,
-            "not-well-formed 4:33", "because of this the form loses the row b");
-        rows("a quote is missing", "<Widget name=\"a class=\"Label\">\n</Widget>\n" ROW_B,
+             "not-well-formed 4:35", "because of this the form loses 2 rows (b, c)");
+        rows("ampersand",
+             "<Widget name=\"a\" class=\"Separator\">\n<Property name=\"toolTip\"><String>1 & "
+             "2</String></Property>\n"
+             "</Widget>\n" ROW_B,
+             "not-well-formed 4:36", "because of this the form loses the row b");
+        rows("a quote is missing", "<Widget name=\"a class=\"Separator\">\n</Widget>\n" ROW_B,
              "not-well-formed 3:24", "because of this the form loses 2 rows (a class=, b)");
         rows("an open comment", "<!-- note\n" ROW_B, "not-well-formed 3:1", "");
         inRoot("unknown element",
-               "<Enumerations>\n<Enum name=\"E\"><EnumValue><DisplayName>1</DisplayName></EnumValue></Enum>\n"
+               "<Enumerations>\n<Enum "
+               "name=\"E\"><EnumValue><DisplayName>1</DisplayName><EnumIdentifier>A</EnumIdentifier>"
+               "<Value>1</Value></EnumValue></Enum>\n"
                "</Enumerations>",
                "unknown-element 2:1", "because of this the form loses the enumeration E");
         inRoot("stray element",
-               "<Sheet name=\"s\">\n<Widget name=\"a\" class=\"Label\">\n<x/>\n</Widget>\n" ROW_B
+               "<Sheet name=\"s\">\n<Widget name=\"a\" class=\"Separator\">\n<x/>\n</Widget>\n" ROW_B
                "</Sheet><Script language=\"QtScript\">var a;</Script>",
                "stray-element 4:1", "because of this the form loses the row b and the script");
-        rows("properties in a row", "<Widget name=\"a\" class=\"Label\">\n<Properties/>\n</Widget>\n" ROW_B,
+        rows("properties in a row",
+             "<Widget name=\"a\" class=\"Separator\">\n<Properties/>\n</Widget>\n" ROW_B,
              "properties-in-row 4:1", "because of this the form loses the row b");
         rows("property in the sheet", "<Property name=\"autoApplyEnabled\"><Bool>true</Bool></Property>",
              "misplaced-property 3:1", "because of this the form loses the property autoApplyEnabled");
         rows("property without a type",
-             "<Widget name=\"a\" class=\"Label\">\n<Property name=\"text\">1</Property>\n</Widget>\n" ROW_B,
-             "property-without-type 4:1", "because of this the form loses the row b and the property text");
-        rows(
-            "element in a text",
-            "<Widget name=\"a\" class=\"Label\">\n<Property name=\"text\"><String>1<b/></String></Property>\n"
-            "</Widget>\n" ROW_B,
-            "element-in-text 4:32", "because of this the form loses the row b");
+             "<Widget name=\"a\" class=\"Separator\">\n<Property "
+             "name=\"toolTip\">1</Property>\n</Widget>\n" ROW_B,
+             "property-without-type 4:1",
+             "because of this the form loses the row b and the property toolTip");
+        rows("element in a text",
+             "<Widget name=\"a\" class=\"Separator\">\n<Property "
+             "name=\"toolTip\"><String>1<b/></String></Property>\n"
+             "</Widget>\n" ROW_B,
+             "element-in-text 4:35", "because of this the form loses the row b");
         rows("second value",
-             "<Widget name=\"a\" class=\"Label\">\n"
-             "<Property name=\"text\"><String>1</String><String>2</String></Property>\n</Widget>",
-             "second-value 4:41", "");
+             "<Widget name=\"a\" class=\"Separator\">\n"
+             "<Property name=\"toolTip\"><String>1</String><String>2</String></Property>\n</Widget>",
+             "second-value 4:44", "");
         rows("doubled property",
-             "<Widget name=\"a\" class=\"Label\">\n<Property name=\"text\"><String>1</String></Property>\n"
-             "<Property name=\"text\"><String>2</String></Property>\n</Widget>",
-             "doubled-property 4:1", "because of this the form loses the property text");
+             "<Widget name=\"a\" class=\"Separator\">\n<Property "
+             "name=\"toolTip\"><String>1</String></Property>\n"
+             "<Property name=\"toolTip\"><String>2</String></Property>\n</Widget>",
+             "doubled-property 4:1", "because of this the form loses the property toolTip");
         inRoot("two scripts",
                "<Sheet name=\"s\"/>\n<Script language=\"QtScript\">var a;</Script>\n"
                "<Script language=\"QtScript\">var b;</Script>",
                "several-scripts 3:1", "because of this the form loses the script");
         inRoot("two sheets", "<Sheet name=\"s\"/>\n<Sheet name=\"t\"/>", "several-sheets 3:1", "");
-        rows("nameless", "<Widget class=\"Label\"/>", "nameless 3:1", "");
-        rows("unknown attribute", "<Widget name=\"a\" class=\"Label\" id=\"1\"/>", "unknown-attribute 3:32",
-             "");
+        rows("nameless", "<Widget class=\"Separator\"/>", "nameless 3:1", "");
+        rows("unknown attribute", "<Widget name=\"a\" class=\"Separator\" id=\"1\"/>",
+             "unknown-attribute 3:36", "");
         rows("two mistakes, one behind the other",
-             "<Widget name=\"a\" class=\"Label\">\n<x/>\n</Widget>\n<Widget name=\"b\" "
-             "class=\"Label\">\n<y/>\n"
+             "<Widget name=\"a\" class=\"Separator\">\n<x/>\n</Widget>\n<Widget name=\"b\" "
+             "class=\"Separator\">\n<y/>\n"
              "</Widget>",
              "stray-element 4:1, stray-element 7:1", "because of this the form loses the row b");
     }
@@ -119,7 +126,7 @@ private Q_SLOTS:
         QTest::addColumn<bool>("form");
         const auto declaring = [](const char* encoding) {
             return QString::fromUtf8("<?xml version=\"1.0\" encoding=\"%1\"?>\n<KVParamGui version=\"1.0\">"
-                                     "<Sheet name=\"s\"><Widget name=\"\xc3\xa4\" class=\"Label\"/>"
+                                     "<Sheet name=\"s\"><Widget name=\"\xc3\xa4\" class=\"Separator\"/>"
                                      "</Sheet></KVParamGui>\n")
                 .arg(QLatin1String(encoding));
         };

@@ -18,27 +18,28 @@ private Q_SLOTS:
         const auto enums = [](const char* what, const char* text, const char* places, const char* effects) {
             QTest::newRow(what) << QStringLiteral(
                                        "<KVParamGui>\n<Enums>\n%1</Enums>\n<Sheet name=\"sheet\">\n"
-                                       "<Widget name=\"row\" class=\"Label\"/>\n</Sheet>\n</KVParamGui>\n")
+                                       "<Widget name=\"row\" class=\"Separator\"/>\n</Sheet>\n<Script "
+                                       "language=\"QtScript\">E;</Script>\n</KVParamGui>\n")
                                        .arg(QString::fromLatin1(text))
                                 << QString::fromLatin1(places) << QString::fromLatin1(effects);
         };
 #define ENUM(name)                                                                                           \
     "<Enum name=\"" name "\"><EnumValue><DisplayName>1</DisplayName><EnumIdentifier>ONE</EnumIdentifier>"    \
     "<Value>1</Value></EnumValue></Enum>\n"
-        rows("two rows", "<Widget name=\"a\" class=\"Label\"/>\n<Widget name=\"a\" class=\"Label\"/>",
+        rows("two rows", "<Widget name=\"a\" class=\"Separator\"/>\n<Widget name=\"a\" class=\"Separator\"/>",
              "doubled-row 4:15");
         rows("rows that differ in case",
-             "<Widget name=\"a\" class=\"Label\"/>\n<Widget name=\"A\" class=\"Label\"/>", "");
-        rows("the sheet's name", "<Widget name=\"sheet\" class=\"Label\"/>", "hidden-global 3:15");
-        rows("a name of the language", "<Widget name=\"Math\" class=\"Label\"/>", "hidden-global 3:15");
+             "<Widget name=\"a\" class=\"Separator\"/>\n<Widget name=\"A\" class=\"Separator\"/>", "");
+        rows("the sheet's name", "<Widget name=\"sheet\" class=\"Separator\"/>", "hidden-global 3:15");
+        rows("a name of the language", "<Widget name=\"Math\" class=\"Separator\"/>", "hidden-global 3:15");
         rows("a property that renames",
-             "<Widget name=\"a\" class=\"Label\"><Property "
+             "<Widget name=\"a\" class=\"Separator\"><Property "
              "name=\"objectName\"><String>b</String></Property></Widget>",
-             "property-name 3:48");
+             "property-name 3:52");
         rows("a property beyond bytes",
-             "<Widget name=\"a\" class=\"Label\"><Property "
+             "<Widget name=\"a\" class=\"Separator\"><Property "
              "name=\"&#x3a9;\"><String>b</String></Property></Widget>",
-             "property-name 3:48");
+             "property-name 3:52");
         enums("two enumerations", ENUM("E") ENUM("E"), "doubled-enumeration 3:1",
               "because of this the form loses the enumeration E");
     }

@@ -36,7 +36,7 @@ std::unique_ptr<Report> colouredText(Report::Sink sink)
 /// A mistake behind a letter of two UTF-16 units, and a byte order mark.
 const QByteArray misspelt =
     "\xef\xbb\xbf<KVParamGui version=\"1.0\">\n"
-    "\t<!-- \xf0\x9f\x93\xbb --><Sheets name=\"a\"><Widget name=\"w\" class=\"Label\"/></Sheets>\n"
+    "\t<!-- \xf0\x9f\x93\xbb --><Sheets name=\"a\"><Widget name=\"w\" class=\"Separator\"/></Sheets>\n"
     "</KVParamGui>\n";
 
 } // namespace
@@ -53,7 +53,7 @@ private Q_SLOTS:
             QString::fromUtf8("a b.zorva:2:12: error: `KVParamGui` does not know an element `Sheets`; it is "
                               "skipped with all that it holds [unknown-element]\n"
                               "    \t<!-- \xf0\x9f\x93\xbb --><Sheets name=\"a\"><Widget name=\"w\" "
-                              "class=\"Label\"/></Sheets>\n"
+                              "class=\"Separator\"/></Sheets>\n"
                               "    \t          ^~~~~~~\n"
                               "    because of this the form loses the row w\n"
                               "    did you mean `Sheet`?\n"));
@@ -97,7 +97,7 @@ private Q_SLOTS:
                  QStringLiteral("entries enumerations properties rows scripts"));
         const QJsonObject row = lost.value(QStringLiteral("rows")).toArray().first().toObject();
         QCOMPARE(row.value(QStringLiteral("name")).toString(), QStringLiteral("w"));
-        QCOMPARE(row.value(QStringLiteral("class")).toString(), QStringLiteral("Label"));
+        QCOMPARE(row.value(QStringLiteral("class")).toString(), QStringLiteral("Separator"));
         QCOMPARE(row.value(QStringLiteral("column")).toInt(), 29);
         QVERIFY(files.last().toObject().value(QStringLiteral("findings")).toArray().isEmpty());
     }

@@ -14,24 +14,25 @@ private Q_SLOTS:
         const auto row = [](const char* what, const char* rows, const char* places) {
             QTest::newRow(what) << formOf(rows) << QString::fromLatin1(places);
         };
-        row("before the element", "<!-- zorva: allow nameless made so -->\n<Widget class=\"Label\"/>", "");
-        row("on the line", "<Widget class=\"Label\"/> <!-- zorva: allow nameless made so -->", "");
+        row("before the element", "<!-- zorva: allow nameless made so -->\n<Widget class=\"Separator\"/>",
+            "");
+        row("on the line", "<Widget class=\"Separator\"/> <!-- zorva: allow nameless made so -->", "");
         row("for all in the element",
-            "<!-- zorva: allow doubled-property kept -->\n<Widget name=\"a\" class=\"Label\">\n"
-            "<Property name=\"text\"><String>1</String></Property>\n"
-            "<Property name=\"text\"><String>2</String></Property>\n</Widget>",
+            "<!-- zorva: allow doubled-property kept -->\n<Widget name=\"a\" class=\"Separator\">\n"
+            "<Property name=\"toolTip\"><String>1</String></Property>\n"
+            "<Property name=\"toolTip\"><String>2</String></Property>\n</Widget>",
             "");
         row("not for the line behind",
-            "<Widget name=\"a\" class=\"Label\"/> <!-- zorva: allow nameless made so -->\n<Widget "
-            "class=\"Label\"/>",
-            "unused-allow 3:34, nameless 4:1");
-        row("of another rule", "<!-- zorva: allow doubled-property no -->\n<Widget class=\"Label\"/>",
+            "<Widget name=\"a\" class=\"Separator\"/> <!-- zorva: allow nameless made so -->\n<Widget "
+            "class=\"Separator\"/>",
+            "unused-allow 3:38, nameless 4:1");
+        row("of another rule", "<!-- zorva: allow doubled-property no -->\n<Widget class=\"Separator\"/>",
             "unused-allow 3:1, nameless 4:1");
-        row("without a reason", "<!-- zorva: allow nameless -->\n<Widget class=\"Label\"/>",
+        row("without a reason", "<!-- zorva: allow nameless -->\n<Widget class=\"Separator\"/>",
             "bad-allow 3:1, nameless 4:1");
-        row("of no rule", "<!-- zorva: allow namless yes -->\n<Widget name=\"a\" class=\"Label\"/>",
+        row("of no rule", "<!-- zorva: allow namless yes -->\n<Widget name=\"a\" class=\"Separator\"/>",
             "bad-allow 3:1");
-        row("an ordinary comment", "<!-- zorva is fine -->\n<Widget name=\"a\" class=\"Label\"/>", "");
+        row("an ordinary comment", "<!-- zorva is fine -->\n<Widget name=\"a\" class=\"Separator\"/>", "");
     }
 
     void comments()

@@ -1,0 +1,92 @@
+#include "checktest.h"
+
+#include <QTest>
+
+class tst_pathsrules : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void rules_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("places");
+        const auto rows = [](const char* what, const char* text, const char* places) {
+            QTest::newRow(what) << formOf(text) << QString::fromLatin1(places);
+        };
+        rows("two rows on one path",
+             "<Widget name=\"a\" class=\"HiddenParameter\">\n"
+             "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
+             "<Property name=\"parameterXmlTag\"><String>x/y</String></Property>\n"
+             "</Widget>\n"
+             "<Widget name=\"b\" class=\"HiddenParameter\">\n"
+             "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
+             "<Property name=\"parameterXmlTag\"><String>x/y</String></Property>\n"
+             "</Widget>",
+             "shared-path 9:42");
+        rows("the same path, one not exported",
+             "<Widget name=\"a\" class=\"HiddenParameter\">\n"
+             "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
+             "<Property name=\"parameterXmlTag\"><String>x/y</String></Property>\n"
+             "</Widget>\n"
+             "<Widget name=\"b\" class=\"HiddenParameter\">\n"
+             "<Property name=\"parameterXmlTag\"><String>x/y</String></Property>\n"
+             "</Widget>",
+             "");
+        rows("a leaf that is a group",
+             "<Widget name=\"a\" class=\"HiddenParameter\">\n"
+             "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
+             "<Property name=\"parameterXmlTag\"><String>x</String></Property>\n"
+             "</Widget>\n"
+             "<Widget name=\"b\" class=\"HiddenParameter\">\n"
+             "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
+             "<Property name=\"parameterXmlTag\"><String>x/y</String></Property>\n"
+             "</Widget>",
+             "leaf-is-group 5:42");
+        rows("an empty part",
+             "<Widget name=\"a\" class=\"HiddenParameter\">\n"
+             "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
+             "<Property name=\"parameterXmlTag\"><String>x//y</String></Property>\n"
+             "</Widget>",
+             "empty-path-part 5:42");
+        rows("a slash at the end",
+             "<Widget name=\"a\" class=\"HiddenParameter\">\n"
+             "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
+             "<Property name=\"parameterXmlTag\"><String>x/</String></Property>\n"
+             "</Widget>",
+             "empty-path-part 5:42");
+        rows("no name of XML",
+             "<Widget name=\"a\" class=\"HiddenParameter\">\n"
+             "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
+             "<Property name=\"parameterXmlTag\"><String>x/1 y</String></Property>\n"
+             "</Widget>",
+             "path-name 5:42");
+        rows("a name that is no path",
+             "<Widget name=\"my row\" class=\"HiddenParameter\">\n"
+             "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
+             "</Widget>",
+             "path-name 3:15");
+        rows("an announced attribute",
+             "<CustomProperties><Property "
+             "name=\"Attribute_a\"><String>1</String></Property></CustomProperties>",
+             "root-attribute 3:35");
+        rows("an attribute without announcement",
+             "<Properties><Property name=\"Attribute_a\"><String>1</String></Property></Properties>",
+             "root-attribute 3:29");
+        rows("an attribute with both",
+             "<Properties><Property "
+             "name=\"Attribute_a\"><String>1</String></Property></Properties><CustomProperties><Property "
+             "name=\"Attribute_a\"><String></String></Property></CustomProperties>",
+             "");
+    }
+
+    void rules()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, places);
+        QCOMPARE(placesIn(text), places);
+    }
+};
+
+QTEST_MAIN(tst_pathsrules)
+#include "tst_pathsrules.moc"
