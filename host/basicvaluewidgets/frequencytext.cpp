@@ -1,8 +1,7 @@
 #include "basicvaluewidgets/frequencytext.h"
 
-#include <vkbase/velk.h>
-
-#include <QRegularExpression>
+#include <guibase/typednumber.h>
+#include <guibase/unitprefix.h>
 
 #include <cmath>
 #include <cstdint>
@@ -15,6 +14,9 @@ constexpr double MillihertzPerHertz = 1000.0;
 // Up to here a double resolves single millihertz in 64 bits.
 constexpr double ExactLimit = 9.0e15 / MillihertzPerHertz;
 
+// No device tunes that far.
+constexpr double FarthestLimit = 1e15;
+
 // The power of ten of a unit; -1 if the letters are none.
 int powerOf(const QString& letters)
 {
@@ -22,11 +24,13 @@ int powerOf(const QString& letters)
     if (lower.isEmpty() || lower == QLatin1String("hz"))
         return 0;
     const QString prefix = lower.endsWith(QLatin1String("hz")) ? lower.chopped(2) : lower;
-    if (prefix == QLatin1String("k"))
-        return 3;
-    if (prefix == QLatin1String("m"))
-        return 6;
-    return prefix == QLatin1String("g") ? 9 : -1;
+    const int step = prefix.size() == 1 ? UnitPrefix::StepOf(prefix.at(0), true) : -1;
+    return step < 0 ? -1 : step * UnitPrefix::PowersPerStep;
+}
+
+int stepOf(Unit unit)
+{
+    return unit == Unit::Automatic ? 0 : static_cast<int>(unit) - static_cast<int>(Unit::Hertz);
 }
 
 double toMillihertzGrid(double hertz)
@@ -35,14 +39,11 @@ double toMillihertzGrid(double hertz)
                                          : hertz;
 }
 
-Unit automaticUnit(double hertz)
+Verdict verdictOn(double hertz, double lowest, double highest)
 {
-    const double size = std::fabs(hertz);
-    for (const Unit unit : {Unit::Gigahertz, Unit::Megahertz, Unit::Kilohertz}) {
-        if (size >= Factor(unit))
-            return unit;
-    }
-    return Unit::Hertz;
+    if (hertz < lowest)
+        return Verdict::TooLow;
+    return hertz > highest ? Verdict::TooHigh : Verdict::Good;
 }
 
 // The number in integer millihertz: no binary fraction can lose a digit.
@@ -67,55 +68,55 @@ QString exactNumber(double hertz, double factor)
 
 double Factor(Unit unit)
 {
-    switch (unit) {
-    case Unit::Kilohertz:
-        return 1e3;
-    case Unit::Megahertz:
-        return 1e6;
-    case Unit::Gigahertz:
-        return 1e9;
-    case Unit::Automatic:
-    case Unit::Hertz:
-        break;
-    }
-    return 1.0;
+    return UnitPrefix::Factor(stepOf(unit));
 }
 
 QString Name(Unit unit)
 {
-    switch (unit) {
-    case Unit::Hertz:
-        return QStringLiteral("Hz");
-    case Unit::Kilohertz:
-        return QStringLiteral("kHz");
-    case Unit::Megahertz:
-        return QStringLiteral("MHz");
-    case Unit::Gigahertz:
-        return QStringLiteral("GHz");
-    case Unit::Automatic:
-        break;
+    return unit == Unit::Automatic ? QString() : UnitPrefix::Text(stepOf(unit)) + QLatin1String("Hz");
+}
+
+Unit AutomaticUnit(double hertz)
+{
+    const double size = std::fabs(hertz);
+    for (const Unit unit : {Unit::Gigahertz, Unit::Megahertz, Unit::Kilohertz}) {
+        if (size >= Factor(unit))
+            return unit;
     }
-    return QString();
+    return Unit::Hertz;
 }
 
 bool Parse(const QString& text, double* hertz)
 {
-    static const QRegularExpression grammar(
-        QStringLiteral("^\\s*([+-]?[0-9.,'\\x{2019}\\s]+)(?:[eE]([+-]?[0-9]{1,3}))?\\s*([A-Za-z]*)\\s*$"),
-        QRegularExpression::UseUnicodePropertiesOption);
-    const QRegularExpressionMatch match = grammar.match(text);
-    const int power = match.hasMatch() ? powerOf(match.captured(3)) : -1;
-    if (power < 0)
-        return false;
-    // Moving the exponent instead of multiplying rounds only once.
-    const QString number =
-        QStringLiteral("%1e%2").arg(match.captured(1).trimmed()).arg(match.captured(2).toInt() + power);
+    const TypedNumber typed(text);
+    const int power = typed.IsNumber() ? powerOf(typed.Unit()) : -1;
     bool ok = false;
-    const double result = Velk::toDoubleEx(number, &ok);
-    if (!ok || !std::isfinite(result))
+    const double result = typed.Value(qMax(power, 0), &ok);
+    if (power < 0 || !ok)
         return false;
     *hertz = toMillihertzGrid(result);
     return true;
+}
+
+Verdict Read(const QString& text, Unit shown, double lowest, double highest, double* hertz)
+{
+    double asHertz = 0.0;
+    if (!Parse(text, &asHertz))
+        return Verdict::NoFrequency;
+    const TypedNumber typed(text);
+    double wanted = asHertz;
+    if (typed.Unit().isEmpty()) {
+        const double inUnit = toMillihertzGrid(typed.Value(stepOf(shown) * UnitPrefix::PowersPerStep));
+        const bool limited = lowest > -FarthestLimit && highest < FarthestLimit;
+        const bool asHertzFits = verdictOn(asHertz, lowest, highest) == Verdict::Good;
+        const bool inUnitFits = verdictOn(inUnit, lowest, highest) == Verdict::Good;
+        const bool preferUnit = limited ? inUnitFits : typed.HasPoint();
+        wanted = preferUnit || !asHertzFits ? inUnit : asHertz;
+    }
+    const Verdict verdict = verdictOn(wanted, lowest, highest);
+    if (verdict == Verdict::Good)
+        *hertz = wanted;
+    return verdict;
 }
 
 QString Format(double hertz, Unit unit)
@@ -123,7 +124,7 @@ QString Format(double hertz, Unit unit)
     if (!std::isfinite(hertz))
         return QString();
     const double onGrid = toMillihertzGrid(hertz);
-    const Unit shown = unit == Unit::Automatic ? automaticUnit(onGrid) : unit;
+    const Unit shown = unit == Unit::Automatic ? AutomaticUnit(onGrid) : unit;
     const double factor = Factor(shown);
     const QString number = std::fabs(onGrid) < ExactLimit ? exactNumber(onGrid, factor)
                                                           : QString::number(onGrid / factor, 'f', 0);

@@ -21,6 +21,20 @@ BASICVALUEWIDGETS_EXPORT QString Name(Unit unit);
 /// any case. A bare number is hertz. False for anything else, and *hertz stays.
 BASICVALUEWIDGETS_EXPORT bool Parse(const QString& text, double* hertz);
 
+/// What a typed text turns out to be.
+enum class Verdict { Good, NoFrequency, TooLow, TooHigh };
+
+/// Reads a frequency that an operator typed where one in  shown stands. A bare
+/// number counts in that unit if this lands within the limits, else as hertz if
+/// that does. Limits beyond 1e15 are none: then it counts in the unit shown if
+/// it has a point, and as hertz otherwise. *hertz stays unless the verdict is
+/// Good; Automatic counts as hertz.
+BASICVALUEWIDGETS_EXPORT Verdict Read(const QString& text, Unit shown, double lowest, double highest,
+                                      double* hertz);
+
+/// The unit in which Format shows a frequency by itself.
+BASICVALUEWIDGETS_EXPORT Unit AutomaticUnit(double hertz);
+
 /// "98.5 MHz": Automatic takes the largest unit that leaves 1 or more. Zeros
 /// behind the point are trimmed. Empty if the number is not finite.
 BASICVALUEWIDGETS_EXPORT QString Format(double hertz, Unit unit = Unit::Automatic);

@@ -1,5 +1,7 @@
 #include "basicvaluewidgets/unittext_p.h"
 
+#include <guibase/unitprefix.h>
+
 namespace UnitText {
 
 namespace {
@@ -18,12 +20,8 @@ bool isHertz(const QString& base)
 // 0 if the letter is no prefix.
 double prefixFactor(QChar letter, bool anyCase)
 {
-    if (letter == QLatin1Char('k') || letter == QLatin1Char('K'))
-        return 1e3;
-    const QChar upper = anyCase ? letter.toUpper() : letter;
-    if (upper == QLatin1Char('M'))
-        return 1e6;
-    return upper == QLatin1Char('G') ? 1e9 : 0.0;
+    const int step = UnitPrefix::StepOf(letter, anyCase);
+    return step < 0 ? 0.0 : UnitPrefix::Factor(step);
 }
 
 Split splitShown(const QString& unit)

@@ -5,6 +5,8 @@
 #include <QButtonGroup>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 namespace {
 
@@ -66,6 +68,24 @@ void VCCheckBox::Update(Observable* observable, TChangeCode code)
 void VCCheckBox::setReadOnly(bool readOnly)
 {
     m_readOnly = readOnly;
+    update();
+}
+
+// Inactive, but legible: without a pale tick nobody could read it.
+void VCCheckBox::paintEvent(QPaintEvent* event)
+{
+    if (!m_readOnly) {
+        QCheckBox::paintEvent(event);
+        return;
+    }
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.state &= ~(QStyle::State_Enabled | QStyle::State_MouseOver);
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        option.palette.setBrush(QPalette::Disabled, role, palette().brush(QPalette::Inactive, role));
+    option.palette.setBrush(QPalette::Disabled, QPalette::Base, palette().brush(QPalette::Window));
+    option.palette.setCurrentColorGroup(QPalette::Disabled);
+    QStylePainter(this).drawControl(QStyle::CE_CheckBox, option);
 }
 
 void VCCheckBox::setEnabled(bool enabled)

@@ -41,6 +41,7 @@ protected:
     bool hitButton(const QPoint& position) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void nextCheckState() override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     values::ValueBool* boolean() const;

@@ -70,6 +70,7 @@ void VCComboBoxClassic::Update(Observable* observable, TChangeCode code)
 void VCComboBoxClassic::setReadOnly(bool readOnly)
 {
     m_readOnly = readOnly;
+    update();
 }
 
 void VCComboBoxClassic::setEnabled(bool enabled)
@@ -257,7 +258,11 @@ void VCComboBoxClassic::paintEvent(QPaintEvent* event)
         style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width();
     const QString whole = option.currentText;
     option.currentText = option.fontMetrics.elidedText(whole, Qt::ElideRight, room);
-    if (option.currentText == whole || isEditable() || !option.currentIcon.isNull()) {
+    if (m_readOnly) {
+        option.subControls &= ~QStyle::SC_ComboBoxArrow; // there is nothing to open
+        option.state &= ~QStyle::State_MouseOver;
+        option.palette.setBrush(QPalette::Button, palette().brush(QPalette::Window));
+    } else if (option.currentText == whole || isEditable() || !option.currentIcon.isNull()) {
         QComboBox::paintEvent(event);
         return;
     }

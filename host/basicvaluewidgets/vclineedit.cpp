@@ -1,18 +1,22 @@
 #include "basicvaluewidgets/vclineedit.h"
 
+#include "basicvaluewidgets/entryhint_p.h"
 #include "basicvaluewidgets/fieldsize.h"
+#include "basicvaluewidgets/readonlylook_p.h"
 #include "basicvaluewidgets/refreshguard_p.h"
 #include "basicvaluewidgets/sizehintcache_p.h"
 
 #include <valueframework/valuebase.h>
 #include <valueframework/valuenumeric.h>
 
-#include <QAccessible>
 #include <QCoreApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPointer>
-#include <QToolTip>
+#include <QSignalBlocker>
+
+#include <cmath>
+#include <limits>
 
 VCLineEdit::VCLineEdit(QWidget* parent, const char* name, LineEditType type)
     : QLineEdit(parent)
@@ -20,6 +24,7 @@ VCLineEdit::VCLineEdit(QWidget* parent, const char* name, LineEditType type)
     , m_type(type)
 {
     setObjectName(QString::fromUtf8(name));
+    connect(this, &QLineEdit::textEdited, this, &VCLineEdit::showReading);
 }
 
 VCLineEdit::~VCLineEdit() = default;
@@ -31,6 +36,7 @@ values::IValueNumeric* VCLineEdit::boundNumber() const
 
 void VCLineEdit::SetValueBase(values::ValueBase* value)
 {
+    ClearUndo();
     m_binding.Bind(value);
     refresh();
 }
@@ -70,7 +76,10 @@ void VCLineEdit::refresh()
 
 void VCLineEdit::showText(const QString& shown)
 {
-    if (shown != text()) {
+    const bool changed = shown != text();
+    if (changed) {
+        // Told below: a listener may delete this control, and Qt goes on with it.
+        const QSignalBlocker later(this);
         const int cursor = cursorPosition();
         const bool allSelected = hasSelectedText() && selectedText() == text();
         setText(shown);
@@ -82,6 +91,8 @@ void VCLineEdit::showText(const QString& shown)
     }
     setModified(false);
     m_finalText = text();
+    if (changed)
+        Q_EMIT textChanged(text());
 }
 
 bool VCLineEdit::shownFrequency(double* hertz) const
@@ -104,25 +115,91 @@ void VCLineEdit::endEdit()
 
 void VCLineEdit::commitTypedFrequency()
 {
+    using FrequencyText::Verdict;
     double hertz = 0.0;
-    if (shownFrequency(&hertz))
+    const Verdict verdict = readTyped(&hertz);
+    if (verdict == Verdict::Good) {
+        if (m_hint)
+            m_hint->Hide();
         commitFrequency(hertz);
-    else
+    } else if (verdict == Verdict::NoFrequency) {
         refuse(QCoreApplication::translate("VCLineEdit", "Not a frequency. Examples: 98.5 MHz, 8k, 500"));
+    } else {
+        const bool tooLow = verdict == Verdict::TooLow;
+        refuse(EntryHint::OutOfRange(FrequencyText::Format(tooLow ? lowest() : highest()), tooLow));
+    }
 }
 
-double VCLineEdit::clamped(double hertz) const
+double VCLineEdit::lowest() const
 {
     const values::IValueNumeric* number = boundNumber();
-    return number ? qMax(number->GetMin(), qMin(number->GetMax(), hertz)) : hertz;
+    return number ? number->GetMin() : std::numeric_limits<double>::lowest();
+}
+
+double VCLineEdit::highest() const
+{
+    const values::IValueNumeric* number = boundNumber();
+    return number ? number->GetMax() : std::numeric_limits<double>::max();
+}
+
+// By the unit that stood there when the typing began.
+FrequencyText::Verdict VCLineEdit::readTyped(double* hertz) const
+{
+    FrequencyText::Unit unit = m_unit;
+    const values::IValueNumeric* number = boundNumber();
+    double before = number ? number->GetValue() : 0.0;
+    const bool known = number || FrequencyText::Parse(m_finalText, &before);
+    if (unit == FrequencyText::Unit::Automatic && known)
+        unit = FrequencyText::AutomaticUnit(before);
+    return FrequencyText::Read(text(), unit, lowest(), highest(), hertz);
+}
+
+QString VCLineEdit::rangeText() const
+{
+    constexpr double farthest = 1e15; // hertz; no device tunes that far
+    const auto textOf = [](double hertz) {
+        return std::fabs(hertz) < farthest ? FrequencyText::Format(hertz) : QString();
+    };
+    const QString from = textOf(lowest());
+    const QString to = textOf(highest());
+    return from.isEmpty() && to.isEmpty() ? QString() : from + QLatin1String(" ... ") + to;
+}
+
+void VCLineEdit::showReading()
+{
+    if (m_type != ekFrequencyText)
+        return;
+    if (!m_hint)
+        m_hint = std::make_unique<EntryHint>(this);
+    double hertz = 0.0;
+    const bool isGood = readTyped(&hertz) == FrequencyText::Verdict::Good;
+    m_hint->ShowReading(isGood ? FrequencyText::Format(hertz, m_unit) : QString());
+}
+
+QVariant VCLineEdit::entered() const
+{
+    if (const values::IValueNumeric* number = boundNumber())
+        return number->GetValue();
+    double hertz = 0.0;
+    return FrequencyText::Parse(m_finalText, &hertz) ? QVariant(hertz) : QVariant();
+}
+
+void VCLineEdit::ApplyRecordedState(const QVariant& state)
+{
+    if (state.isValid())
+        commitFrequency(state.toDouble());
 }
 
 void VCLineEdit::commitFrequency(double hertz)
 {
     const RefreshGuard guard(this, &m_finishing);
-    const double wanted = clamped(hertz);
+    const QPointer<VCLineEdit> alive(this);
+    const QVariant before = entered();
+    const double wanted = qMax(lowest(), qMin(highest(), hertz));
     const QString shown = FrequencyText::Format(wanted, m_unit);
     showText(shown);
+    if (!alive)
+        return;
     // What rounds to the same text is no new frequency.
     const bool changed = boundValue() && shown != valueText();
     announce(shown, [this, wanted, changed] {
@@ -133,6 +210,8 @@ void VCLineEdit::commitFrequency(double hertz)
         else
             boundValue()->SetStringValue(text(), this);
     });
+    if (alive)
+        RecordEdit(before, entered());
 }
 
 void VCLineEdit::commitText(const QString& typed)
@@ -171,19 +250,33 @@ void VCLineEdit::restore()
 
 void VCLineEdit::refuse(const QString& hint)
 {
+    const QPointer<VCLineEdit> alive(this);
     restore();
-    if (!isVisible())
+    if (!alive)
         return;
-    QToolTip::showText(mapToGlobal(rect().bottomLeft()), hint, this);
-    setAccessibleDescription(hint);
-    QAccessibleEvent alert(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    if (!m_hint)
+        m_hint = std::make_unique<EntryHint>(this);
+    m_hint->ShowRefusal(hint);
+}
+
+// What is half typed has an undo of its own.
+bool VCLineEdit::event(QEvent* event)
+{
+    const bool walks = m_type == ekFrequencyText && !isModified() && !isReadOnly();
+    return (walks && ClaimUndoShortcut(event)) || QLineEdit::event(event);
 }
 
 void VCLineEdit::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape && isModified()) {
+        if (m_hint)
+            m_hint->Hide();
         restore();
+        return;
+    }
+    if (m_type == ekFrequencyText && !isModified() && IsUndoKey(event)) {
+        if (!isReadOnly())
+            HandleUndoKey(event);
         return;
     }
     const QPointer<VCLineEdit> alive(this);
@@ -200,6 +293,8 @@ void VCLineEdit::keyPressEvent(QKeyEvent* event)
 void VCLineEdit::focusOutEvent(QFocusEvent* event)
 {
     const QPointer<VCLineEdit> alive(this);
+    if (m_hint)
+        m_hint->Hide();
     if (event->reason() != Qt::PopupFocusReason)
         endEdit();
     if (!alive)
@@ -223,6 +318,8 @@ void VCLineEdit::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::StyleChange)
         SizeHintCache::Forget();
+    if (event->type() == QEvent::ReadOnlyChange)
+        ReadOnlyLook::Apply(this, isReadOnly());
     QLineEdit::changeEvent(event);
     m_binding.ControlChanged(event);
 }

@@ -3,26 +3,33 @@
 
 #include <basicvaluewidgets/frequencytext.h>
 #include <basicvaluewidgets/valuebinding.h>
+#include <guibase/undorecordingcontrolbase.h>
 #include <vkbase/iobserver.h>
 
 #include <QLineEdit>
 
 #include <functional>
+#include <memory>
 
 namespace values {
 class IValueNumeric;
 }
+class EntryHint;
 
 /// A line edit over a value. Text that the user typed is final on Return, on
 /// leaving the control and by endEdit(); only then the value is written. Escape
 /// brings the value's text back.
 //
 /// The plain type takes any text that the input mask allows. The frequency type
-/// reads and shows hertz by the rules of FrequencyText: wrong text brings the
-/// old one back with a short hint, a frequency out of range is clamped. While
-/// the user is typing a frequency, a change of the value waits, so that a
-/// receiver on the move does not overwrite the entry.
-class BASICVALUEWIDGETS_EXPORT VCLineEdit : public QLineEdit, public IObserver
+/// reads and shows hertz by the rules of FrequencyText: while somebody types, a
+/// bubble says what the text is read as; wrong text and a frequency out of range
+/// bring the old one back, and the bubble says what would be right. While the
+/// user is typing a frequency, a change of the value waits, so that a receiver
+/// on the move does not overwrite the entry. Ctrl+Z and Ctrl+Y walk the
+/// frequencies that were entered.
+class BASICVALUEWIDGETS_EXPORT VCLineEdit : public QLineEdit,
+                                            public IObserver,
+                                            public UndoRecordingControlBase
 {
     Q_OBJECT
     Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
@@ -57,6 +64,8 @@ Q_SIGNALS:
     void signalTextFinallyChanged(const QString& text);
 
 protected:
+    void ApplyRecordedState(const QVariant& state) override;
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -70,13 +79,19 @@ protected:
     bool shownFrequency(double* hertz) const;
     /// Writes hertz, clamped to the value's limits, as the user's edit.
     void commitFrequency(double hertz);
+    /// "8 kHz ... 26.5 GHz"; empty without limits.
+    QString rangeText() const;
 
 private:
     QString valueText() const;
     void commitText(const QString& text);
     void commitTypedFrequency();
     void announce(const QString& finalText, const std::function<void()>& write);
-    double clamped(double hertz) const;
+    double lowest() const;
+    double highest() const;
+    FrequencyText::Verdict readTyped(double* hertz) const;
+    void showReading();
+    QVariant entered() const;
     void refuse(const QString& hint);
     void restore();
     void showText(const QString& text);
@@ -86,6 +101,7 @@ private:
     FrequencyText::Unit m_unit = FrequencyText::Unit::Automatic;
     QString m_finalText; // what comes back when typed text is dropped and no value is bound
     bool m_finishing = false;
+    std::unique_ptr<EntryHint> m_hint; // made with the first text that is typed
 };
 
 #endif

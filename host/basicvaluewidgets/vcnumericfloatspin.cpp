@@ -1,18 +1,21 @@
 #include "basicvaluewidgets/vcnumericfloatspin.h"
 
+#include "basicvaluewidgets/entryhint_p.h"
 #include "basicvaluewidgets/fieldsize.h"
+#include "basicvaluewidgets/readonlylook_p.h"
 #include "basicvaluewidgets/refreshguard_p.h"
 #include "basicvaluewidgets/sizehintcache_p.h"
 #include "basicvaluewidgets/unittext_p.h"
 
+#include <guibase/typednumber.h>
 #include <valueframework/tree.h>
 #include <valueframework/valuenumeric.h>
-#include <vkbase/velk.h>
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
-#include <QRegularExpression>
+#include <QSignalBlocker>
 #include <QStyle>
 #include <QStyleOptionSpinBox>
 #include <QWheelEvent>
@@ -46,15 +49,18 @@ VCNumericFloatSpin::VCNumericFloatSpin(QWidget* parent, const char* name, bool w
     , m_binding(this, this)
     , m_minimum(std::numeric_limits<double>::lowest())
     , m_maximum(std::numeric_limits<double>::max())
+    , m_withButtons(withButtons)
 {
     setObjectName(QString::fromUtf8(name));
     setFocusPolicy(Qt::StrongFocus);
     setKeyboardTracking(false);
-    setButtonSymbols(withButtons ? UpDownArrows : NoButtons);
+    setLocale(QLocale::c());
+    updateButtons();
     setDecimals(0);
     applyLimits();
     connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
             &VCNumericFloatSpin::displayChanged);
+    connect(lineEdit(), &QLineEdit::textEdited, this, &VCNumericFloatSpin::showReading);
 }
 
 VCNumericFloatSpin::~VCNumericFloatSpin() = default;
@@ -157,17 +163,32 @@ bool VCNumericFloatSpin::applyLimits()
         std::swap(low, high);
     if (low == minimum() && high == maximum())
         return false;
-    const RefreshGuard guard(this, &m_refreshing);
     const QString typed = lineEdit()->text();
     const bool typing = isTyping();
-    setRange(low, high);
-    if (!typing) {
-        refresh();
-        return true;
+    changeQuietly([&] {
+        setRange(low, high);
+        if (!typing) {
+            refresh();
+            return;
+        }
+        lineEdit()->setText(typed);
+        lineEdit()->setModified(true);
+    });
+    return !typing;
+}
+
+// For changes after which Qt goes on with the control: a listener may delete it,
+// and hears of the value at the end.
+void VCNumericFloatSpin::changeQuietly(const std::function<void()>& change)
+{
+    const RefreshGuard guard(this, &m_refreshing);
+    const double before = value();
+    {
+        const QSignalBlocker later(this);
+        change();
     }
-    lineEdit()->setText(typed);
-    lineEdit()->setModified(true);
-    return false;
+    if (value() != before)
+        Q_EMIT valueChanged(value());
 }
 
 void VCNumericFloatSpin::refresh()
@@ -175,16 +196,20 @@ void VCNumericFloatSpin::refresh()
     if (!number())
         return;
     const RefreshGuard guard(this, &m_refreshing);
+    const QPointer<VCNumericFloatSpin> alive(this);
     m_shown = toDisplay(number()->GetValue());
     setValue(cappedDisplay(m_shown));
-    lineEdit()->setModified(false);
+    if (alive)
+        lineEdit()->setModified(false);
 }
 
 void VCNumericFloatSpin::rescale()
 {
+    const QPointer<VCNumericFloatSpin> alive(this);
     if (!applyLimits())
         refresh();
-    updateGeometry();
+    if (alive)
+        updateGeometry();
 }
 
 void VCNumericFloatSpin::SetUnitScale(double scale)
@@ -210,10 +235,13 @@ void VCNumericFloatSpin::setAdditionalPrecision(int decimalCount)
     const int wanted = qBound(0, decimalCount, MaximumDecimals);
     if (wanted == decimals())
         return;
-    const RefreshGuard guard(this, &m_refreshing);
-    setDecimals(wanted);
-    refresh();
-    updateGeometry();
+    const QPointer<VCNumericFloatSpin> alive(this);
+    changeQuietly([&] {
+        setDecimals(wanted);
+        refresh();
+    });
+    if (alive)
+        updateGeometry();
 }
 
 void VCNumericFloatSpin::setSuffix(const QString& suffix)
@@ -233,7 +261,13 @@ void VCNumericFloatSpin::EnableWrapAround(bool enable)
 void VCNumericFloatSpin::disableStep(bool disable)
 {
     m_stepDisabled = disable;
-    update();
+    updateButtons();
+}
+
+// Buttons that would do nothing are not shown.
+void VCNumericFloatSpin::updateButtons()
+{
+    setButtonSymbols(m_withButtons && !m_stepDisabled && !isReadOnly() ? UpDownArrows : NoButtons);
 }
 
 void VCNumericFloatSpin::setObjectName(const QString& name)
@@ -295,11 +329,63 @@ void VCNumericFloatSpin::commitTyped()
         return;
     const QPointer<VCNumericFloatSpin> alive(this);
     const QString typed = lineEdit()->text();
+    const QString why = refusalOf(typed);
+    if (!why.isEmpty()) {
+        refuse(why);
+        return;
+    }
+    if (m_hint)
+        m_hint->Hide();
     refresh();
+    if (!alive)
+        return;
     lineEdit()->setText(typed);
     interpretText();
     if (alive)
         lineEdit()->setModified(false);
+}
+
+EntryHint* VCNumericFloatSpin::hint()
+{
+    if (!m_hint)
+        m_hint = std::make_unique<EntryHint>(this);
+    return m_hint.get();
+}
+
+QString VCNumericFloatSpin::shownText(double display) const
+{
+    return (prefix() + textFromValue(display) + QDoubleSpinBox::suffix()).trimmed();
+}
+
+// Empty if the text can be taken.
+QString VCNumericFloatSpin::refusalOf(const QString& typed) const
+{
+    double display = 0.0;
+    if (!parse(typed, &display))
+        return QCoreApplication::translate("VCNumericFloatSpin", "Not a number that fits. Example: %1")
+            .arg(shownText(value()));
+    display = rounded(display);
+    if (display < minimum())
+        return EntryHint::OutOfRange(shownText(minimum()), true);
+    return display > maximum() ? EntryHint::OutOfRange(shownText(maximum()), false) : QString();
+}
+
+void VCNumericFloatSpin::refuse(const QString& why)
+{
+    const QPointer<VCNumericFloatSpin> alive(this);
+    dropTyped();
+    if (alive)
+        hint()->ShowRefusal(why);
+}
+
+// A number without a unit reads as it stands.
+void VCNumericFloatSpin::showReading()
+{
+    double display = 0.0;
+    const QString typed = lineEdit()->text();
+    const bool hasUnit = !TypedNumber(withoutFrame(typed)).Unit().isEmpty();
+    const bool isGood = hasUnit && refusalOf(typed).isEmpty() && parse(typed, &display);
+    hint()->ShowReading(isGood ? shownText(rounded(display)) : QString());
 }
 
 double VCNumericFloatSpin::displayStep() const
@@ -356,25 +442,16 @@ QString VCNumericFloatSpin::withoutFrame(QString text) const
 // *display stays if the text is no number.
 bool VCNumericFloatSpin::parse(const QString& text, double* display) const
 {
-    static const QRegularExpression grammar(
-        QStringLiteral("^\\s*([+-]?[0-9.,'\\x{2019}\\s]+)(?:[eE]([+-]?[0-9]{1,3}))?(.*)$"),
-        QRegularExpression::UseUnicodePropertiesOption);
     if (!specialValueText().isEmpty() && text == specialValueText()) {
         *display = minimum();
         return true;
     }
-    const QRegularExpressionMatch match = grammar.match(withoutFrame(text));
+    const TypedNumber typed(withoutFrame(text));
     double ratio = 1.0;
-    if (!match.hasMatch() || !UnitText::Ratio(match.captured(3).trimmed(), m_suffix.trimmed(), &ratio))
+    if (!typed.IsNumber() || !UnitText::Ratio(typed.Unit(), m_suffix.trimmed(), &ratio) ||
+        !std::isfinite(typed.Value() * ratio))
         return false;
-    const QString digits = match.captured(1).trimmed();
-    const QString exponent = match.captured(2);
-    bool ok = false;
-    const double number =
-        Velk::toDoubleEx(exponent.isEmpty() ? digits : digits + QLatin1Char('e') + exponent, &ok);
-    if (!ok || !std::isfinite(number * ratio))
-        return false;
-    *display = number * ratio;
+    *display = typed.Value() * ratio;
     return true;
 }
 
@@ -385,9 +462,10 @@ QValidator::State VCNumericFloatSpin::validate(QString& input, int& position) co
     if (parse(input, &display))
         return QValidator::Acceptable;
     const QString known =
-        QStringLiteral("0123456789.,'+-ekmghz \u00a0\u202f\u2019") + prefix() + m_suffix + specialValueText();
+        QStringLiteral("0123456789.,'+- \u00a0\u202f\u2019") + prefix() + m_suffix + specialValueText();
     for (const QChar character : qAsConst(input)) {
-        if (!known.contains(character, Qt::CaseInsensitive))
+        // A unit that is not known here is told when the text is final.
+        if (!character.isLetter() && !known.contains(character, Qt::CaseInsensitive))
             return QValidator::Invalid;
     }
     return QValidator::Intermediate;
@@ -439,9 +517,12 @@ void VCNumericFloatSpin::keyPressEvent(QKeyEvent* event)
 
 void VCNumericFloatSpin::dropTyped()
 {
+    const QPointer<VCNumericFloatSpin> alive(this);
     const RefreshGuard guard(this, &m_refreshing);
+    if (m_hint)
+        m_hint->Hide();
     refresh();
-    if (number())
+    if (!alive || number())
         return;
     lineEdit()->setText(QString());
     interpretText(); // the empty text is no number: the old one comes back
@@ -451,6 +532,8 @@ void VCNumericFloatSpin::dropTyped()
 void VCNumericFloatSpin::focusOutEvent(QFocusEvent* event)
 {
     const QPointer<VCNumericFloatSpin> alive(this);
+    if (m_hint)
+        m_hint->Hide();
     if (event->reason() != Qt::PopupFocusReason)
         commitTyped();
     if (alive)
@@ -469,6 +552,10 @@ void VCNumericFloatSpin::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::StyleChange)
         SizeHintCache::Forget();
+    if (event->type() == QEvent::ReadOnlyChange) {
+        ReadOnlyLook::Apply(this, isReadOnly());
+        updateButtons();
+    }
     QDoubleSpinBox::changeEvent(event);
     m_binding.ControlChanged(event);
 }

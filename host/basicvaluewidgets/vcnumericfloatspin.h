@@ -7,9 +7,13 @@
 
 #include <QDoubleSpinBox>
 
+#include <functional>
+#include <memory>
+
 namespace values {
 class IValueNumeric;
 }
+class EntryHint;
 
 /// A spin box over a numeric value. It works on display numbers,
 ///   shown = (value * factor + offset) / unitScale,
@@ -19,8 +23,10 @@ class IValueNumeric;
 //
 /// Typed text is written on Return and on leaving, a step at once, always with
 /// the control as originator. Rounding to the decimals shown never writes. A
-/// number out of range is clamped; text that is no number brings the old one
-/// back. While the user is typing, a change of the value waits.
+/// step stops at the limits or wraps; typed text that is no number or out of
+/// range brings the old number back, and a bubble says what would be right.
+/// While the user is typing, a change of the value waits. The decimal point is
+/// "." as in all texts of a form; a comma is read as well.
 //
 /// A side without a limit ends at +-1e18 display numbers: wider bounds make
 /// each control dear to build, and no such number can be typed sensibly. The
@@ -110,12 +116,19 @@ private:
     bool isTyping() const;
     bool readLimits();
     bool applyLimits();
+    void changeQuietly(const std::function<void()>& change);
     void rescale();
     void refresh();
     void displayChanged(double display);
     void write(double value);
     void commitTyped();
     void dropTyped();
+    QString refusalOf(const QString& typed) const;
+    void refuse(const QString& why);
+    void showReading();
+    void updateButtons();
+    EntryHint* hint();
+    QString shownText(double display) const;
     double displayStep() const;
     double stepTarget(int steps) const;
     QString withoutFrame(QString text) const;
@@ -133,6 +146,8 @@ private:
     double m_maximum;     // value units
     double m_shown = 0.0; // display number before rounding to the decimals
     bool m_stepDisabled = false;
+    const bool m_withButtons;
+    std::unique_ptr<EntryHint> m_hint; // made with the first text that is typed
     bool m_refreshing = false;
 };
 

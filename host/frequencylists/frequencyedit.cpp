@@ -67,6 +67,20 @@ void FrequencyEdit::enterFrequency(double hertz)
         m_entering = false;
 }
 
+void FrequencyEdit::showRange(bool show)
+{
+    m_rangeShown = show;
+    setToolTip(show ? rangeText() : QString());
+}
+
+void FrequencyEdit::Update(Observable* observable, TChangeCode code)
+{
+    const QPointer<FrequencyEdit> alive(this);
+    VCLineEdit::Update(observable, code);
+    if (alive && code == ChangeCode::Limits && m_rangeShown)
+        setToolTip(rangeText());
+}
+
 double FrequencyEdit::weightAtCursor() const
 {
     const QString shown = text();

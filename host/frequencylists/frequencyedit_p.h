@@ -18,6 +18,9 @@ public:
     bool currentFrequency(double* hertz) const;
     /// Writes as the user's choice, even while text is being typed.
     void enterFrequency(double hertz);
+    /// Whether the tool tip is the range of the value; it follows the limits.
+    void showRange(bool show);
+    void Update(Observable* observable, TChangeCode code) override;
 
 Q_SIGNALS:
     /// The user typed a frequency to the end; turned digits and entered
@@ -39,6 +42,7 @@ private:
     double m_weight = 0.0;   // hertz per step of the digit being turned, 0: none yet
     int m_weightCursor = -1; // where the cursor was left; elsewhere the digit is chosen anew
     bool m_entering = false;
+    bool m_rangeShown = false;
     int m_wheelRest = 0; // parts of a notch, from fine wheels
 };
 

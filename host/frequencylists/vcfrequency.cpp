@@ -5,6 +5,7 @@
 #include <valueframework/tree.h>
 #include <valueframework/valuenumeric.h>
 
+#include <QActionGroup>
 #include <QContextMenuEvent>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -82,6 +83,7 @@ bool VCFrequency::SetFrequency_ValuePath(const QString& path)
     values::ValueBase* value = number ? number->AsValueBase() : nullptr;
     m_frequency.Bind(value);
     m_edit->SetValueBase(value);
+    m_edit->showRange(toolTip().isEmpty());
     return value;
 }
 
@@ -116,6 +118,14 @@ void VCFrequency::setEnabled(bool enabled)
     m_frequency.RequestEnabled(enabled);
 }
 
+// The edit's own tool tip would hide that of the control.
+bool VCFrequency::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTipChange)
+        m_edit->showRange(toolTip().isEmpty());
+    return QWidget::event(event);
+}
+
 void VCFrequency::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
@@ -139,11 +149,11 @@ void VCFrequency::setReadOnly(bool readOnly)
     m_edit->setReadOnly(!inputAllowed());
 }
 
-void VCFrequency::DisableButtons()
+void VCFrequency::EnableButtons(bool enable)
 {
-    m_frequencyButton->enable(false);
-    m_historyButton->enable(false);
-    m_tuneButton->setEnabled(false);
+    m_frequencyButton->enable(enable);
+    m_historyButton->enable(enable);
+    m_tuneButton->setEnabled(enable);
 }
 
 void VCFrequency::SetUnit(FrequencyText::Unit unit)
@@ -232,10 +242,12 @@ void VCFrequency::openUnitMenu()
 {
     using FrequencyText::Unit;
     QMenu* menu = makeMenu();
+    auto* units = new QActionGroup(menu); // one of them is always chosen
     for (const Unit unit :
          {Unit::Automatic, Unit::Hertz, Unit::Kilohertz, Unit::Megahertz, Unit::Gigahertz}) {
         const QString name = FrequencyText::Name(unit);
         QAction* action = menu->addAction(name.isEmpty() ? tr("Automatic") : name);
+        units->addAction(action);
         action->setCheckable(true);
         action->setChecked(unit == m_edit->GetFrequencyUnit());
         connect(action, &QAction::triggered, this, [this, unit] { SetUnit(unit); });

@@ -46,8 +46,9 @@ public:
     bool isReadOnly() const { return m_readOnly; }
     /// Works like EnableInput with the opposite sense; both have to allow input.
     void setReadOnly(bool readOnly);
-    /// Greys the three buttons.
-    void DisableButtons();
+    /// Greys the three buttons, or gives them back.
+    void EnableButtons(bool enable);
+    void DisableButtons() { EnableButtons(false); }
 
     VCButton* GetTuneButton() const { return m_tuneButton; }
     VCMiniFrequency* GetFrequencyButtonCtrl() const { return m_frequencyButton; }
@@ -76,6 +77,7 @@ Q_SIGNALS:
 
 protected:
     QWidget* MakePropertyPage(QWidget* parent) override;
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void showEvent(QShowEvent* event) override;

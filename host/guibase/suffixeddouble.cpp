@@ -1,23 +1,16 @@
 #include "guibase/suffixeddouble.h"
 
+#include "guibase/unitprefix.h"
+
 #include <QLatin1String>
 
 #include <cmath>
 
 namespace {
 
-constexpr int PrefixCount = 4;
-constexpr int DecimalsPerPrefix = 3;
-
-QString prefixText(int prefix)
-{
-    static const char* const texts[PrefixCount] = {"", "k", "M", "G"};
-    return QLatin1String(texts[prefix]);
-}
-
 QString rounded(double number, int prefix)
 {
-    return QString::number(number, 'f', DecimalsPerPrefix * (prefix + 1));
+    return QString::number(number, 'f', UnitPrefix::PowersPerStep * (prefix + 1));
 }
 
 void trimZeros(QString* text)
@@ -49,7 +42,7 @@ int SuffixedDouble::prefixFor(double number) const
     if (!isAutomatic())
         return m_suffix - ekNone;
     int prefix = 0;
-    for (double rest = std::fabs(number); rest >= m_base && prefix < PrefixCount - 1; rest /= m_base)
+    for (double rest = std::fabs(number); rest >= m_base && prefix < UnitPrefix::Count - 1; rest /= m_base)
         ++prefix;
     return prefix;
 }
@@ -60,7 +53,7 @@ QString SuffixedDouble::GetString(double number) const
     int prefix = finite ? prefixFor(number) : 0;
     QString text = rounded(number / std::pow(m_base, prefix), prefix);
     // Rounding may reach the next prefix: 999999.9999999 is 1 M.
-    if (finite && isAutomatic() && prefix < PrefixCount - 1 && std::fabs(text.toDouble()) >= m_base) {
+    if (finite && isAutomatic() && prefix < UnitPrefix::Count - 1 && std::fabs(text.toDouble()) >= m_base) {
         ++prefix;
         text = rounded(text.toDouble() / m_base, prefix);
     }
@@ -68,6 +61,6 @@ QString SuffixedDouble::GetString(double number) const
         trimZeros(&text);
     if (text == QLatin1String("-0"))
         text.remove(0, 1);
-    const QString unit = prefixText(prefix) + m_unit;
+    const QString unit = UnitPrefix::Text(prefix) + m_unit;
     return unit.isEmpty() ? text : text + QLatin1Char(' ') + unit;
 }

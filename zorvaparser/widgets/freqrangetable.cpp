@@ -1,6 +1,7 @@
 #include "freqrangetable.h"
 
 #include <guibase/suffixeddouble.h>
+#include <guibase/unitprefix.h>
 #include <valueframework/tree.h>
 #include <vkbase/velk.h>
 
@@ -16,19 +17,15 @@ namespace Orvane {
 
 namespace {
 
-/** The first letter of the table that @p upperText holds anywhere decides. */
+/** The first of K, M, G and H that @p upperText holds anywhere decides. */
 double factorOf(const QString& upperText, double otherwise)
 {
-    static const struct
-    {
-        QLatin1Char letter;
-        double factor;
-    } units[] = {
-        {QLatin1Char('K'), 1e3}, {QLatin1Char('M'), 1e6}, {QLatin1Char('G'), 1e9}, {QLatin1Char('H'), 1.0}};
-    for (const auto& unit : units) {
-        if (upperText.contains(unit.letter))
-            return unit.factor;
+    for (int step = 1; step < UnitPrefix::Count; ++step) {
+        if (upperText.contains(UnitPrefix::Text(step).toUpper()))
+            return UnitPrefix::Factor(step);
     }
+    if (upperText.contains(QLatin1Char('H')))
+        return 1.0;
     return otherwise;
 }
 
@@ -43,12 +40,10 @@ double hertzOf(const QString& text, double unitFactor)
 
 SuffixedDouble::ESuffix suffixOf(double unitFactor)
 {
-    if (unitFactor == 1e3)
-        return SuffixedDouble::ekKilo;
-    if (unitFactor == 1e6)
-        return SuffixedDouble::ekMega;
-    if (unitFactor == 1e9)
-        return SuffixedDouble::ekGiga;
+    for (int step = 1; step < UnitPrefix::Count; ++step) {
+        if (unitFactor == UnitPrefix::Factor(step))
+            return static_cast<SuffixedDouble::ESuffix>(SuffixedDouble::ekNone + step);
+    }
     return SuffixedDouble::ekNone;
 }
 
@@ -66,6 +61,7 @@ FreqRangeTable::FreqRangeTable(QWidget* parent)
     , newRowAction(nullptr)
 {
     setObjectName(QStringLiteral("FreqRangeTable"));
+    setTabKeyNavigation(false); // the arrows walk the cells
     setMinimumHeight(50);
     setMinimumWidth(50);
     setRowCount(0);

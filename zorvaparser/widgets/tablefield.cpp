@@ -6,6 +6,13 @@
 
 namespace Orvane {
 
+TableField::TableField(int rows, int columns, QWidget* parent)
+    : QTableWidget(rows, columns, parent)
+{
+    setTabKeyNavigation(false);
+    setLocale(QLocale::c());
+}
+
 QSize TableField::sizeHint() const
 {
     constexpr int lettersPerColumn = 7;

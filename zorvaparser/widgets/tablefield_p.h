@@ -5,11 +5,14 @@
 
 namespace Orvane {
 
-/** The table of a row: as wide as every field, or as its columns need. */
+/**
+ * The table of a row: as wide as every field, or as its columns need. The arrows walk its
+ * cells and Tab leaves it. Numbers have "." as point, as in all texts of a form.
+ */
 class TableField : public QTableWidget
 {
 public:
-    using QTableWidget::QTableWidget;
+    TableField(int rows, int columns, QWidget* parent);
 
     QSize sizeHint() const override;
 };

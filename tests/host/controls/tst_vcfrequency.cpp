@@ -10,6 +10,7 @@
 #include <valueframework/value.h>
 #include <valueframework/valuenumeric.h>
 
+#include <QActionGroup>
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <QMenu>
@@ -62,6 +63,9 @@ private Q_SLOTS:
     void inputOff();
     void readOnlyAndInputBothCount();
     void buttonsCanBeGreyed();
+    void greyedButtonsComeBack();
+    void unitsAreOneGroup();
+    void toolTipIsTheRange();
     void compactShowsTheEditAlone();
     void slotsWrite();
     void focusGoesToTheEdit();
@@ -345,6 +349,34 @@ void TestVCFrequency::buttonsCanBeGreyed()
     QVERIFY(!m_control->GetFrequencyButtonCtrl()->isEnabled());
     QVERIFY(!m_control->GetHistoryButtonCtrl()->isEnabled());
     QVERIFY(m_edit->isEnabled());
+}
+
+void TestVCFrequency::greyedButtonsComeBack()
+{
+    m_control->DisableButtons();
+    m_control->EnableButtons(true);
+    QVERIFY(m_control->GetFrequencyButtonCtrl()->isEnabled());
+    QVERIFY(m_control->GetHistoryButtonCtrl()->isEnabled());
+    QVERIFY(m_control->GetTuneButton()->isEnabled());
+}
+
+void TestVCFrequency::unitsAreOneGroup()
+{
+    m_control->GetFrequencyButtonCtrl()->click();
+    const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    for (const QAction* action : menu->actions())
+        QVERIFY(action->actionGroup() && action->actionGroup()->isExclusive());
+    QApplication::activePopupWidget()->close();
+}
+
+void TestVCFrequency::toolTipIsTheRange()
+{
+    QCOMPARE(m_edit->toolTip(), QStringLiteral("8 kHz ... 26.5 GHz"));
+    m_value->SetMax(3e9, nullptr);
+    QCOMPARE(m_edit->toolTip(), QStringLiteral("8 kHz ... 3 GHz"));
+    m_control->setToolTip(QStringLiteral("own"));
+    QCOMPARE(m_edit->toolTip(), QString());
 }
 
 void TestVCFrequency::compactShowsTheEditAlone()

@@ -43,6 +43,11 @@ private Q_SLOTS:
     void typedFrequency();
     void wrongFrequency_data();
     void wrongFrequency();
+    void readingIsShownWhileTyping();
+    void refusalOnLeavingStays();
+    void enteredFrequenciesAreWalked();
+    void listenerMayDeleteWhileRefreshed();
+    void readOnlyStandsOnTheWindow();
     void sameFrequencyIsNotWritten();
     void waitsWhileAFrequencyIsTyped();
     void unitShown();
@@ -293,12 +298,14 @@ void TestVCLineEdit::typedFrequency_data()
     QTest::addColumn<double>("hertz");
     QTest::newRow("with unit") << "100 MHz"
                                << "100 MHz" << 100e6;
-    QTest::newRow("bare number") << "9000"
-                                 << "9 kHz" << 9000.0;
-    QTest::newRow("below the limit") << "1"
-                                     << "8 kHz" << 8000.0;
-    QTest::newRow("above the limit") << "99g"
-                                     << "26.5 GHz" << 26.5e9;
+    QTest::newRow("bare number in the unit shown") << "101.7"
+                                                   << "101.7 MHz" << 101.7e6;
+    QTest::newRow("whole bare number in the unit shown") << "9000"
+                                                         << "9 GHz" << 9e9;
+    QTest::newRow("bare number in hertz") << "98500000"
+                                          << "98.5 MHz" << 98.5e6;
+    QTest::newRow("comma as point") << "101,7"
+                                    << "101.7 MHz" << 101.7e6;
     QTest::newRow("every hertz") << "26.499999999g"
                                  << "26.499999999 GHz" << 26499999999.0;
 }
@@ -320,14 +327,23 @@ void TestVCLineEdit::typedFrequency()
 void TestVCLineEdit::wrongFrequency_data()
 {
     QTest::addColumn<QString>("typed");
-    QTest::newRow("a word") << "abc";
-    QTest::newRow("empty") << "";
-    QTest::newRow("unknown unit") << "5 THz";
+    QTest::addColumn<QString>("hint");
+    QTest::newRow("a word") << "abc"
+                            << "98.5 MHz";
+    QTest::newRow("empty") << ""
+                           << "98.5 MHz";
+    QTest::newRow("unknown unit") << "5 THz"
+                                  << "98.5 MHz";
+    QTest::newRow("below the limit") << "1 kHz"
+                                     << "8 kHz is the lowest";
+    QTest::newRow("above the limit") << "99g"
+                                     << "26.5 GHz is the highest";
 }
 
 void TestVCLineEdit::wrongFrequency()
 {
     QFETCH(QString, typed);
+    QFETCH(QString, hint);
     VCLineEdit* edit = make(VCLineEdit::ekFrequencyText, m_frequency.get());
     QSignalSpy finally(edit, &VCLineEdit::signalTextFinallyChanged);
     QTest::keyClick(edit, Qt::Key_Delete);
@@ -336,8 +352,71 @@ void TestVCLineEdit::wrongFrequency()
     QCOMPARE(edit->text(), QStringLiteral("98.5 MHz"));
     QCOMPARE(m_frequency->GetValue(), 98.5e6);
     QCOMPARE(finally.count(), 0);
-    QVERIFY(QToolTip::isVisible());
+    QTRY_VERIFY(QToolTip::isVisible());
     QCOMPARE(edit->accessibleDescription(), QToolTip::text());
+    QVERIFY(QToolTip::text().contains(hint));
+    QTest::keyClicks(edit, QStringLiteral("99 MHz"));
+    QCOMPARE(edit->accessibleDescription(), QString());
+    QTRY_COMPARE(QToolTip::text(), QStringLiteral("99 MHz"));
+}
+
+void TestVCLineEdit::readingIsShownWhileTyping()
+{
+    VCLineEdit* edit = make(VCLineEdit::ekFrequencyText, m_frequency.get());
+    QTest::keyClicks(edit, QStringLiteral("101.7"));
+    QTRY_COMPARE(QToolTip::text(), QStringLiteral("101.7 MHz"));
+    QTest::keyClicks(edit, QStringLiteral(" k"));
+    QTRY_COMPARE(QToolTip::text(), QStringLiteral("101.7 kHz"));
+    QTest::keyClick(edit, Qt::Key_Return);
+    QCOMPARE(m_frequency->GetValue(), 101.7e3);
+    QTRY_VERIFY(!QToolTip::isVisible() || QToolTip::text() != QStringLiteral("101.7 kHz"));
+}
+
+void TestVCLineEdit::refusalOnLeavingStays()
+{
+    VCLineEdit* edit = make(VCLineEdit::ekFrequencyText, m_frequency.get());
+    QTest::keyClicks(edit, QStringLiteral("99g"));
+    m_other->setFocus();
+    QCOMPARE(edit->text(), QStringLiteral("98.5 MHz"));
+    QTRY_COMPARE(QToolTip::text(), QStringLiteral("26.5 GHz is the highest"));
+}
+
+void TestVCLineEdit::enteredFrequenciesAreWalked()
+{
+    VCLineEdit* edit = make(VCLineEdit::ekFrequencyText, m_frequency.get());
+    for (const char* typed : {"100 MHz", "101 MHz"}) {
+        edit->selectAll();
+        QTest::keyClicks(edit, QString::fromLatin1(typed));
+        QTest::keyClick(edit, Qt::Key_Return);
+    }
+    QTest::keyClick(edit, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(m_frequency->GetValue(), 100e6);
+    QTest::keyClick(edit, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(m_frequency->GetValue(), 98.5e6);
+    QCOMPARE(edit->text(), QStringLiteral("98.5 MHz"));
+    QTest::keyClick(edit, Qt::Key_Y, Qt::ControlModifier);
+    QCOMPARE(m_frequency->GetValue(), 100e6);
+    edit->setReadOnly(true);
+    QTest::keyClick(edit, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(m_frequency->GetValue(), 100e6);
+}
+
+void TestVCLineEdit::listenerMayDeleteWhileRefreshed()
+{
+    QPointer<VCLineEdit> edit = make(VCLineEdit::ekFrequencyText, m_frequency.get());
+    connect(edit, &QLineEdit::textChanged, this, [&edit] { delete edit; });
+    m_frequency->SetValue(8000.0, nullptr);
+    QVERIFY(!edit);
+}
+
+void TestVCLineEdit::readOnlyStandsOnTheWindow()
+{
+    VCLineEdit* edit = make(VCLineEdit::ekPlainText, m_text.get());
+    const QColor writable = edit->palette().color(QPalette::Base);
+    edit->setReadOnly(true);
+    QCOMPARE(edit->palette().color(QPalette::Base), edit->palette().color(QPalette::Window));
+    edit->setReadOnly(false);
+    QCOMPARE(edit->palette().color(QPalette::Base), writable);
 }
 
 void TestVCLineEdit::sameFrequencyIsNotWritten()

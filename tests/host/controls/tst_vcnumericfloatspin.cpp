@@ -12,9 +12,11 @@
 #include <QElapsedTimer>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QLocale>
 #include <QStyle>
 #include <QStyleOptionSpinBox>
 #include <QTest>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -80,6 +82,11 @@ private Q_SLOTS:
     void readOnly();
     void widthStaysOrdinary();
     void hintsEqualForEqualControls();
+    void refusedTextGetsAHint_data();
+    void refusedTextGetsAHint();
+    void pointInEveryLocale();
+    void buttonsThatDoNothingGo();
+    void listenerMayDeleteWhileRefreshed();
     void unboundWorks();
     void listenerMayDelete();
     void unlimitedIsCheap();
@@ -175,9 +182,11 @@ void TestVCNumericFloatSpin::typedTexts_data()
     QTest::newRow("k alone") << ""
                              << "0.5k" << 500.0;
     QTest::newRow("above the range") << ""
-                                     << "5000" << 1000.0;
+                                     << "5000" << 10.0;
     QTest::newRow("below the range") << ""
-                                     << "-5" << 0.0;
+                                     << "-5" << 10.0;
+    QTest::newRow("rounded into the range") << ""
+                                            << "1000.001" << 1000.0;
     QTest::newRow("wrong order") << ""
                                  << "1-2" << 10.0;
     QTest::newRow("empty") << ""
@@ -516,6 +525,80 @@ void TestVCNumericFloatSpin::hintsEqualForEqualControls()
     QCOMPARE(twin.sizeHint().width(), FieldSize::UpperWidth(&twin));
     twin.setSuffix(QString());
     QCOMPARE(twin.sizeHint(), m_spin->sizeHint());
+}
+
+void TestVCNumericFloatSpin::refusedTextGetsAHint_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<bool>("wrapping");
+    QTest::addColumn<QString>("hint");
+    for (const bool wrapping : {false, true}) {
+        QTest::addRow("high, %d", wrapping) << "5000" << wrapping << "1000 dB is the highest";
+        QTest::addRow("low, %d", wrapping) << "-5" << wrapping << "0 dB is the lowest";
+        QTest::addRow("unit, %d", wrapping)
+            << "5 parsec" << wrapping << "Not a number that fits. Example: 10 dB";
+    }
+}
+
+void TestVCNumericFloatSpin::refusedTextGetsAHint()
+{
+    QFETCH(const QString, typed);
+    QFETCH(const QString, hint);
+    QFETCH(const bool, wrapping);
+    m_spin->setSuffix(QStringLiteral("dB"));
+    m_spin->EnableWrapAround(wrapping);
+    type(typed);
+    QTest::keyClick(m_spin, Qt::Key_Return);
+    QCOMPARE(m_value->GetValue(), 10.0);
+    QCOMPARE(m_spin->cleanText(), QStringLiteral("10"));
+    QTRY_COMPARE(QToolTip::text(), hint);
+    QCOMPARE(m_spin->accessibleDescription(), hint);
+    type(QStringLiteral("0.5k"));
+    QCOMPARE(m_spin->accessibleDescription(), QString());
+    QTRY_COMPARE(QToolTip::text(), QStringLiteral("500 dB"));
+    QTest::keyClick(m_spin, Qt::Key_Return);
+    QCOMPARE(m_value->GetValue(), 500.0);
+}
+
+void TestVCNumericFloatSpin::pointInEveryLocale()
+{
+    QLocale::setDefault(QLocale(QLocale::German));
+    VCNumericFloatSpin spin(nullptr, nullptr, true);
+    QLocale::setDefault(QLocale::system());
+    spin.setAdditionalPrecision(1);
+    spin.SetNumericValue(m_value.get());
+    m_value->SetValue(2.5, nullptr);
+    QCOMPARE(spin.cleanText(), QStringLiteral("2.5"));
+    QCOMPARE(spin.valueFromText(QStringLiteral("3,5")), 3.5);
+    QCOMPARE(spin.valueFromText(QStringLiteral("3.5")), 3.5);
+}
+
+void TestVCNumericFloatSpin::buttonsThatDoNothingGo()
+{
+    QCOMPARE(m_spin->buttonSymbols(), QAbstractSpinBox::UpDownArrows);
+    const QColor writable = m_spin->palette().color(QPalette::Base);
+    m_spin->setProperty("readOnly", true);
+    QCOMPARE(m_spin->buttonSymbols(), QAbstractSpinBox::NoButtons);
+    QCOMPARE(m_spin->palette().color(QPalette::Base), m_spin->palette().color(QPalette::Window));
+    m_spin->setProperty("readOnly", false);
+    QCOMPARE(m_spin->buttonSymbols(), QAbstractSpinBox::UpDownArrows);
+    QCOMPARE(m_spin->palette().color(QPalette::Base), writable);
+    m_spin->disableStep(true);
+    QCOMPARE(m_spin->buttonSymbols(), QAbstractSpinBox::NoButtons);
+}
+
+void TestVCNumericFloatSpin::listenerMayDeleteWhileRefreshed()
+{
+    for (const bool byLimits : {false, true}) {
+        QPointer<VCNumericFloatSpin> spin = new VCNumericFloatSpin(nullptr, nullptr, true);
+        spin->SetNumericValue(m_value.get());
+        connect(spin, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, [&spin] { delete spin; });
+        if (byLimits)
+            m_value->SetMinMax(400.0, 500.0, 1.0, nullptr);
+        else
+            m_value->SetValue(77.0, nullptr);
+        QVERIFY(!spin);
+    }
 }
 
 void TestVCNumericFloatSpin::unboundWorks()
