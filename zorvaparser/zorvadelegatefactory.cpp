@@ -107,13 +107,23 @@ QMap<QString, Factory> buildFactories()
     };
 }
 
+const QMap<QString, Factory>& factories()
+{
+    static const QMap<QString, Factory> table = buildFactories();
+    return table;
+}
+
 } // namespace
 
 ZorvaDelegate* createDelegateOfClass(const QString& className, ZorvaWidget* widget)
 {
-    static const QMap<QString, Factory> factories = buildFactories();
-    const Factory factory = factories.value(className, make<ZorvaDelegate>);
+    const Factory factory = factories().value(className, make<ZorvaDelegate>);
     return factory(widget);
+}
+
+QStringList delegateClasses()
+{
+    return factories().keys();
 }
 
 ZorvaDelegate* createExternalDelegate(ZorvaWidget* widget, QWidget* externalWidget)

@@ -119,6 +119,11 @@ const QString& ZorvaWidget::GetXmlTagName() const
     return delegate->GetXmlTagName();
 }
 
+QStringList ZorvaWidget::GetKnownClasses()
+{
+    return delegateClasses();
+}
+
 ZorvaFormular* ZorvaWidget::GetFormular() const
 {
     return sheet ? sheet->GetFormular() : nullptr;

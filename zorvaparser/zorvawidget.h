@@ -5,6 +5,7 @@
 
 #include <QSharedData>
 #include <QString>
+#include <QStringList>
 
 class FloatGroupLayout;
 class QWidget;
@@ -50,6 +51,8 @@ public:
     /** True for the rows that head a group. */
     bool IsHeadline() const { return headline; }
     const QString& GetXmlTagName() const;
+    /** Every class name that has a control kind of its own, sorted; any other gives a bare caption. */
+    static QStringList GetKnownClasses();
     /** Null before ParseZORVA() or SetExtWidget(). */
     ZorvaDelegate* GetDelegate() const { return delegate; }
     /** Null once the form is gone and only a host holds the record. */

@@ -94,6 +94,7 @@ Property readProperty(const QJsonObject& object)
     property.effect = textOf(object, "effect");
     property.translated = flagOf(object, "translated");
     property.inert = flagOf(object, "inert");
+    property.late = flagOf(object, "late");
     return property;
 }
 
@@ -189,12 +190,16 @@ bool holds(const QList<Property>& properties, const QString& name)
                        [&name](const Property& property) { return property.name == name; });
 }
 
-void join(QList<Property>& properties, const QList<Property>& shared, const QStringList& inert)
+/** Joins what all rows have to a kind, which says of some that they do less for it: @p kind tells. */
+void join(QList<Property>& properties, const QList<Property>& shared, const QJsonObject& kind)
 {
+    const QStringList inert = textsOf(kind, "inert");
+    const QStringList late = textsOf(kind, "late");
     for (Property property : shared) {
         if (holds(properties, property.name))
             continue;
         property.inert = property.inert || inert.contains(property.name);
+        property.late = late.contains(property.name);
         properties.append(property);
     }
 }
@@ -202,16 +207,15 @@ void join(QList<Property>& properties, const QList<Property>& shared, const QStr
 /** What the classes of one kind have in common: everything but name and summary. */
 ControlClass readKind(const QJsonObject& object, const Shared& shared)
 {
-    const QStringList inert = textsOf(object, "inert");
     ControlClass kind;
     kind.delegate = textOf(object, "delegate");
     kind.section = textOf(object, "section");
     kind.control = controlOf(textOf(object, "control"));
     kind.needs = textsOf(object, "needs");
     kind.properties = listOf(object, "properties", readProperty);
-    join(kind.properties, shared.properties, inert);
+    join(kind.properties, shared.properties, object);
     kind.customProperties = listOf(object, "customProperties", readProperty);
-    join(kind.customProperties, shared.customProperties, inert);
+    join(kind.customProperties, shared.customProperties, QJsonObject());
     kind.methods = shared.methods + listOf(object, "methods", readMethod);
     kind.sharedMethods = shared.methods.size();
     kind.parameter = readParameterElement(object.value(QLatin1String("parameterXml")).toObject());

@@ -57,6 +57,7 @@ struct Property
     QString effect;          // one sentence; Markdown code marks around names
     bool translated = false; // the user sees it, in his language
     bool inert = false;      // kept on the row for scripts and hosts; changes nothing by itself
+    bool late = false;       // does nothing in the form as it comes up, but lets later changes through
     bool shared = false;     // one of those that all rows have
 
     bool isNumber() const;
