@@ -1,7 +1,11 @@
 #include "subcommand.h"
 #include "terminal.h"
 
+#include <author/kinds/kindpage.h>
 #include <author/kinds/kindtable.h>
+
+#include <QFile>
+#include <QSaveFile>
 
 using namespace Orvane::Author;
 
@@ -62,8 +66,26 @@ QString description(const ControlClass& controlClass)
                    QStringLiteral("  %1\n").arg(plain(controlClass.parameter.text)));
 }
 
+int renew(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return fail(QStringLiteral("kinds: cannot read %1: %2").arg(path, file.errorString()));
+    const KindPage page = renewKindPage(QString::fromUtf8(file.readAll()));
+    if (!page.problem.isEmpty())
+        return fail(QStringLiteral("kinds: %1: the tables for \"%2\" have no end, or a name in it is unknown")
+                        .arg(path, page.problem));
+    const QByteArray bytes = page.text.toUtf8();
+    QSaveFile target(path);
+    if (target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.commit())
+        return Clean;
+    return fail(QStringLiteral("kinds: cannot write %1: %2").arg(path, target.errorString()));
+}
+
 int run(const QStringList& arguments)
 {
+    if (arguments.size() == 2 && arguments.first() == QLatin1String("--renew"))
+        return renew(arguments.at(1));
     if (arguments.isEmpty()) {
         print(classList());
         return Clean;
@@ -83,9 +105,12 @@ int run(const QStringList& arguments)
 const Subcommand kindsCommand = {
     "kinds",
     "lists the control kinds, or tells all about one",
-    "Usage: zorva kinds [CLASS]\n"
+    "Usage: zorva kinds [CLASS | --renew PAGE]\n"
     "Lists the classes that a Widget can have; with a CLASS, its properties, signals,\n"
-    "slots, invokables and parameter XML.\n",
+    "slots, invokables and parameter XML.\n\n"
+    "Options:\n"
+    "  --renew PAGE  make the tables of a Markdown page anew, which stand between\n"
+    "                <!-- kinds: CLASS... --> and <!-- kinds end -->\n",
     Subcommand::Core,
     run,
 };

@@ -7,7 +7,8 @@
 
 namespace {
 
-const Subcommand* const subcommands[] = {&checkCommand, &kindsCommand};
+const Subcommand* const subcommands[] = {&checkCommand, &formatCommand, &kindsCommand, &newCommand,
+                                         &schemaCommand};
 
 QString overview()
 {

@@ -25,6 +25,9 @@ struct Subcommand
 };
 
 extern const Subcommand checkCommand;
+extern const Subcommand formatCommand;
 extern const Subcommand kindsCommand;
+extern const Subcommand newCommand;
+extern const Subcommand schemaCommand;
 
 #endif

@@ -6,8 +6,14 @@
 
 void print(const QString& text)
 {
-    const QByteArray bytes = text.toLocal8Bit();
-    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stdout);
+    printBytes(text.toLocal8Bit());
+}
+
+int printBytes(const QByteArray& bytes)
+{
+    const auto size = static_cast<size_t>(bytes.size());
+    const bool written = std::fwrite(bytes.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0;
+    return written ? Clean : fail(QStringLiteral("cannot write to the standard output"));
 }
 
 int fail(const QString& message)

@@ -5,6 +5,8 @@
 
 /** Writes @p text to the standard output, in the encoding of the locale. */
 void print(const QString& text);
+/** Writes a document to the standard output, byte for byte; gives an exit code. */
+int printBytes(const QByteArray& bytes);
 /** Writes "zorva: MESSAGE" and a line end to the standard error; gives the exit code for misuse. */
 int fail(const QString& message);
 

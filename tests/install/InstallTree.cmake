@@ -36,6 +36,7 @@ expect(Development
   ${INCLUDEDIR}/valueframework/tree.h)
 expect(Tools
   bin/zorva
+  share/zorvaparser/zorva.rng
   bin/zorvashell
   share/applications/zorvashell.desktop
   share/mime/packages/zorvaparser.xml
