@@ -4,28 +4,28 @@
 //
 //   zorva-embedding [--settings <file>] [--selftest]
 
+#include <hostkit/formrows.h>
+#include <hostkit/parametertext.h>
+#include <hostkit/rowstates.h>
+#include <hostkit/settingsstore.h>
 #include <valueframework/valuenumeric.h>
 #include <zorvaparser/zorvaformular.h>
 #include <zorvaparser/zorvaformularmanager.h>
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QDynamicPropertyChangeEvent>
+#include <QDir>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QMainWindow>
 #include <QMap>
 #include <QMenuBar>
-#include <QSettings>
+#include <QStandardPaths>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QVBoxLayout>
-#include <QXmlStreamReader>
-#include <QXmlStreamWriter>
-
-#include <memory>
 
 namespace {
 
@@ -35,42 +35,14 @@ QString readResource(const QString& name)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-/** The configuration object: forms keep their state in its properties, and it keeps those in QSettings. */
-class Configuration : public QObject
+QString settingsPath(const QString& asked)
 {
-public:
-    /** An empty @p fileName means the user's own settings. */
-    explicit Configuration(const QString& fileName)
-        : store(fileName.isEmpty()
-                    ? std::make_unique<QSettings>(QStringLiteral("zorva"), QStringLiteral("embedding"))
-                    : std::make_unique<QSettings>(fileName, QSettings::IniFormat))
-    {
-        store->setFallbacksEnabled(false);
-        const QStringList keys = store->allKeys();
-        for (const QString& key : keys)
-            setProperty(key.toLatin1().constData(), store->value(key));
-    }
-
-    bool event(QEvent* event) override
-    {
-        if (event->type() == QEvent::DynamicPropertyChange)
-            save(static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName());
-        return QObject::event(event);
-    }
-
-private:
-    void save(const QByteArray& name)
-    {
-        const QVariant value = property(name.constData());
-        // An invalid value is how a form takes a default state back.
-        if (value.isValid())
-            store->setValue(QString::fromLatin1(name), value);
-        else
-            store->remove(QString::fromLatin1(name));
-    }
-
-    std::unique_ptr<QSettings> store;
-};
+    if (!asked.isEmpty())
+        return asked;
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
+    folder.mkpath(QStringLiteral("."));
+    return folder.filePath(QStringLiteral("settings.xml"));
+}
 
 /**
  * What stands for the device. It takes parameters as it gets them, but its volume
@@ -79,28 +51,17 @@ private:
 class Device
 {
 public:
-    /** Parameter XML with the parameters that came out different; empty if none did. */
-    QString apply(const QString& xml)
+    /** The parameters of @p form as they came out. */
+    QList<hostkit::Parameter> apply(const QString& form, const QList<hostkit::Parameter>& wanted)
     {
-        QXmlStreamReader reader(xml);
-        reader.readNextStartElement();
-        const QString root = reader.name().toString();
-        QString answer;
-        QXmlStreamWriter writer(&answer);
-        writer.writeStartElement(root);
-        bool differs = false;
-        while (reader.readNextStartElement()) {
-            const QString tag = reader.name().toString();
-            const QString wanted = reader.readElementText();
-            const QString set = tag == QLatin1String("volume") ? rounded(wanted) : wanted;
-            parameters.insert(root + QLatin1Char('/') + tag, set);
-            if (set == wanted)
-                continue;
-            differs = true;
-            writer.writeTextElement(tag, set);
+        QList<hostkit::Parameter> answer;
+        for (const hostkit::Parameter& parameter : wanted) {
+            const bool isVolume = parameter.path == QLatin1String("volume");
+            const QString set = isVolume ? rounded(parameter.text) : parameter.text;
+            parameters.insert(form + QLatin1Char('/') + parameter.path, set);
+            answer.append({parameter.path, set});
         }
-        writer.writeEndElement();
-        return differs ? answer : QString();
+        return answer;
     }
 
     QString parameter(const QString& path) const { return parameters.value(path); }
@@ -116,8 +77,8 @@ class Window : public QMainWindow
     Q_OBJECT
 
 public:
-    explicit Window(const QString& settingsFile)
-        : configuration(settingsFile)
+    explicit Window(const QString& settings)
+        : configuration(settingsPath(settings))
     {
         auto* const central = new QWidget(this);
         auto* const columns = new QHBoxLayout(central);
@@ -151,8 +112,10 @@ private Q_SLOTS:
         if (!form)
             return;
         // The first call has built the form's widget; from here it lives in this window.
-        if (form->GetGUI() && form->GetGUI()->parentWidget() != place)
+        if (form->GetGUI() && form->GetGUI()->parentWidget() != place) {
             place->layout()->addWidget(form->GetGUI());
+            states.insert(name, new hostkit::RowStates(*form, this));
+        }
         // Each form under a key of its own, so that one does not overwrite another's groups.
         forms.SetConfigObject(&configuration, name);
         forms.ShowFormular(name);
@@ -167,10 +130,8 @@ private Q_SLOTS:
         if (xml.isNull())
             return;
         QTextStream(stdout) << xml << '\n';
-        const QString answer = device.apply(xml);
-        // What comes back counts as read, not as a change of the user.
-        if (!answer.isEmpty())
-            forms.SetXmlString(answer);
+        const QList<hostkit::Parameter> wanted = hostkit::parametersOf(xml);
+        showAnswer(wanted, device.apply(forms.GetCurrentName(), wanted));
         statusBar()->showMessage(tr("Applied: %1").arg(forms.GetCurrentName()), 3000);
     }
 
@@ -190,6 +151,8 @@ private Q_SLOTS:
     }
 
 public:
+    /** The state of the current form's rows; made when the form is first shown. */
+    hostkit::RowStates* rowStates() const { return states.value(forms.GetCurrentName()); }
     Orvane::ZorvaFormularManager& manager() { return forms; }
     Device& target() { return device; }
     QListWidget* list() { return names; }
@@ -197,9 +160,24 @@ public:
     QAction* louderAction() { return louder; }
 
 private:
-    Configuration configuration;
+    /** Puts what the device really set into the rows, and says at each how it came out. */
+    void showAnswer(const QList<hostkit::Parameter>& wanted, const QList<hostkit::Parameter>& answer)
+    {
+        const auto form = forms.GetCurrentFormular();
+        // What comes back counts as read, not as a change of the user.
+        form->SetXmlString(hostkit::parameterXml(form->GetEmptyXmlElement(), answer));
+        for (int i = 0; i < answer.size(); ++i) {
+            const bool equal = hostkit::saysTheSame(wanted.at(i).text, answer.at(i).text);
+            rowStates()->set(answer.at(i).path,
+                             equal ? hostkit::RowState::Confirmed : hostkit::RowState::Differing,
+                             equal ? QString() : tr("asked for %1").arg(wanted.at(i).text));
+        }
+    }
+
+    hostkit::ConfigurationStore configuration;
     Device device;
     Orvane::ZorvaFormularManager forms;
+    QMap<QString, hostkit::RowStates*> states; // owned by this window
     // Owned by this window.
     QListWidget* names;
     QWidget* place;
@@ -285,6 +263,8 @@ private:
               "the device has the applied parameter");
         check(valueOf(window, "volume") == QLatin1String("65"), "the form shows what the device set");
         check(!window.manager().isWidgetModified(), "what came back is no change");
+        check(window.rowStates()->state(QStringLiteral("volume")) == hostkit::RowState::Differing,
+              "the row says that the device took another value");
         select(window, "Recorder");
         write(window, "duration", "90");
         check(window.target().parameter(QStringLiteral("Recorder/duration")) == QLatin1String("90"),
@@ -326,7 +306,7 @@ private:
 int selfTest()
 {
     const QTemporaryDir folder;
-    return folder.isValid() ? SelfTest(folder.filePath(QStringLiteral("settings.ini"))).run() : 1;
+    return folder.isValid() ? SelfTest(folder.filePath(QStringLiteral("settings.xml"))).run() : 1;
 }
 
 } // namespace

@@ -1,0 +1,142 @@
+// zorva-rig: a radio behind a form.
+
+#include "commandline.h"
+#include "formwriter.h"
+#include "models.h"
+#include "session.h"
+#include "window.h"
+
+#include <hostkit/settingsstore.h>
+
+#include <QApplication>
+#include <QTextStream>
+
+#include <cstdlib>
+
+namespace {
+
+using radio::CommandLine;
+
+enum ExitCode { Success = 0, Failure = 1, Usage = 2 };
+
+int complain(const QString& what, ExitCode code)
+{
+    QTextStream(stderr) << "zorva-rig: " << what << '\n';
+    return code;
+}
+
+int list(const QString& pattern)
+{
+    const QList<radio::Model> found = radio::models(pattern);
+    QTextStream out(stdout);
+    for (const radio::Model& model : found)
+        out << QStringLiteral("%1  %2  %3  %4\n")
+                   .arg(model.number, 6)
+                   .arg(model.maker, -22)
+                   .arg(model.name, -28)
+                   .arg(model.status);
+    return found.isEmpty() ? complain(QStringLiteral("no model matches %1").arg(pattern), Failure) : Success;
+}
+
+int writeText(const QString& fileName, const QString& text)
+{
+    QString error;
+    if (fileName == QLatin1String("-")) {
+        QTextStream(stdout) << text;
+        return Success;
+    }
+    return hostkit::saveText(fileName, text, &error)
+               ? Success
+               : complain(QStringLiteral("%1: %2").arg(fileName, error), Failure);
+}
+
+int writeForm(const CommandLine& commandLine)
+{
+    radio::Model model;
+    if (!radio::findModel(commandLine.model, &model))
+        return complain(QStringLiteral("Hamlib has no model %1").arg(commandLine.model), Failure);
+    return writeText(commandLine.output, radio::formFor(model));
+}
+
+/** Ends the program although a call hangs in a thread: nothing is left to be cleaned up. */
+int finish(radio::Window& window, int code)
+{
+    if (!window.stop())
+        std::_Exit(code);
+    return code;
+}
+
+/** Reads the radio once and stores what it said; a radio that does not answer is no reason to wait for ever.
+ */
+int save(const CommandLine& commandLine, radio::Window& window)
+{
+    int code = Failure;
+    QObject::connect(&window.link(), &hostkit::FormLink::readAll, qApp, [&] {
+        code = writeText(commandLine.output, window.link().settings() + QLatin1Char('\n'));
+        QCoreApplication::exit();
+    });
+    QObject::connect(&window.link().link(), &hostkit::DeviceLink::stateChanged, qApp,
+                     [](hostkit::LinkState state, const QString& reason) {
+                         if (state != hostkit::LinkState::Down && state != hostkit::LinkState::Slow)
+                             return;
+                         complain(QStringLiteral("the radio does not answer: %1").arg(reason), Failure);
+                         QCoreApplication::exit();
+                     });
+    window.start();
+    QApplication::exec();
+    return code;
+}
+
+int operate(const CommandLine& commandLine)
+{
+    radio::Session session;
+    QString error;
+    if (!session.prepare(commandLine, &error))
+        return complain(error, Failure);
+    radio::Window window(session.model.title(), session.form, session.device);
+    if (commandLine.task == CommandLine::Save)
+        return finish(window, save(commandLine, window));
+    if (!commandLine.restore.isEmpty())
+        window.restore(commandLine.restore);
+    window.show();
+    window.start();
+    return finish(window, QApplication::exec());
+}
+
+int run(const CommandLine& commandLine)
+{
+    switch (commandLine.task) {
+    case CommandLine::Help:
+        QTextStream(stdout) << CommandLine::help();
+        return Success;
+    case CommandLine::Version:
+        QTextStream(stdout) << "zorva-rig " << ZORVA_RIG_VERSION << " (Hamlib " << hamlib_version << ")\n";
+        return Success;
+    case CommandLine::List:
+        return list(commandLine.pattern);
+    case CommandLine::WriteForm:
+        return writeForm(commandLine);
+    case CommandLine::Save:
+    case CommandLine::Operate:
+        break;
+    }
+    return operate(commandLine);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    CommandLine commandLine;
+    QString error;
+    if (!CommandLine::parse(arguments, &commandLine, &error))
+        return complain(error + QStringLiteral("\nTry zorva-rig --help."), Usage);
+    // Without a window there is no need of a display.
+    if (commandLine.task != CommandLine::Operate && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    return run(commandLine);
+}

@@ -1,0 +1,129 @@
+#include "rigdevice.h"
+
+namespace radio {
+
+using hostkit::Answer;
+
+namespace {
+
+const QLatin1String frequencyPath("Tuning/Frequency");
+const QLatin1String modePath("Mode/Mode");
+const QLatin1String anyPassbandPath("Mode/Passband");
+
+/** All passbands of a round are told by one answer, in milliseconds. */
+constexpr int modeHolds = 50;
+
+QString modeOf(const QString& modeAndWidth)
+{
+    return modeAndWidth.section(QLatin1Char(' '), 0, 0);
+}
+
+QString widthOf(const QString& modeAndWidth)
+{
+    return modeAndWidth.section(QLatin1Char(' '), 1, 1);
+}
+
+} // namespace
+
+RigDevice::RigDevice(const QList<Parameter>& parameters)
+{
+    for (const Parameter& parameter : parameters) {
+        m_parameters.insert(parameter.path, parameter);
+        if (parameter.call == Call::Passband)
+            m_passbands.append(parameter.path);
+    }
+    if (m_parameters.contains(modePath) && !m_parameters.contains(anyPassbandPath)) {
+        Parameter any = m_parameters.value(modePath);
+        any.path = anyPassbandPath;
+        any.call = Call::Passband;
+        m_parameters.insert(any.path, any);
+        m_passbands.append(any.path);
+    }
+}
+
+bool RigDevice::knows(const QString& path) const
+{
+    return m_parameters.contains(path);
+}
+
+bool RigDevice::isLive(const QString& path) const
+{
+    return m_parameters.value(path).look == Look::Reading;
+}
+
+Answer RigDevice::read(const QString& path)
+{
+    const auto found = m_parameters.constFind(path);
+    if (found == m_parameters.constEnd())
+        return Answer::refused(QStringLiteral("this radio does not have it"));
+    if (!found->readable)
+        return Answer::refused(QStringLiteral("the radio does not tell"));
+    if (found->call == Call::Passband)
+        return readPassband(*found);
+    const Answer answer = get(*found);
+    if (answer.outcome != Answer::Done || answer.text.isNull())
+        return answer;
+    const QString text = found->toForm(found->call == Call::Mode ? modeOf(answer.text) : answer.text);
+    return text.isNull() ? Answer::refused(QStringLiteral("unreadable answer: ") + answer.text)
+                         : Answer::done(text);
+}
+
+Answer RigDevice::getMode(const Parameter& parameter)
+{
+    if (!m_modeUntil.hasExpired())
+        return m_mode;
+    const Answer answer = get(parameter);
+    if (answer.outcome == Answer::Done) {
+        m_mode = answer;
+        m_modeUntil.setRemainingTime(modeHolds);
+    }
+    return answer;
+}
+
+// A passband that belongs to another mode has no meaning just now.
+Answer RigDevice::readPassband(const Parameter& parameter)
+{
+    const Answer answer = getMode(parameter);
+    if (answer.outcome != Answer::Done)
+        return answer;
+    const bool applies = parameter.modes.isEmpty() || parameter.modes.contains(modeOf(answer.text));
+    return Answer::done(applies ? widthOf(answer.text) : QString());
+}
+
+Answer RigDevice::write(const QString& path, const QString& text)
+{
+    const auto found = m_parameters.constFind(path);
+    if (found == m_parameters.constEnd() || !found->writable)
+        return Answer::refused(QStringLiteral("this radio cannot set it"));
+    m_modeUntil.setRemainingTime(0);
+    if (found->call == Call::Passband)
+        return writePassband(*found, text);
+    const QString radioText = found->toRadio(text);
+    if (radioText.isEmpty())
+        return Answer::refused(QStringLiteral("no number"));
+    // The width is left to the radio: that of the mode before seldom fits.
+    return set(*found, found->call == Call::Mode ? radioText + QLatin1String(" 0") : radioText);
+}
+
+Answer RigDevice::writePassband(const Parameter& parameter, const QString& width)
+{
+    const Answer answer = get(parameter);
+    if (answer.outcome != Answer::Done)
+        return answer;
+    const QString mode = modeOf(answer.text);
+    if (!parameter.modes.isEmpty() && !parameter.modes.contains(mode))
+        return Answer::refused(QStringLiteral("the mode is ") + mode);
+    return set(parameter, mode + QLatin1Char(' ') + width);
+}
+
+QStringList RigDevice::affectedBy(const QString& path) const
+{
+    const Parameter parameter = m_parameters.value(path);
+    if (parameter.call == Call::Mode)
+        return m_passbands;
+    if (parameter.call == Call::Vfo || parameter.word == QLatin1String("BAND_SELECT"))
+        return QStringList{frequencyPath, modePath} + m_passbands;
+    return {};
+}
+
+} // namespace radio

@@ -1,0 +1,52 @@
+#ifndef ZORVA_RIG_RIGDEVICE_H
+#define ZORVA_RIG_RIGDEVICE_H
+
+#include "parameter.h"
+
+#include <hostkit/device.h>
+
+#include <QDeadlineTimer>
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+namespace radio {
+
+/**
+ * A radio as a device of parameters, whichever way it is reached. Texts towards
+ * the radio are those of Hamlib's own command language.
+ */
+class RigDevice : public hostkit::Device
+{
+public:
+    explicit RigDevice(const QList<Parameter>& parameters);
+
+    hostkit::Answer write(const QString& path, const QString& text) override;
+    hostkit::Answer read(const QString& path) override;
+    QStringList affectedBy(const QString& path) const override;
+
+    /** Whether the radio has a parameter at @p path; "Mode/Passband" is the passband of any mode. */
+    bool knows(const QString& path) const;
+    /** Whether it is only read, and moves by itself. */
+    bool isLive(const QString& path) const;
+
+protected:
+    /** The radio's text, null if it has nothing to tell; of a mode, its name and its width with a blank
+     * between. */
+    virtual hostkit::Answer get(const Parameter& parameter) = 0;
+    virtual hostkit::Answer set(const Parameter& parameter, const QString& text) = 0;
+
+private:
+    hostkit::Answer getMode(const Parameter& parameter);
+    hostkit::Answer readPassband(const Parameter& parameter);
+    hostkit::Answer writePassband(const Parameter& parameter, const QString& width);
+
+    QHash<QString, Parameter> m_parameters; // by path
+    QStringList m_passbands;                // their paths
+    hostkit::Answer m_mode;                 // as told just now, while the deadline has not passed
+    QDeadlineTimer m_modeUntil;
+};
+
+} // namespace radio
+
+#endif

@@ -1,0 +1,319 @@
+#include "livetest.h"
+#include "proxy.h"
+
+#include <hostkit/settingsstore.h>
+
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTreeWidget>
+
+using hostkit::LinkState;
+using hostkit::RowState;
+
+/// The program's window in front of a real daemon, with a bad line in between
+/// where need be.
+class TestZorvaRig : public LiveTest
+{
+    Q_OBJECT
+
+    std::unique_ptr<Proxy> m_proxy;
+
+    void openThroughProxy()
+    {
+        startDaemon();
+        m_proxy = std::make_unique<Proxy>(m_daemon->port());
+        openWindow(QStringLiteral("127.0.0.1:%1").arg(m_proxy->port()));
+    }
+    LinkState linkState() const { return m_window->link().link().state(); }
+    QString linkText() const { return m_window->findChild<QLabel*>(QStringLiteral("linkState"))->text(); }
+
+private Q_SLOTS:
+    void end()
+    {
+        closeAll();
+        m_proxy.reset();
+    }
+
+    void showsThePresentState()
+    {
+        startDaemon();
+        QCOMPARE(m_daemon->rigctl({QStringLiteral("F"), QStringLiteral("145500000")}), QString());
+        openWindow(m_daemon->address());
+        QCOMPARE(shown("Tuning/Frequency"), QStringLiteral("145500000"));
+        QCOMPARE(shown("Mode/Mode"), QStringLiteral("FM"));
+        QCOMPARE(state("Tuning/Frequency"), RowState::Confirmed);
+        QCOMPARE(state("Level/AF"), RowState::Confirmed);
+        QVERIFY(control("mode_Passband_FM")->isVisibleTo(m_window.get()));
+        QVERIFY(!control("mode_Passband_USB")->isVisibleTo(m_window.get()));
+        QCOMPARE(linkText(), QStringLiteral("Connected"));
+        end();
+    }
+
+    void editByKeysIsThere()
+    {
+        startDaemon();
+        openWindow(m_daemon->address());
+        type("level_AF", "45\r");
+        apply();
+        QTRY_COMPARE_WITH_TIMEOUT(state("Level/AF"), RowState::Confirmed, longTime);
+        QCOMPARE(m_daemon->rigctl({QStringLiteral("l"), QStringLiteral("AF")}).toDouble(), 0.45);
+
+        auto* const mode = m_window->findChild<QComboBox*>(QStringLiteral("mode_Mode"));
+        mode->setFocus();
+        QTest::keyClicks(mode, QStringLiteral("USB"));
+        apply();
+        QTRY_COMPARE_WITH_TIMEOUT(state("Mode/Mode"), RowState::Confirmed, longTime);
+        QVERIFY(m_daemon->rigctl({QStringLiteral("m")}).startsWith(QLatin1String("USB")));
+        QVERIFY(control("mode_Passband_USB")->isVisibleTo(m_window.get()));
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Mode/Passband_USB"), QStringLiteral("2400"), longTime);
+
+        auto* const frequency = control("FrequencyControl")->findChild<QLineEdit*>();
+        frequency->setFocus();
+        frequency->selectAll();
+        QTest::keyClicks(frequency, QStringLiteral("98.5 MHz\r"));
+        apply();
+        QTRY_COMPARE_WITH_TIMEOUT(state("Tuning/Frequency"), RowState::Confirmed, longTime);
+        QCOMPARE(m_daemon->rigctl({QStringLiteral("f")}), QStringLiteral("98500000"));
+        end();
+    }
+
+    void changeByAnotherClientArrives()
+    {
+        startDaemon();
+        openWindow(m_daemon->address());
+        QCOMPARE(m_daemon->rigctl({QStringLiteral("F"), QStringLiteral("7100000")}), QString());
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Tuning/Frequency"), QStringLiteral("7100000"), longTime);
+        QCOMPARE(m_daemon->rigctl({QStringLiteral("L"), QStringLiteral("SQL"), QStringLiteral("0.25")}),
+                 QString());
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Level/SQL").toDouble(), 25.0, longTime);
+        QCOMPARE(m_daemon->rigctl({QStringLiteral("U"), QStringLiteral("NB"), QStringLiteral("1")}),
+                 QString());
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Function/NB"), QStringLiteral("1"), longTime);
+        QVERIFY(!m_session.form->GetSheet().isWidgetModified());
+        end();
+    }
+
+    // A width that no filter of the list has is shown as it is, not as the nearest one.
+    void widthBesideTheListIsShown()
+    {
+        startDaemon();
+        openWindow(m_daemon->address());
+        QCOMPARE(m_daemon->rigctl({QStringLiteral("M"), QStringLiteral("FM"), QStringLiteral("12345")}),
+                 QString());
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Mode/Passband_FM"), QStringLiteral("12345"), longTime);
+        QCOMPARE(state("Mode/Passband_FM"), RowState::Confirmed);
+        end();
+    }
+
+    void typingIsNotDisturbed()
+    {
+        startDaemon();
+        openWindow(m_daemon->address());
+        type("level_AF", "4");
+        auto* const meter = m_window->findChild<QLabel*>(QStringLiteral("level_STRENGTH"));
+        const QString before = meter->text();
+        QCOMPARE(m_daemon->rigctl({QStringLiteral("L"), QStringLiteral("AF"), QStringLiteral("0.9")}),
+                 QString());
+        QTRY_VERIFY_WITH_TIMEOUT(meter->text() != before, longTime);
+        RigctlClient client;
+        QVERIFY(client.open(m_daemon->port()));
+        client.ask(QStringLiteral("set_level SQL 0.5"));
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Level/SQL").toDouble(), 50.0, longTime);
+        auto* const box = m_window->findChild<QAbstractSpinBox*>(QStringLiteral("level_AF"));
+        QVERIFY2(box->text().startsWith(QLatin1Char('4')), qPrintable(box->text()));
+        QTest::keyClicks(box, QStringLiteral("2\r"));
+        apply();
+        QTRY_COMPARE_WITH_TIMEOUT(client.value(QStringLiteral("get_level AF")).toDouble(), 0.42, longTime);
+        end();
+    }
+
+    void frozenDaemonTurnsRowsStaleAndComesBack()
+    {
+        startDaemon();
+        openWindow(m_daemon->address());
+        m_daemon->freeze();
+        QTRY_COMPARE_WITH_TIMEOUT(state("Level/AF"), RowState::Stale, longTime);
+        type("level_AF", "30\r"); // the form stays usable
+        QCOMPARE(shown("Level/AF").toDouble(), 30.0);
+        m_daemon->thaw();
+        QTRY_COMPARE_WITH_TIMEOUT(linkState(), LinkState::Up, longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(state("Level/SQL"), RowState::Confirmed, longTime);
+        QCOMPARE(shown("Level/AF").toDouble(), 30.0);
+        end();
+    }
+
+    void killedAndRestartedDaemonIsAskedAbout()
+    {
+        startDaemon();
+        openWindow(m_daemon->address());
+        m_daemon->kill();
+        QTRY_COMPARE_WITH_TIMEOUT(linkState(), LinkState::Down, longTime);
+        QCOMPARE(state("Level/AF"), RowState::Stale);
+        QVERIFY(linkText().startsWith(QLatin1String("No radio")));
+        type("level_AF", "60\r");
+        apply();
+        QVERIFY(m_daemon->start());
+        QTRY_VERIFY_WITH_TIMEOUT(m_window->review(), longTime);
+        QCOMPARE(linkState(), LinkState::Up);
+        RigctlClient client;
+        QVERIFY(client.open(m_daemon->port()));
+        QCOMPARE(client.value(QStringLiteral("get_level AF")).toDouble(), 0.0); // nothing was sent blindly
+        auto* const rows = m_window->review()->findChild<QTreeWidget*>(QStringLiteral("reviewRows"));
+        QCOMPARE(rows->topLevelItemCount(), 1);
+        QCOMPARE(rows->topLevelItem(0)->text(0), QStringLiteral("Audio and noise: Volume"));
+        QCOMPARE(rows->topLevelItem(0)->text(2), QStringLiteral("60.0 %"));
+        QTest::mouseClick(m_window->review()->findChild<QPushButton*>(QStringLiteral("reviewSend")),
+                          Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(state("Level/AF"), RowState::Confirmed, longTime);
+        QCOMPARE(client.value(QStringLiteral("get_level AF")).toDouble(), 0.6);
+        end();
+    }
+
+    void slowLineConfirmsInTheEnd()
+    {
+        openThroughProxy();
+        m_proxy->setDelay(60);
+        type("level_AF", "10\r");
+        apply();
+        QCOMPARE(state("Level/AF"), RowState::Requested);
+        type("level_AF", "70\r");
+        apply();
+        QCOMPARE(shown("Level/AF").toDouble(), 70.0);
+        QTRY_COMPARE_WITH_TIMEOUT(state("Level/AF"), RowState::Confirmed, longTime);
+        QCOMPARE(shown("Level/AF").toDouble(), 70.0);
+        QCOMPARE(linkState(), LinkState::Up);
+        end();
+    }
+
+    void refusalShowsAtTheRow()
+    {
+        openThroughProxy();
+        m_proxy->answer("set_level AF", "set_level: AF 0.200000\nRPRT -9\n");
+        type("level_AF", "20\r");
+        apply();
+        QTRY_COMPARE_WITH_TIMEOUT(state("Level/AF"), RowState::Refused, longTime);
+        const QString why = m_window->link().states().why(QStringLiteral("Level/AF"));
+        QVERIFY2(why.contains(QLatin1String("rejected")), qPrintable(why));
+        QVERIFY(control("level_AF")->accessibleDescription().contains(why));
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Level/AF").toDouble(), 0.0, longTime);
+        QCOMPARE(state("Level/AF"), RowState::Refused);
+        end();
+    }
+
+    void otherValueTakenIsSaid()
+    {
+        openThroughProxy();
+        m_proxy->answer("set_level AF", "set_level: AF 0.200000\nRPRT 0\n");
+        m_proxy->answer("get_level AF", "get_level: AF\n0.196078\nRPRT 0\n");
+        type("level_AF", "20\r");
+        apply();
+        QTRY_COMPARE_WITH_TIMEOUT(state("Level/AF"), RowState::Differing, longTime);
+        QCOMPARE(shown("Level/AF").toDouble(), 19.6);
+        QCOMPARE(m_window->link().states().why(QStringLiteral("Level/AF")),
+                 QStringLiteral("asked for 20.0 %, the device took 19.6 %"));
+        end();
+    }
+
+    void badLine_data()
+    {
+        QTest::addColumn<QByteArray>("answer");
+        QTest::newRow("an answer to something else") << QByteArray("get_level: SQL\n0.5\nRPRT 0\n");
+        QTest::newRow("garbage") << QByteArray("\xff\x00\xfe\n", 4);
+        QTest::newRow("an endless line") << QByteArray(100000, 'x');
+        QTest::newRow("an endless answer") << "get_level: AF\n" + QByteArray("1\n").repeated(5000);
+    }
+    void badLine()
+    {
+        QFETCH(QByteArray, answer);
+        openThroughProxy();
+        m_proxy->answer("get_level AF", answer);
+        QTRY_COMPARE_WITH_TIMEOUT(linkState(), LinkState::Down, longTime);
+        m_proxy->answer("get_level AF", "get_level: AF\n0.250000\nRPRT 0\n");
+        QTRY_COMPARE_WITH_TIMEOUT(linkState(), LinkState::Up, longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Level/AF").toDouble(), 25.0, longTime);
+        end();
+    }
+
+    void cutLineIsMadeAnew()
+    {
+        openThroughProxy();
+        const int before = m_proxy->connections();
+        m_proxy->cut();
+        QTRY_VERIFY_WITH_TIMEOUT(m_proxy->connections() > before, longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(state("Level/AF"), RowState::Confirmed, longTime);
+        end();
+    }
+
+    void closesWithinASecondDuringAHangingCall()
+    {
+        openThroughProxy();
+        m_proxy->setMute(true);
+        QTRY_COMPARE_WITH_TIMEOUT(linkState(), LinkState::Slow, longTime);
+        QElapsedTimer timer;
+        timer.start();
+        m_window->close();
+        QVERIFY(m_window->stop());
+        QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+        end();
+    }
+
+    void formOfTheHostsOwn()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("small.zorva"));
+        QVERIFY(hostkit::saveText(
+            file,
+            formXml(rowXml("FrequencyEdit", "tune",
+                           {{"labelText", "Tune"}, {"parameterXmlTag", "Tuning/Frequency"}}) +
+                    rowXml("SpinBox", "volume",
+                           {{"labelText", "Volume"}, {"parameterXmlTag", "Level/AF"}, {"maximum", 100}}) +
+                    rowXml("LineEdit", "note", {{"labelText", "Note"}}))));
+        startDaemon();
+        openWindow(m_daemon->address(), file);
+        QCOMPARE(shown("Tuning/Frequency"), QStringLiteral("145000000"));
+        write("Level/AF", QStringLiteral("33"));
+        QTRY_COMPARE_WITH_TIMEOUT(state("Level/AF"), RowState::Confirmed, longTime);
+        write("note", QStringLiteral("hello"));
+        QTRY_COMPARE_WITH_TIMEOUT(state("note"), RowState::Refused, longTime);
+        end();
+    }
+
+    void settingsAreReviewedAndRestored()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("settings.xml"));
+        startDaemon();
+        openWindow(m_daemon->address());
+        QVERIFY(hostkit::saveText(file, m_window->link().settings()));
+        RigctlClient client;
+        QVERIFY(client.open(m_daemon->port()));
+        client.ask(QStringLiteral("set_level AF 0.8"));
+        client.ask(QStringLiteral("set_func NB 1"));
+        client.ask(QStringLiteral("set_level AGC 3"));
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Level/AF").toDouble(), 80.0, longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Function/NB"), QStringLiteral("1"), longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Level/AGC"), QStringLiteral("3"), longTime);
+        m_window->restore(file);
+        QVERIFY(m_window->review());
+        auto* const rows = m_window->review()->findChild<QTreeWidget*>(QStringLiteral("reviewRows"));
+        QCOMPARE(rows->topLevelItemCount(), 3);
+        QCOMPARE(rows->topLevelItem(0)->text(0), QStringLiteral("Receiver: AGC"));
+        QCOMPARE(rows->topLevelItem(0)->text(1), QStringLiteral("Slow"));
+        QCOMPARE(rows->topLevelItem(0)->text(2), QStringLiteral("Off"));
+        QCOMPARE(rows->topLevelItem(2)->text(1), QStringLiteral("on"));
+        rows->topLevelItem(0)->setCheckState(0, Qt::Unchecked);
+        QTest::mouseClick(m_window->review()->findChild<QPushButton*>(QStringLiteral("reviewSend")),
+                          Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(client.value(QStringLiteral("get_level AF")).toDouble(), 0.0, longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(client.value(QStringLiteral("get_func NB")), QStringLiteral("0"), longTime);
+        QCOMPARE(client.value(QStringLiteral("get_level AGC")), QStringLiteral("3"));
+        end();
+    }
+};
+
+QTEST_MAIN(TestZorvaRig)
+
+#include "tst_zorvarig.moc"
