@@ -121,9 +121,11 @@ void DeviceLink::Worker::run()
     while (!quitting()) {
         const Answer answer = open();
         if (answer.outcome == Answer::Done) {
-            wait = firstPause;
             comeUp();
             serve();
+            // A link that breaks again before all was read is no better than none.
+            if (m_allRead)
+                wait = firstPause;
         } else {
             lose(answer.text);
         }

@@ -37,6 +37,18 @@ QString withoutIndex(const QString& parameter)
     return bracket < 0 ? parameter : parameter.left(bracket);
 }
 
+QString groupPathOf(const QString& path)
+{
+    return path.left(qMax(0, path.lastIndexOf(QLatin1Char('/'))));
+}
+
+/** A sheet also finds rows by their bare tag, wherever they stand; a parameter belongs to one place. */
+bool isOwnPath(ZorvaDelegate& row, const QString& path)
+{
+    const QString& own = row.GetXmlPath();
+    return own == path || (groupPathOf(own) == groupPathOf(path) && row.ContainsXmlTag(leafOf(path)));
+}
+
 /** What the row writes for the parameter's leaf. */
 QString writtenText(const ZorvaDelegate& row, const QString& parameter)
 {
@@ -101,10 +113,12 @@ ZorvaSheet::WidgetPointer rowOf(ZorvaFormular& form, const QString& parameter)
 {
     const QString path = withoutIndex(parameter);
     ZorvaSheet::WidgetPointer row = form.GetSheet().GetWidget(path);
-    const int slash = path.lastIndexOf(QLatin1Char('/'));
-    if (!row && slash > 0)
-        row = form.GetSheet().GetWidget(path.left(slash));
-    return row && row->GetDelegate() ? row : ZorvaSheet::WidgetPointer();
+    if (row && row->GetDelegate() && isOwnPath(*row->GetDelegate(), path))
+        return row;
+    const QString parent = groupPathOf(path);
+    row = parent.isEmpty() ? ZorvaSheet::WidgetPointer() : form.GetSheet().GetWidget(parent);
+    const bool isItem = row && row->GetDelegate() && row->GetDelegate()->GetXmlPath() == parent;
+    return isItem ? row : ZorvaSheet::WidgetPointer();
 }
 
 QString shownText(ZorvaFormular& form, const QString& parameter)

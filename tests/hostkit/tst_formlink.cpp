@@ -318,6 +318,14 @@ private Q_SLOTS:
         end();
     }
 
+    void parameterBelongsToOnePlace()
+    {
+        start();
+        QVERIFY(rowOf(*m_form->formular(), text("gain")));
+        QVERIFY(!rowOf(*m_form->formular(), text("elsewhere/gain")));
+        end();
+    }
+
     void windowAndFormMayGoFirst()
     {
         start();

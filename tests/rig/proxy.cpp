@@ -17,10 +17,14 @@ void Proxy::accept()
     QTcpSocket* const client = m_server.nextPendingConnection();
     auto* const daemon = new QTcpSocket(client);
     ++m_connections;
+    for (QTcpSocket* const socket : {client, daemon})
+        socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     daemon->connectToHost(QHostAddress::LocalHost, m_target);
     connect(client, &QTcpSocket::disconnected, client, &QObject::deleteLater);
     connect(daemon, &QTcpSocket::disconnected, client, &QTcpSocket::disconnectFromHost);
     connect(daemon, &QTcpSocket::errorOccurred, client, &QTcpSocket::disconnectFromHost);
+    connect(daemon, &QTcpSocket::connected, daemon,
+            [daemon] { daemon->setSocketOption(QAbstractSocket::LowDelayOption, 1); });
     connect(client, &QTcpSocket::readyRead, daemon, [this, client, daemon] {
         while (client->canReadLine()) {
             const QByteArray line = client->readLine();
