@@ -6,34 +6,46 @@
 #include <QObject>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QThread>
+
+#include <functional>
+#include <memory>
 
 /// Stands between a client and a daemon on the loopback address, and is as bad
-/// a line as a test wants. Works in the event loop of its thread.
-class Proxy : public QObject
+/// a line as a test wants. It has a thread of its own, which every call visits.
+class Proxy
 {
-    Q_OBJECT
-
 public:
-    explicit Proxy(quint16 target, QObject* parent = nullptr);
+    explicit Proxy(quint16 target);
+    ~Proxy();
+    Proxy(const Proxy&) = delete;
+    Proxy& operator=(const Proxy&) = delete;
 
-    quint16 port() const { return m_server.serverPort(); }
-    int connections() const { return m_connections; }
+    quint16 port() const { return m_port; }
+    int connections();
 
     /// Milliseconds by which each answer is late.
-    void setDelay(int delay) { m_delay = delay; }
+    void setDelay(int delay);
     /// Answers are swallowed.
-    void setMute(bool mute) { m_mute = mute; }
+    void setMute(bool mute);
     /// Commands that begin with `command` are not passed on, and answered with `answer`.
-    void answer(const QByteArray& command, const QByteArray& answer) { m_answers.insert(command, answer); }
-    /// Ends all connections; new ones are taken if `again`.
-    void cut(bool again = true);
+    void answer(const QByteArray& command, const QByteArray& answer);
+    /// Ends all connections; new ones are taken.
+    void cut();
 
 private:
+    void inThread(const std::function<void()>& work);
     void accept();
+    void takeCommands(QTcpSocket* client, QTcpSocket* daemon);
     void reply(QTcpSocket* to, const QByteArray& bytes);
 
-    QTcpServer m_server;
+    QThread m_thread;
+    QObject m_context; // lives in the thread
     const quint16 m_target;
+    quint16 m_port = 0;
+
+    // The thread's own.
+    std::unique_ptr<QTcpServer> m_server;
     int m_delay = 0;
     bool m_mute = false;
     int m_connections = 0;
