@@ -152,7 +152,7 @@ private Q_SLOTS:
 
 public:
     /** The state of the current form's rows; made when the form is first shown. */
-    hostkit::RowStates* rowStates() const { return states.value(forms.GetCurrentName()); }
+    hostkit::RowStates* rowStates() { return states.value(forms.GetCurrentName()); }
     Orvane::ZorvaFormularManager& manager() { return forms; }
     Device& target() { return device; }
     QListWidget* list() { return names; }

@@ -2,6 +2,7 @@
 
 #include <hostkit/formrows.h>
 #include <hostkit/parametertext.h>
+#include <hostkit/settingsstore.h>
 #include <rig/formwriter.h>
 #include <rig/hamlibdevice.h>
 #include <rig/models.h>
@@ -11,7 +12,9 @@
 #include <valueframework/valueselection.h>
 #include <zorvaparser/zorvaparser.h>
 
+#include <QProcess>
 #include <QSet>
+#include <QTemporaryDir>
 
 using hostkit::Answer;
 
@@ -109,6 +112,23 @@ private Q_SLOTS:
                 QFAIL(qPrintable(QStringLiteral("%1 %2").arg(model.number).arg(model.title())));
         }
     }
+
+#ifdef ZORVA_CHECKER
+    void checkerFindsNothing()
+    {
+        const QTemporaryDir folder;
+        const QList<radio::Model> all = radio::models();
+        for (const radio::Model& model : all)
+            QVERIFY(hostkit::saveText(folder.filePath(QStringLiteral("%1.zorva").arg(model.number)),
+                                      radio::formFor(model)));
+        QProcess checker;
+        checker.setProcessChannelMode(QProcess::MergedChannels);
+        checker.start(QStringLiteral(ZORVA_CHECKER), {QStringLiteral("check"), QStringLiteral("--fail-on"),
+                                                      QStringLiteral("note"), folder.path()});
+        QVERIFY(checker.waitForFinished(600000));
+        QVERIFY2(checker.exitCode() == 0, checker.readAll().left(4000).constData());
+    }
+#endif
 
     void namesAreUniqueAndPlain()
     {
