@@ -53,7 +53,13 @@ void addLine(Lines& lines, const Line& line)
         }
         return;
     }
-    lines.append(line);
+    // What the kinds say differently of one thing stands together.
+    int place = lines.size();
+    for (int i = 0; i < lines.size(); ++i) {
+        if (lines.at(i).subject == line.subject)
+            place = i + 1;
+    }
+    lines.insert(place, line);
 }
 
 /** The classes that a line is limited to, for the end of its text; empty if it holds for all. */
@@ -130,10 +136,13 @@ const char* titleOf(Method::Kind kind)
     return titles[kind];
 }
 
+/** A slot that says with its name what it does: "setMinimum". */
 bool isPlainSetter(const Method& method)
 {
-    return method.kind == Method::Slot && method.effect.startsWith(QLatin1String("sets `")) &&
-           method.effect.endsWith(QLatin1Char('`')) && method.effect.count(QLatin1Char('`')) == 2;
+    if (method.kind != Method::Slot || !method.name.startsWith(QLatin1String("set")))
+        return false;
+    const QString property = method.name.mid(3, 1).toLower() + method.name.mid(4);
+    return method.effect == QStringLiteral("sets %1").arg(code(property));
 }
 
 Lines methodLines(const Kinds& kinds, int from, Method::Kind wanted, bool setters)
@@ -153,17 +162,24 @@ Lines methodLines(const Kinds& kinds, int from, Method::Kind wanted, bool setter
     return lines;
 }
 
-QString setterRow(const Kinds& kinds, int from)
+/** One row for each set of kinds that have the same setters. */
+QString setterRows(const Kinds& kinds, int from)
 {
-    QStringList calls;
+    QStringList limitations;
+    QList<QStringList> calls;
     for (const Line& line : methodLines(kinds, from, Method::Slot, true)) {
-        const QString call = line.subject + limitation(line, kinds);
-        if (!calls.contains(call))
-            calls.append(call);
+        const QString limited = limitation(line, kinds);
+        if (!limitations.contains(limited)) {
+            limitations.append(limited);
+            calls.append(QStringList());
+        }
+        calls[limitations.indexOf(limited)].append(line.subject);
     }
-    return calls.isEmpty() ? QString()
-                           : row({QStringLiteral("Slots that set the property of their name"),
-                                  calls.join(QStringLiteral(", "))});
+    QString text;
+    for (int i = 0; i < limitations.size(); ++i)
+        text += row({QStringLiteral("Slots that set the property of their name") + limitations.at(i),
+                     calls.at(i).join(QStringLiteral(", "))});
+    return text;
 }
 
 QString parameterRow(const Kinds& kinds)
@@ -187,7 +203,7 @@ QString methodTable(const Kinds& kinds, int from)
     QString text;
     for (const Method::Kind kind : {Method::Signal, Method::Slot, Method::Invokable}) {
         if (kind == Method::Slot)
-            text += setterRow(kinds, from);
+            text += setterRows(kinds, from);
         for (const Line& line : methodLines(kinds, from, kind, false))
             text += row({QLatin1String(titleOf(kind)) + QLatin1Char(' ') + line.subject,
                          line.effect + limitation(line, kinds)});
@@ -216,15 +232,24 @@ QString sectionTables(const Kinds& kinds)
     return text + headless(methodTable(kinds, 0) + parameterRow(kinds));
 }
 
+/** A kind for which nothing that all rows have is without effect. */
+Kinds usualRow()
+{
+    return {KindTable::instance().findClass(QStringLiteral("CheckBox"))};
+}
+
 QString sharedTables()
 {
-    // Nothing is without effect for a row with a control of the usual kind.
-    const Kinds usual = {KindTable::instance().findClass(QStringLiteral("CheckBox"))};
+    const Kinds usual = usualRow();
     return propertyTable(propertyLines(usual, &ControlClass::properties, true), usual,
                          QStringLiteral("Property")) +
            propertyTable(propertyLines(usual, &ControlClass::customProperties, true), usual,
-                         QStringLiteral("Custom property")) +
-           headless(methodTable(usual, -1));
+                         QStringLiteral("Custom property"));
+}
+
+QString sharedObjectTables()
+{
+    return headless(methodTable(usualRow(), -1));
 }
 
 QString sheetTables()
@@ -244,6 +269,8 @@ QString tablesFor(const QStringList& names, QStringList& classes)
 {
     if (names == QStringList(QStringLiteral("rows")))
         return sharedTables();
+    if (names == QStringList(QStringLiteral("row-object")))
+        return sharedObjectTables();
     if (names == QStringList(QStringLiteral("sheet")))
         return sheetTables();
     if (names == QStringList(QStringLiteral("sheet-object")))

@@ -10,8 +10,8 @@ namespace Author {
 /**
  * The tables of a Markdown page made anew from the table of the language. They stand
  * between "<!-- kinds: NAME... -->" and "<!-- kinds end -->", where the names are
- * classes that are told of together, or "rows" (what all rows share), "sheet"
- * (its properties) or "sheet-object" (what a script finds on it).
+ * classes that are told of together, or "rows" (the properties that all rows share),
+ * "row-object" (what a script finds on all of them), "sheet" and "sheet-object".
  */
 struct KindPage
 {
