@@ -7,6 +7,8 @@
 
 namespace {
 
+IErrorHandler* hostHandler = nullptr; // not owned; null: the built-in one
+
 int initialTraceMask()
 {
     bool ok = false;
@@ -44,7 +46,12 @@ ErrorHandler& ErrorHandler::Instance()
 
 IErrorHandler* ErrorHandler::Interface()
 {
-    return &Instance();
+    return hostHandler ? hostHandler : &Instance();
+}
+
+void ErrorHandler::SetInterface(IErrorHandler* handler)
+{
+    hostHandler = handler;
 }
 
 int ErrorHandler::GetTraceMask() const

@@ -26,7 +26,8 @@ constexpr TValueState GoingAway = 1;
 } // namespace ValueState
 
 /// Somebody who wants to hear of changes. An observer that dies takes itself
-/// out of every observable first: observables do not own it.
+/// out of every observable first: observables do not own it. Debug builds stop
+/// the program where one that did not would be told.
 class VKBASE_EXPORT IObserver
 {
 public:

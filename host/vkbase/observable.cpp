@@ -1,5 +1,7 @@
 #include <vkbase/observable.h>
 
+#include "observerledger_p.h"
+
 #include <QSet>
 
 namespace {
@@ -22,6 +24,7 @@ public:
             IObserver* const observer = m_observers[i];
             if (!observer || observer == originator || hasLeft(observer))
                 continue;
+            ObserverLedger::expectAlive(Get(), observer);
             observer->Update(Get(), code);
             if (!Get())
                 return false;
@@ -46,7 +49,10 @@ private:
 
 } // namespace
 
-IObserver::~IObserver() = default;
+IObserver::~IObserver()
+{
+    ObserverLedger::died(this);
+}
 
 ObservableGuard::ObservableGuard(Observable* observable) noexcept
 {
@@ -85,19 +91,24 @@ Observable::Observable() noexcept = default;
 
 Observable::~Observable()
 {
+    ObserverLedger::ended(this, m_observers);
     while (m_guards)
         m_guards->Reset(nullptr);
 }
 
 bool Observable::AddObserver(IObserver* observer)
 {
-    return observer && m_observers.Append(observer);
+    if (!observer)
+        return false;
+    ObserverLedger::joined(this, observer);
+    return m_observers.Append(observer);
 }
 
 bool Observable::DeleteObserver(IObserver* observer)
 {
     if (!m_observers.Remove(observer))
         return false;
+    ObserverLedger::left(this, observer);
     m_furtherClaims.remove(observer);
     for (ObservableGuard* guard = m_guards; guard; guard = guard->m_next)
         guard->observerRemoved(observer);
@@ -106,6 +117,7 @@ bool Observable::DeleteObserver(IObserver* observer)
 
 void Observable::DeleteObservers()
 {
+    ObserverLedger::ended(this, m_observers);
     m_observers.Clear();
     m_furtherClaims.clear();
     for (ObservableGuard* guard = m_guards; guard; guard = guard->m_next)
@@ -116,6 +128,7 @@ bool Observable::MakeFirstObserver(IObserver* observer)
 {
     if (!observer)
         return false;
+    ObserverLedger::joined(this, observer);
     m_observers.MoveToFront(observer);
     return true;
 }

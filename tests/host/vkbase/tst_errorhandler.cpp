@@ -23,6 +23,8 @@ private Q_SLOTS:
     void handledExceptionsAreLogged();
     void reportsAreLogged_data();
     void reportsAreLogged();
+    void hostsHandlerIsInCharge();
+    void hostsHandlerMayHandOn();
 };
 
 static VKException makeException()
@@ -31,8 +33,36 @@ static VKException makeException()
                        QStringLiteral("method"), 17, 255);
 }
 
+/// A host's own handler.
+class HostHandler : public IErrorHandler
+{
+public:
+    int GetTraceMask() const override { return mask; }
+    void HandleException(const VKException& exception) override
+    {
+        calls << QStringLiteral("handle %1").arg(exception.GetMessage());
+        if (handsOn)
+            ErrorHandler::Instance().HandleException(exception);
+    }
+    void ReportException(const VKException& exception, int severity, int category, bool log,
+                         bool notify) override
+    {
+        calls << QStringLiteral("report %1 %2 %3 %4 %5")
+                     .arg(exception.GetMessage())
+                     .arg(severity)
+                     .arg(category)
+                     .arg(log)
+                     .arg(notify);
+    }
+
+    int mask = 0;
+    bool handsOn = false;
+    QStringList calls;
+};
+
 void TestErrorHandler::cleanup()
 {
+    ErrorHandler::SetInterface(nullptr);
     ErrorHandler::Instance().SetTraceMask(ErrorHandler::TraceErrors);
     SetTraceSink({});
 }
@@ -103,6 +133,40 @@ void TestErrorHandler::reportsAreLogged()
         guard.expect(QStringLiteral("Exception report (severity 0, category -1) in Class::method"));
     ErrorHandler::Interface()->ReportException(makeException(), 0, -1, log, false);
     QCOMPARE(guard.complaints(), QString());
+}
+
+void TestErrorHandler::hostsHandlerIsInCharge()
+{
+    HostHandler host;
+    host.mask = ErrorHandler::TraceScripts;
+    QVERIFY(!ErrorHandler::Traces(ErrorHandler::TraceScripts));
+    ErrorHandler::SetInterface(&host);
+    QCOMPARE(ErrorHandler::Interface(), static_cast<IErrorHandler*>(&host));
+    QVERIFY(ErrorHandler::Traces(ErrorHandler::TraceScripts | ErrorHandler::TraceNotes));
+    QVERIFY(!ErrorHandler::Traces(ErrorHandler::TraceErrors));
+
+    MessageGuard guard;
+    ErrorHandler::Interface()->HandleException(makeException());
+    ErrorHandler::Interface()->ReportException(makeException(), 2, 7, false, true);
+    QCOMPARE(host.calls,
+             (QStringList{QStringLiteral("handle bad luck"), QStringLiteral("report bad luck 2 7 0 1")}));
+    QCOMPARE(guard.complaints(), QString());
+
+    ErrorHandler::SetInterface(nullptr);
+    QCOMPARE(ErrorHandler::Interface(), static_cast<IErrorHandler*>(&ErrorHandler::Instance()));
+    QVERIFY(ErrorHandler::Traces(ErrorHandler::TraceErrors));
+}
+
+void TestErrorHandler::hostsHandlerMayHandOn()
+{
+    HostHandler host;
+    host.handsOn = true;
+    ErrorHandler::SetInterface(&host);
+    MessageGuard guard;
+    guard.expect(QStringLiteral("Exception in Class::method"));
+    ErrorHandler::Interface()->HandleException(makeException());
+    QCOMPARE(guard.complaints(), QString());
+    QCOMPARE(host.calls.size(), 1);
 }
 
 int main(int argc, char** argv)
