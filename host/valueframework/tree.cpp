@@ -1,6 +1,15 @@
 #include <valueframework/tree.h>
 
+#include <valueframework/treewatch.h>
+#include <vkbase/errorhandler.h>
+#include <vkbase/guithread.h>
+#include <vkbase/qtrace.h>
+
+#include <QScopedValueRollback>
+
 #include <algorithm>
+#include <deque>
+#include <utility>
 
 namespace values {
 
@@ -9,6 +18,8 @@ struct TreeNode
 {
     QString path; // "/a/b", empty for the root
     int valueCount = 0;
+    ValueBase* first = nullptr; // in order of arrival
+    ValueBase* last = nullptr;
 };
 
 /// Where a value belongs.
@@ -16,6 +27,14 @@ struct Tree::Place
 {
     QString nodePath; // as in TreeNode
     QString name;     // without "/"; empty for a value that cannot be looked up
+};
+
+/// What watches are told.
+struct Tree::Event
+{
+    ValueBase* value;
+    QString path;
+    bool arrived; // otherwise it left
 };
 
 namespace {
@@ -65,7 +84,17 @@ bool Tree::AddValue(const QString& nodePath, ValueBase* value)
 {
     if (!value || value->m_treeNode || value->m_retired)
         return false;
-    return insert(placeOf(nodePath, value->m_name), value);
+    assertGuiThread(Q_FUNC_INFO);
+    const Place place = placeOf(nodePath, value->m_name);
+    if (!insert(place, value)) {
+        if (ErrorHandler::Traces(ErrorHandler::TraceNotes))
+            _Q_Trace(QStringLiteral("A value is refused: its place %1/%2 is taken")
+                         .arg(place.nodePath, place.name),
+                     QStringLiteral("tree"), __LINE__);
+        return false;
+    }
+    tellArrived(value);
+    return true;
 }
 
 QString Tree::NameIn(const QString& path)
@@ -95,6 +124,66 @@ bool Tree::RemoveValue(const QString& path)
     ValueBase* const value = GetValue(path);
     delete value; // takes itself out
     return value != nullptr;
+}
+
+QStringList Tree::GetNodeNames(const QString& nodePath) const
+{
+    const QString below = normalized(nodePath) + slash;
+    QStringList names;
+    for (auto node = m_nodesInOrder.lowerBound(below);
+         node != m_nodesInOrder.end() && node.key().startsWith(below); ++node) {
+        const int begin = below.size();
+        const int end = node.key().indexOf(slash, begin);
+        names << node.key().mid(begin, end < 0 ? -1 : end - begin);
+    }
+    names.sort();
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return names;
+}
+
+QStringList Tree::GetValueNames(const QString& nodePath) const
+{
+    QStringList names;
+    for (const ValueBase* value : GetValues(nodePath)) {
+        const QString name = keyOf(value).name;
+        if (!name.isEmpty())
+            names << name;
+    }
+    return names;
+}
+
+QVector<ValueBase*> Tree::GetValues(const QString& nodePath, Reach reach) const
+{
+    QVector<ValueBase*> found;
+    const auto take = [&found](const TreeNode* node) {
+        for (ValueBase* value = node ? node->first : nullptr; value; value = value->m_nextInNode)
+            found << value;
+    };
+    const QString path = normalized(nodePath);
+    take(m_nodes.value(path));
+    if (reach == Reach::Node)
+        return found;
+    const QString below = path + slash;
+    for (auto node = m_nodesInOrder.lowerBound(below);
+         node != m_nodesInOrder.end() && node.key().startsWith(below); ++node)
+        take(*node);
+    return found;
+}
+
+int Tree::RemoveNode(const QString& nodePath)
+{
+    // An observer of the one may delete the other.
+    std::deque<ObservableGuard> doomed;
+    for (ValueBase* value : GetValues(nodePath, Reach::Subtree))
+        doomed.emplace_back(value);
+    int removed = 0;
+    for (const ObservableGuard& guard : doomed) {
+        if (!guard.Get())
+            continue;
+        delete guard.Get();
+        ++removed;
+    }
+    return removed;
 }
 
 QStringList Tree::GetPathNames() const
@@ -129,8 +218,10 @@ QString Tree::pathOf(const ValueBase* value)
 bool Tree::insert(const Place& place, ValueBase* value)
 {
     TreeNode*& node = m_nodes[place.nodePath];
-    if (!node)
-        node = new TreeNode{place.nodePath, 0};
+    if (!node) {
+        node = new TreeNode{place.nodePath};
+        m_nodesInOrder.insert(place.nodePath, node);
+    }
     if (!place.name.isEmpty()) {
         // Nothing stands in a new node, so none is left behind empty.
         ValueBase*& there = m_values[Key{node, place.name}];
@@ -139,6 +230,9 @@ bool Tree::insert(const Place& place, ValueBase* value)
         there = value;
     }
     value->m_treeNode = node;
+    value->m_previousInNode = node->last;
+    (node->last ? node->last->m_nextInNode : node->first) = value;
+    node->last = value;
     ++node->valueCount;
     ++m_valueCount;
     return true;
@@ -151,14 +245,27 @@ void Tree::detach(ValueBase* value)
     if (!key.name.isEmpty())
         m_values.remove(key);
     value->m_treeNode = nullptr;
+    (value->m_previousInNode ? value->m_previousInNode->m_nextInNode : node->first) = value->m_nextInNode;
+    (value->m_nextInNode ? value->m_nextInNode->m_previousInNode : node->last) = value->m_previousInNode;
+    value->m_previousInNode = nullptr;
+    value->m_nextInNode = nullptr;
     --m_valueCount;
     if (--node->valueCount > 0)
         return;
     m_nodes.remove(node->path);
+    m_nodesInOrder.remove(node->path);
     delete node;
 }
 
-bool Tree::rename(ValueBase* value, const QString& name)
+QString Tree::takeOut(ValueBase* value)
+{
+    assertGuiThread(Q_FUNC_INFO);
+    const QString path = isWatched() ? pathOf(value) : QString();
+    detach(value);
+    return path;
+}
+
+bool Tree::rename(ValueBase* value, const QString& name, IObserver* originator)
 {
     // The node was named by whoever added the value, all but what its name adds to it.
     const QString& path = value->m_treeNode->path;
@@ -168,8 +275,67 @@ bool Tree::rename(ValueBase* value, const QString& name)
     ValueBase* const there = node ? m_values.value(Key{node, place.name}) : nullptr;
     if (there && there != value)
         return false;
-    detach(value);
-    return insert(place, value);
+    if (!there) {
+        const QString before = takeOut(value);
+        value->m_name = name;
+        insert(place, value);
+        const ObservableGuard alive(value);
+        if (!before.isEmpty())
+            tellLeft(value, before);
+        if (alive.Get())
+            tellArrived(value);
+        if (!alive.Get())
+            return true;
+    }
+    value->m_name = name;
+    value->HasChanged(ChangeCode::Name, originator);
+    return true;
+}
+
+void Tree::tellArrived(ValueBase* value)
+{
+    const QString path = isWatched() ? pathOf(value) : QString();
+    if (path.isEmpty())
+        return;
+    const ObservableGuard alive(value);
+    tell({value, path, true});
+    Q_ASSERT_X(alive.Get(), "values::Tree", "whoever added the value goes on with it: do not delete it yet");
+}
+
+void Tree::tellLeft(ValueBase* value, const QString& path)
+{
+    tell({value, path, false});
+}
+
+void Tree::tell(const Event& event)
+{
+    const QScopedValueRollback<const Event*> current(m_event, &event);
+    m_watches.NotifyObservers(ChangeCode::State);
+}
+
+TreeWatch::TreeWatch(const QString& nodePath, Callback arrived, Callback left)
+    : m_below(normalized(nodePath) + slash)
+    , m_arrived(std::move(arrived))
+    , m_left(std::move(left))
+{
+    Tree::Instance()->m_watches.AddObserver(this);
+}
+
+TreeWatch::~TreeWatch()
+{
+    Tree::Instance()->m_watches.DeleteObserver(this);
+}
+
+void TreeWatch::Update(Observable* tree, TChangeCode code)
+{
+    Q_UNUSED(tree)
+    Q_UNUSED(code)
+    const Tree::Event& event = *Tree::Instance()->m_event;
+    if (!event.path.startsWith(m_below))
+        return;
+    const Callback callback = event.arrived ? m_arrived : m_left; // a copy: it may destroy this
+    if (callback)
+        callback(event.value, event.path);
 }
 
 } // namespace values

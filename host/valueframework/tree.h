@@ -3,10 +3,13 @@
 
 #include <valueframework/valuebase.h>
 #include <valueframework/valueframework_export.h>
+#include <vkbase/observable.h>
 
 #include <QHash>
+#include <QMap>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 namespace values {
 
@@ -34,6 +37,21 @@ public:
     /// What stands before that part: the node, as "/a/b"; empty for the root.
     static QString NodePathIn(const QString& path);
 
+    /// How far a question about a node goes.
+    enum class Reach { Node, Subtree };
+
+    /// The names of the nodes right below the node ("" or "/": the root), sorted.
+    QStringList GetNodeNames(const QString& nodePath) const;
+    /// The names of the node's own values, in the order in which they came. Values
+    /// without a name are left out.
+    QStringList GetValueNames(const QString& nodePath) const;
+    /// The values in the node, or in it and all nodes below it; those without a
+    /// name too. Node by node, and in each in the order in which they came.
+    QVector<ValueBase*> GetValues(const QString& nodePath, Reach reach = Reach::Node) const;
+    /// Deletes all values in the node and below it, and says how many. What
+    /// observers add there meanwhile stays.
+    int RemoveNode(const QString& nodePath);
+
     bool IsEmpty() const { return m_valueCount == 0; }
     /// Values without a name count too.
     int GetValueCount() const { return m_valueCount; }
@@ -48,8 +66,10 @@ protected:
     virtual ~Tree();
 
 private:
+    friend class TreeWatch;
     friend class ValueBase;
 
+    struct Event;
     struct Place;
     struct Key
     {
@@ -68,10 +88,19 @@ private:
     static Place placeOf(const QString& nodePath, const QString& name);
     bool insert(const Place& place, ValueBase* value);
     void detach(ValueBase* value);
-    bool rename(ValueBase* value, const QString& name);
+    /// Detaches; the path that was, if there is somebody to be told.
+    QString takeOut(ValueBase* value);
+    bool rename(ValueBase* value, const QString& name, IObserver* originator);
+    bool isWatched() const { return m_watches.GetObserverCount() > 0; }
+    void tellArrived(ValueBase* value);
+    void tellLeft(ValueBase* value, const QString& path);
+    void tell(const Event& event);
 
-    QHash<QString, TreeNode*> m_nodes; // owned, by path without trailing "/"
+    QHash<QString, TreeNode*> m_nodes;       // owned, by path without trailing "/"
+    QMap<QString, TreeNode*> m_nodesInOrder; // the same, for what lies below a path
     QHash<Key, ValueBase*> m_values;
+    Observable m_watches;
+    const Event* m_event = nullptr; // what the watches are being told
     int m_valueCount = 0;
 };
 

@@ -1,6 +1,7 @@
 #include <valueframework/valuebase.h>
 
 #include <valueframework/tree.h>
+#include <vkbase/guithread.h>
 
 namespace values {
 
@@ -22,9 +23,10 @@ void ValueBase::retire()
     if (m_retired)
         return;
     m_retired = true;
-    if (m_treeNode)
-        Tree::Instance()->detach(this);
+    const QString path = m_treeNode ? Tree::Instance()->takeOut(this) : QString();
     m_state = ValueState::GoingAway;
+    if (!path.isEmpty())
+        Tree::Instance()->tellLeft(this, path);
     NotifyObservers(ChangeCode::State);
     if (m_deleteObserver)
         m_deleteObserver->ValueDeleted(this);
@@ -34,8 +36,8 @@ bool ValueBase::SetName(const QString& name, IObserver* originator)
 {
     if (name == m_name)
         return true;
-    if (m_treeNode && !Tree::Instance()->rename(this, name))
-        return false;
+    if (m_treeNode)
+        return Tree::Instance()->rename(this, name, originator);
     m_name = name;
     HasChanged(ChangeCode::Name, originator);
     return true;
@@ -77,6 +79,8 @@ QString ValueBase::GetTypeName() const
 
 bool ValueBase::HasChanged(TChangeCode code, IObserver* originator)
 {
+    if (m_treeNode || GetObserverCount() > 0)
+        assertGuiThread(Q_FUNC_INFO);
     return IsTransactionActive() || NotifyObservers(code, originator);
 }
 

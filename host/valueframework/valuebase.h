@@ -98,7 +98,9 @@ private:
 
     QString m_name;
     QByteArray m_translationNamespace;
-    TreeNode* m_treeNode = nullptr;        // not owned: the tree's, null outside of it
+    TreeNode* m_treeNode = nullptr;    // not owned: the tree's, null outside of it
+    ValueBase* m_nextInNode = nullptr; // the node's list, kept by the tree
+    ValueBase* m_previousInNode = nullptr;
     ITreeItem* m_deleteObserver = nullptr; // not owned
     TValueState m_state;
     int m_transactionDepth : 31;

@@ -1,8 +1,10 @@
 #include <leftovers.h>
+#include <messageguard.h>
 #include <recordingobserver.h>
 
 #include <valueframework/tree.h>
 #include <valueframework/value.h>
+#include <vkbase/errorhandler.h>
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -41,6 +43,13 @@ private Q_SLOTS:
     void partsOfPaths();
     void renamingToNothingHides();
     void renamedPlaceCanBeTaken();
+    void listing_data();
+    void listing();
+    void removingANode_data();
+    void removingANode();
+    void removingANodeWhileObserversRemoveAndAdd();
+    void takenPlaceIsTraced_data();
+    void takenPlaceIsTraced();
     void nodesGoWithTheirLastValue();
     void manyValuesInOneNodeStayCheap();
 
@@ -393,6 +402,104 @@ void TestTree::renamedPlaceCanBeTaken()
     ValueBool* const next = add(QStringLiteral("/a"), QStringLiteral("v"));
     QVERIFY(next);
     QCOMPARE(tree()->GetValue(QStringLiteral("/a/v")), next);
+}
+
+void TestTree::listing_data()
+{
+    QTest::addColumn<QString>("node");
+    QTest::addColumn<QStringList>("nodeNames");
+    QTest::addColumn<QStringList>("valueNames");
+    QTest::addColumn<int>("valuesBelow");
+    const auto words = [](const char* text) {
+        return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    };
+    QTest::newRow("root") << "" << words("b form form-2") << words("top") << 8;
+    QTest::newRow("root as slash") << "/" << words("b form form-2") << words("top") << 8;
+    QTest::newRow("node") << "form/" << words("row") << words("z a") << 5;
+    QTest::newRow("node with siblings of its name in front") << "/form/row" << words("") << words("v") << 2;
+    QTest::newRow("nodes alone") << "/b" << words("c") << words("") << 1;
+    QTest::newRow("other case") << "/Form" << words("") << words("") << 0;
+    QTest::newRow("a value") << "/top" << words("") << words("") << 0;
+    QTest::newRow("nothing") << "/nowhere" << words("") << words("") << 0;
+}
+
+void TestTree::listing()
+{
+    QFETCH(QString, node);
+    for (const char* path : {"form/z", "form-2/v", "form/row/v", "top", "b/c/v", "form/a"})
+        add(QString(), QString::fromLatin1(path));
+    add(QStringLiteral("form"), QString());
+    add(QStringLiteral("form/row"), QString());
+    QTEST(tree()->GetNodeNames(node), "nodeNames");
+    QTEST(tree()->GetValueNames(node), "valueNames");
+    QTEST(int(tree()->GetValues(node, Tree::Reach::Subtree).size()), "valuesBelow");
+    for (const ValueBase* value : tree()->GetValues(QString(), Tree::Reach::Subtree)) {
+        if (value->GetName().isEmpty())
+            delete value;
+    }
+}
+
+void TestTree::removingANode_data()
+{
+    QTest::addColumn<QString>("node");
+    QTest::addColumn<int>("removed");
+    QTest::addColumn<QStringList>("left");
+    const QString v = QStringLiteral("/form/v");
+    const QString row = QStringLiteral("/form/row/v");
+    const QString other = QStringLiteral("/form-2/v");
+    QTest::newRow("all") << "/" << 4 << QStringList();
+    QTest::newRow("node") << "/form" << 3 << QStringList{other};
+    QTest::newRow("leaf") << "form/row/" << 2 << QStringList{other, v};
+    QTest::newRow("nothing there") << "/nowhere" << 0 << QStringList{other, row, v};
+}
+
+void TestTree::removingANode()
+{
+    QFETCH(QString, node);
+    for (const char* path : {"form/v", "form-2/v", "form/row/v"})
+        add(QString(), QString::fromLatin1(path));
+    ObservableGuard nameless(add(QStringLiteral("form/row"), QString()));
+    QTEST(tree()->RemoveNode(node), "removed");
+    QTEST(tree()->GetPathNames(), "left");
+    delete nameless.Get();
+}
+
+void TestTree::removingANodeWhileObserversRemoveAndAdd()
+{
+    ValueBool* const first = add(QStringLiteral("/form"), QStringLiteral("a"));
+    add(QStringLiteral("/form"), QStringLiteral("b"));
+    RecordingObserver observer;
+    observer.watch(first);
+    observer.onUpdate = [](Observable*, TChangeCode) {
+        tree()->RemoveValue(QStringLiteral("/form/b"));
+        add(QStringLiteral("/form"), QStringLiteral("c"));
+    };
+    QCOMPARE(tree()->RemoveNode(QStringLiteral("/form")), 1);
+    QCOMPARE(tree()->GetPathNames(), QStringList{QStringLiteral("/form/c")});
+}
+
+void TestTree::takenPlaceIsTraced_data()
+{
+    QTest::addColumn<int>("mask");
+    QTest::addColumn<bool>("traced");
+    QTest::newRow("errors only") << ErrorHandler::TraceErrors << false;
+    QTest::newRow("notes") << ErrorHandler::TraceNotes << true;
+}
+
+void TestTree::takenPlaceIsTraced()
+{
+    QFETCH(int, mask);
+    QFETCH(bool, traced);
+    const int before = ErrorHandler::Instance().GetTraceMask();
+    ErrorHandler::Instance().SetTraceMask(mask);
+    add(QStringLiteral("/form"), QStringLiteral("v"));
+    MessageGuard guard;
+    if (traced)
+        guard.expect(QStringLiteral("A value is refused: its place /form/v is taken"));
+    QVERIFY(!add(QStringLiteral("form"), QStringLiteral("v")));
+    QVERIFY(!tree()->AddValue(QStringLiteral("form"), nullptr));
+    QCOMPARE(guard.complaints(), QString());
+    ErrorHandler::Instance().SetTraceMask(before);
 }
 
 void TestTree::nodesGoWithTheirLastValue()

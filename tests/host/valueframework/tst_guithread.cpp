@@ -1,0 +1,167 @@
+#include <recordingobserver.h>
+
+#include <valueframework/tree.h>
+#include <valueframework/value.h>
+#include <vkbase/guithread.h>
+
+#include <QProcess>
+#include <QTest>
+
+#include <cstring>
+#include <functional>
+#include <memory>
+#include <thread>
+
+using namespace values;
+
+namespace {
+
+void inAnotherThread(const std::function<void()>& work)
+{
+    std::thread thread(work);
+    thread.join();
+}
+
+// What a program of its own does.
+
+void writesAValueInTheTree()
+{
+    auto* const value = new ValueBool(QStringLiteral("v"));
+    Tree::Instance()->AddValue(QStringLiteral("/a"), value);
+    inAnotherThread([value] { value->SetValue(true, nullptr); });
+}
+
+void writesAnObservedValue()
+{
+    ValueBool value(QStringLiteral("v"));
+    RecordingObserver observer;
+    observer.watch(&value);
+    inAnotherThread([&value] { value.SetValue(true, nullptr); });
+}
+
+void writesInATransaction()
+{
+    auto* const value = new ValueBool(QStringLiteral("v"));
+    Tree::Instance()->AddValue(QStringLiteral("/a"), value);
+    value->StartTransaction(nullptr);
+    inAnotherThread([value] { value->SetValue(true, nullptr); });
+}
+
+void addsToTheTree()
+{
+    inAnotherThread(
+        [] { Tree::Instance()->AddValue(QStringLiteral("/a"), new ValueBool(QStringLiteral("v"))); });
+}
+
+void removesFromTheTree()
+{
+    Tree::Instance()->AddValue(QStringLiteral("/a"), new ValueBool(QStringLiteral("v")));
+    inAnotherThread([] { Tree::Instance()->RemoveValue(QStringLiteral("/a/v")); });
+}
+
+void keepsAValueToItself()
+{
+    inAnotherThread([] {
+        ValueBool value(QStringLiteral("v"));
+        value.SetValue(true, nullptr);
+    });
+}
+
+void postsTheWrite()
+{
+    Tree::Instance()->AddValue(QStringLiteral("/a"), new ValueBool(QStringLiteral("v")));
+    inAnotherThread([] {
+        QMetaObject::invokeMethod(
+            qApp,
+            [] {
+                if (ValueBase* const value = Tree::Instance()->GetValue(QStringLiteral("/a/v")))
+                    value->SetStringValue(QStringLiteral("true"), nullptr);
+            },
+            Qt::QueuedConnection);
+    });
+    QCoreApplication::processEvents();
+    if (Tree::Instance()->GetValue(QStringLiteral("/a/v"))->GetStringValue() != QLatin1String("true"))
+        qFatal("the write did not arrive");
+}
+
+struct Scene
+{
+    const char* name;
+    void (*play)();
+    bool stops;
+};
+
+const Scene scenes[] = {
+    {"writes a value in the tree", writesAValueInTheTree, true},
+    {"writes an observed value", writesAnObservedValue, true},
+    {"writes in a transaction", writesInATransaction, true},
+    {"adds to the tree", addsToTheTree, true},
+    {"removes from the tree", removesFromTheTree, true},
+    {"keeps a value to itself", keepsAValueToItself, false},
+    {"posts the write", postsTheWrite, false},
+};
+
+int play(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    for (const Scene& scene : scenes) {
+        if (std::strcmp(scene.name, argv[2]) == 0)
+            scene.play();
+    }
+    return 0;
+}
+
+} // namespace
+
+class TestGuiThread : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void isThatOfTheApplication();
+    void otherThreads_data();
+    void otherThreads();
+};
+
+void TestGuiThread::isThatOfTheApplication()
+{
+    QVERIFY(isGuiThread());
+    bool there = true;
+    inAnotherThread([&there] { there = isGuiThread(); });
+    QVERIFY(!there);
+}
+
+void TestGuiThread::otherThreads_data()
+{
+    QTest::addColumn<bool>("stops");
+    for (const Scene& scene : scenes) {
+#ifdef QT_NO_DEBUG
+        if (scene.stops)
+            continue; // nobody looks there
+#endif
+        QTest::newRow(scene.name) << scene.stops;
+    }
+}
+
+void TestGuiThread::otherThreads()
+{
+    QFETCH(bool, stops);
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(),
+                  {QStringLiteral("--play"), QString::fromLatin1(QTest::currentDataTag())});
+    QVERIFY(process.waitForFinished());
+    const QByteArray errors = process.readAllStandardError();
+    QCOMPARE(process.exitStatus(), stops ? QProcess::CrashExit : QProcess::NormalExit);
+    QCOMPARE(errors.contains("values belong to the GUI thread"), stops);
+}
+
+int main(int argc, char** argv)
+{
+    if (argc == 3 && std::strcmp(argv[1], "--play") == 0)
+        return play(argc, argv);
+    QCoreApplication application(argc, argv);
+    TestGuiThread test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_guithread.moc"
