@@ -1,8 +1,13 @@
 #include "velkappstartup/translationcenter.h"
 
+#include "compoundtranslator_p.h"
+
 #include <QCoreApplication>
-#include <QLocale>
+#include <QEvent>
+#include <QTimer>
 #include <QTranslator>
+
+#include <utility>
 
 namespace {
 
@@ -12,7 +17,19 @@ void installTranslations()
 }
 Q_COREAPP_STARTUP_FUNCTION(installTranslations)
 
+void announce()
+{
+    if (!QCoreApplication::instance())
+        return;
+    QEvent change(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(QCoreApplication::instance(), &change);
+}
+
 } // namespace
+
+TranslationCenter::TranslationCenter() = default;
+
+TranslationCenter::~TranslationCenter() = default;
 
 TranslationCenter& TranslationCenter::Instance()
 {
@@ -25,8 +42,8 @@ void TranslationCenter::Register(const QString& context)
     if (context.isEmpty())
         return;
     Entry& entry = m_entries[context];
-    if (++entry.count == 1)
-        install(context, &entry);
+    if (++entry.count == 1 && install(context, &entry))
+        announceLater();
 }
 
 void TranslationCenter::Unregister(const QString& context)
@@ -34,7 +51,13 @@ void TranslationCenter::Unregister(const QString& context)
     const auto found = m_entries.find(context);
     if (found == m_entries.end() || --found->count > 0)
         return;
-    m_entries.erase(found); // the translator takes itself out of the application
+    const std::shared_ptr<QTranslator> translator = found->translator;
+    m_entries.erase(found);
+    if (!translator)
+        return;
+    if (m_all)
+        m_all->Remove(translator);
+    announceLater();
 }
 
 int TranslationCenter::GetRegistrationCount(const QString& context) const
@@ -44,18 +67,94 @@ int TranslationCenter::GetRegistrationCount(const QString& context) const
 
 void TranslationCenter::InstallAll()
 {
+    m_announcementPosted = false;
+    // The application knows only what was installed in it.
+    m_all.reset();
+    reload();
+}
+
+void TranslationCenter::reload()
+{
     for (auto entry = m_entries.begin(); entry != m_entries.end(); ++entry)
         install(entry.key(), &entry.value());
 }
 
-void TranslationCenter::install(const QString& context, Entry* entry)
+void TranslationCenter::AddFolder(const QString& folder)
+{
+    if (folder.isEmpty())
+        return;
+    m_folders.removeAll(folder);
+    m_folders.prepend(folder);
+    reload();
+    announce();
+}
+
+bool TranslationCenter::RemoveFolder(const QString& folder)
+{
+    if (m_folders.removeAll(folder) == 0)
+        return false;
+    reload();
+    announce();
+    return true;
+}
+
+void TranslationCenter::SetLocale(const QLocale& locale)
+{
+    m_locale = std::make_unique<QLocale>(locale);
+    reload();
+    announce();
+}
+
+QLocale TranslationCenter::GetLocale() const
+{
+    return m_locale ? *m_locale : QLocale();
+}
+
+std::shared_ptr<QTranslator> TranslationCenter::load(const QString& context) const
+{
+    const QStringList folders =
+        m_folders + QStringList(QCoreApplication::applicationDirPath() + QStringLiteral("/translations"));
+    const QLocale locale = GetLocale();
+    for (const QString& folder : folders) {
+        auto translator = std::make_shared<QTranslator>();
+        if (translator->load(locale, context, QStringLiteral("_"), folder, QStringLiteral(".qm")))
+            return translator;
+    }
+    return nullptr;
+}
+
+// True if there are other texts now.
+bool TranslationCenter::install(const QString& context, Entry* entry)
 {
     if (!QCoreApplication::instance())
+        return false;
+    const std::shared_ptr<QTranslator> before = std::exchange(entry->translator, load(context));
+    if (m_all)
+        m_all->Remove(before);
+    if (!entry->translator)
+        return before != nullptr;
+    installCompound();
+    m_all->Add(entry->translator);
+    return true;
+}
+
+void TranslationCenter::installCompound()
+{
+    if (m_all)
         return;
-    const QString folder = QCoreApplication::applicationDirPath() + QStringLiteral("/translations");
-    auto translator = std::make_shared<QTranslator>();
-    if (!translator->load(QLocale(), context, QStringLiteral("_"), folder, QStringLiteral(".qm")))
+    m_all = std::make_unique<CompoundTranslator>();
+    // Empty still, so that Qt tells nobody.
+    QCoreApplication::installTranslator(m_all.get());
+}
+
+// Telling every widget is dear; many forms that are made in a row are one change.
+void TranslationCenter::announceLater()
+{
+    if (m_announcementPosted || !QCoreApplication::instance())
         return;
-    QCoreApplication::installTranslator(translator.get());
-    entry->translator = translator;
+    m_announcementPosted = true;
+    QTimer::singleShot(0, QCoreApplication::instance(), [this] {
+        m_announcementPosted = false;
+        announce();
+    });
 }

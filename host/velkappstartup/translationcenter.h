@@ -4,17 +4,22 @@
 #include <velkappstartup/velkappstartup_export.h>
 
 #include <QHash>
+#include <QLocale>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
+class CompoundTranslator;
 class QTranslator;
 
 /// Which translation contexts are in use in this process. A context counts its
-/// registrations; while it has one, <context>_<locale>.qm from the folder
-/// "translations" beside the application is installed, where there is one.
-/// Made on first use and never destroyed, so that code of any library may
-/// register while it is loaded; files are read once the application exists.
+/// registrations; while it has one, <context>_<locale>.qm is installed from the
+/// first folder that has one: those that the host added, the last one first, then
+/// "translations" beside the application. Made on first use and never destroyed,
+/// so that code of any library may register while it is loaded; files are read
+/// once the application exists. Widgets are told of a change of texts by Qt's
+/// event QEvent::LanguageChange.
 class VELKAPPSTARTUP_EXPORT TranslationCenter
 {
 public:
@@ -22,9 +27,11 @@ public:
     TranslationCenter(const TranslationCenter&) = delete;
     TranslationCenter& operator=(const TranslationCenter&) = delete;
 
-    /// An empty context is ignored.
+    /// An empty context is ignored. Texts asked for from now on are translated;
+    /// widgets that stand already are told in the next turn of the event loop, once
+    /// for all registrations until then.
     void Register(const QString& context);
-    /// One for each Register; an unknown context is ignored.
+    /// One for each Register; an unknown context is ignored. Widgets as there.
     void Unregister(const QString& context);
     /// 0 for an unknown context.
     int GetRegistrationCount(const QString& context) const;
@@ -33,6 +40,20 @@ public:
     /// one starts.
     void InstallAll();
 
+    /// Looks into `folder` from now on, before all others, and loads every context
+    /// anew; widgets are told at once. One that is there moves to the front, an
+    /// empty name is ignored.
+    void AddFolder(const QString& folder);
+    /// False if it was not added.
+    bool RemoveFolder(const QString& folder);
+    /// The added folders in the order in which they are looked into.
+    const QStringList& GetFolders() const { return m_folders; }
+
+    /// Changes the language: loads every context anew, and tells widgets at once.
+    void SetLocale(const QLocale& locale);
+    /// Qt's default locale until one was set.
+    QLocale GetLocale() const;
+
 private:
     struct Entry
     {
@@ -40,11 +61,19 @@ private:
         std::shared_ptr<QTranslator> translator; // null: no file, or not tried yet
     };
 
-    TranslationCenter() = default;
-    ~TranslationCenter() = default;
-    static void install(const QString& context, Entry* entry);
+    TranslationCenter();
+    ~TranslationCenter();
+    std::shared_ptr<QTranslator> load(const QString& context) const;
+    bool install(const QString& context, Entry* entry);
+    void installCompound();
+    void reload();
+    void announceLater();
 
     QHash<QString, Entry> m_entries;
+    QStringList m_folders;
+    std::unique_ptr<QLocale> m_locale;         // null: Qt's default
+    std::unique_ptr<CompoundTranslator> m_all; // null until the first file is there
+    bool m_announcementPosted = false;
 };
 
 #endif

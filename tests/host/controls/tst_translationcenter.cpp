@@ -1,9 +1,13 @@
 #include <velkappstartup/translationcenter.h>
 
 #include <QCoreApplication>
+#include <QDataStream>
 #include <QDir>
+#include <QEvent>
 #include <QFile>
 #include <QLocale>
+#include <QMap>
+#include <QTemporaryDir>
 #include <QTest>
 
 /// Says "hallo" for "hi" in the context "Ctx".
@@ -24,6 +28,13 @@ private Q_SLOTS:
     void strayCallsAreHarmless();
     void installsWhileRegistered();
     void installsWhatCameBeforeTheApplication();
+    void addedFoldersComeFirst();
+    void languageChangesAtRunTime();
+    void widgetsAreToldOnceForMany();
+    void lastRegisteredSpeaksFirst();
+    void textsAreFound_data();
+    void textsAreFound();
+    void applicationsMayFollowEachOther();
 
 private:
     QString m_folder;
@@ -39,6 +50,67 @@ static QString said()
 {
     return QCoreApplication::translate("Ctx", "hi");
 }
+
+struct Message
+{
+    QByteArray context;
+    QByteArray source;
+    QByteArray comment;
+    QString translation;
+};
+
+static quint32 hashOf(const QByteArray& text)
+{
+    quint32 hash = 0;
+    for (const char c : text) {
+        hash = (hash << 4) + static_cast<uchar>(c);
+        hash = (hash ^ ((hash & 0xf0000000) >> 24)) & 0x0fffffff;
+    }
+    return qMax(hash, 1U);
+}
+
+/// A file as Qt's tools make it.
+static QByteArray translationFile(const QList<Message>& messages,
+                                  const QByteArray& furtherSection = QByteArray())
+{
+    QByteArray texts;
+    QDataStream textStream(&texts, QIODevice::WriteOnly);
+    QMultiMap<quint32, quint32> offsets; // by hash: they are searched
+    for (const Message& message : messages) {
+        offsets.insert(hashOf(message.source + message.comment), quint32(texts.size()));
+        textStream << quint8(3) << message.translation << quint8(8) << message.comment << quint8(6)
+                   << message.source << quint8(7) << message.context << quint8(1);
+    }
+    QByteArray hashes;
+    QDataStream hashStream(&hashes, QIODevice::WriteOnly);
+    for (auto at = offsets.constBegin(); at != offsets.constEnd(); ++at)
+        hashStream << at.key() << at.value();
+    QByteArray file = QByteArray::fromHex("3cb86418caef9c95cd211cbf60a1bddd");
+    QDataStream fileStream(&file, QIODevice::Append);
+    fileStream << quint8(0x42) << hashes << quint8(0x69) << texts;
+    return file + furtherSection;
+}
+
+static void write(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), qint64(content.size()));
+}
+
+/// How often the application was told that texts have changed, while one lives.
+class LanguageChanges : public QObject
+{
+public:
+    LanguageChanges() { QCoreApplication::instance()->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (watched == QCoreApplication::instance() && event->type() == QEvent::LanguageChange)
+            ++count;
+        return false;
+    }
+    int count = 0;
+};
 
 // Registered before main: there is no application yet.
 static const bool early = [] {
@@ -68,6 +140,8 @@ void TestTranslationCenter::cleanupTestCase()
 void TestTranslationCenter::cleanup()
 {
     QCOMPARE(TranslationCenter::Instance().GetRegistrationCount(context()), 0);
+    QVERIFY(TranslationCenter::Instance().GetFolders().isEmpty());
+    QCoreApplication::processEvents();
 }
 
 void TestTranslationCenter::countsPerContext()
@@ -114,6 +188,184 @@ void TestTranslationCenter::installsWhatCameBeforeTheApplication()
     center.InstallAll();
     QCOMPARE(said(), QStringLiteral("hallo"));
     center.Unregister(context());
+}
+
+void TestTranslationCenter::addedFoldersComeFirst()
+{
+    TranslationCenter& center = TranslationCenter::Instance();
+    const QTemporaryDir first;
+    const QTemporaryDir second;
+    write(first.filePath(context() + QStringLiteral("_de.qm")),
+          translationFile({{"Ctx", "hi", "", QStringLiteral("servus")}}));
+    write(second.filePath(context() + QStringLiteral("_de.qm")),
+          translationFile({{"Ctx", "hi", "", QStringLiteral("moin")}}));
+    center.Register(context());
+    QCOMPARE(said(), QStringLiteral("hallo"));
+    QCoreApplication::processEvents();
+    {
+        const LanguageChanges changes;
+        center.AddFolder(first.path());
+        QCOMPARE(said(), QStringLiteral("servus"));
+        QCOMPARE(changes.count, 1);
+    }
+    center.AddFolder(second.path());
+    QCOMPARE(said(), QStringLiteral("moin"));
+    QCOMPARE(center.GetFolders(), (QStringList{second.path(), first.path()}));
+    center.AddFolder(first.path());
+    QCOMPARE(said(), QStringLiteral("servus"));
+    QCOMPARE(center.GetFolders(), (QStringList{first.path(), second.path()}));
+    QVERIFY(center.RemoveFolder(first.path()));
+    QCOMPARE(said(), QStringLiteral("moin"));
+    QVERIFY(center.RemoveFolder(second.path()));
+    QCOMPARE(said(), QStringLiteral("hallo"));
+    QVERIFY(!center.RemoveFolder(second.path()));
+    center.AddFolder(QString());
+    center.Unregister(context());
+    QCOMPARE(said(), QStringLiteral("hi"));
+}
+
+void TestTranslationCenter::languageChangesAtRunTime()
+{
+    TranslationCenter& center = TranslationCenter::Instance();
+    const QTemporaryDir folder;
+    write(folder.filePath(context() + QStringLiteral("_fr.qm")),
+          translationFile({{"Ctx", "hi", "", QStringLiteral("salut")}}));
+    center.AddFolder(folder.path());
+    center.Register(context());
+    QCOMPARE(center.GetLocale(), QLocale());
+    QCOMPARE(said(), QStringLiteral("hallo"));
+    QCoreApplication::processEvents();
+    const LanguageChanges changes;
+    center.SetLocale(QLocale(QLocale::French, QLocale::France));
+    QCOMPARE(said(), QStringLiteral("salut"));
+    QCOMPARE(changes.count, 1);
+    center.SetLocale(QLocale(QLocale::Italian));
+    QCOMPARE(said(), QStringLiteral("hi"));
+    center.SetLocale(QLocale());
+    QCOMPARE(said(), QStringLiteral("hallo"));
+    QCOMPARE(changes.count, 3);
+    center.Unregister(context());
+    center.RemoveFolder(folder.path());
+}
+
+void TestTranslationCenter::widgetsAreToldOnceForMany()
+{
+    TranslationCenter& center = TranslationCenter::Instance();
+    const QTemporaryDir folder;
+    center.AddFolder(folder.path());
+    QStringList contexts;
+    for (int i = 0; i < 50; ++i) {
+        contexts << QStringLiteral("Form%1").arg(i);
+        write(folder.filePath(contexts.last() + QStringLiteral("_de.qm")),
+              translationFile({{"Row", contexts.last().toLatin1(), "", QString::number(i)}}));
+    }
+    const LanguageChanges changes;
+    for (const QString& form : qAsConst(contexts)) {
+        center.Register(form);
+        QVERIFY(QCoreApplication::translate("Row", qPrintable(form)) != form); // at once
+    }
+    QCOMPARE(changes.count, 0);
+    QTRY_COMPARE(changes.count, 1);
+    center.Register(QStringLiteral("nothing there"));
+    center.Register(contexts.first());
+    center.Unregister(contexts.first());
+    center.Unregister(QStringLiteral("nothing there"));
+    QCoreApplication::processEvents();
+    QCOMPARE(changes.count, 1);
+    for (const QString& form : qAsConst(contexts)) {
+        center.Unregister(form);
+        QCOMPARE(QCoreApplication::translate("Row", qPrintable(form)), form);
+    }
+    QTRY_COMPARE(changes.count, 2);
+    center.RemoveFolder(folder.path());
+}
+
+void TestTranslationCenter::lastRegisteredSpeaksFirst()
+{
+    TranslationCenter& center = TranslationCenter::Instance();
+    const QTemporaryDir folder;
+    center.AddFolder(folder.path());
+    QStringList contexts;
+    for (int i = 0; i < 7; ++i) {
+        contexts << QStringLiteral("Form%1").arg(i);
+        write(folder.filePath(contexts.last() + QStringLiteral("_de.qm")),
+              translationFile({{"Ctx", "hi", "", contexts.last()}}));
+        center.Register(contexts.last());
+        QCOMPARE(said(), contexts.last());
+    }
+    // From the middle outwards, so that the last one changes only at times.
+    for (const int gone : {3, 2, 4, 6, 1, 5}) {
+        center.Unregister(contexts.at(gone));
+        contexts[gone].clear();
+        QStringList standing = contexts;
+        standing.removeAll(QString());
+        QCOMPARE(said(), standing.last());
+    }
+    center.Unregister(contexts.first());
+    QCOMPARE(said(), QStringLiteral("hi"));
+    center.RemoveFolder(folder.path());
+}
+
+void TestTranslationCenter::textsAreFound_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("comment");
+    QTest::addColumn<QByteArray>("source");
+    QTest::addColumn<QString>("said");
+    const QByteArray umlaut("Gr\xc3\xb6\xc3\x9f"
+                            "e");
+    const QByteArray plain = translationFile({{"Ctx", "size", "", QStringLiteral("plain")}});
+    const QByteArray both = translationFile({{"Ctx", "size", "", QStringLiteral("plain")},
+                                             {"Ctx", "size", "of a disk", QStringLiteral("special")},
+                                             {"Other", "size", "", QStringLiteral("other")}});
+    const auto row = [](const char* name, const QByteArray& content, const char* comment,
+                        const QByteArray& source, const char* text) {
+        QTest::newRow(name) << content << QByteArray(comment) << source << QString::fromUtf8(text);
+    };
+    row("plain", plain, "", "size", "plain");
+    row("with a comment that is there", both, "of a disk", "size", "special");
+    row("with a comment that is not there", both, "of a shoe", "size", "plain");
+    row("without a comment", both, "", "size", "plain");
+    row("beyond ASCII", translationFile({{"Ctx", umlaut, "", QStringLiteral("size")}}), "", umlaut, "size");
+    row("nothing to hash", translationFile({{"Ctx", "", "", QStringLiteral("empty")}}), "", "", "empty");
+    row("unknown text", plain, "", "sizes", "sizes");
+    row("other context", translationFile({{"Other", "size", "", QStringLiteral("other")}}), "", "size",
+        "size");
+    row("a file that names others",
+        translationFile({{"Ctx", "size", "", QStringLiteral("plain")}}, QByteArray::fromHex("9600000000")),
+        "", "size", "plain");
+    row("a damaged file", plain.left(30), "", "size", "size");
+}
+
+void TestTranslationCenter::textsAreFound()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QByteArray, comment);
+    QFETCH(QByteArray, source);
+    TranslationCenter& center = TranslationCenter::Instance();
+    const QTemporaryDir folder;
+    write(folder.filePath(context() + QStringLiteral("_de.qm")), content);
+    center.AddFolder(folder.path());
+    QFile::rename(m_file, m_file + QStringLiteral(".away"));
+    center.Register(context());
+    QTEST(QCoreApplication::translate("Ctx", source.constData(),
+                                      comment.isEmpty() ? nullptr : comment.constData()),
+          "said");
+    center.Unregister(context());
+    QFile::rename(m_file + QStringLiteral(".away"), m_file);
+    center.RemoveFolder(folder.path());
+}
+
+void TestTranslationCenter::applicationsMayFollowEachOther()
+{
+    TranslationCenter& center = TranslationCenter::Instance();
+    center.Register(context());
+    for (int i = 0; i < 3; ++i) {
+        center.InstallAll();
+        QCOMPARE(said(), QStringLiteral("hallo"));
+    }
+    center.Unregister(context());
+    QCOMPARE(said(), QStringLiteral("hi"));
 }
 
 QTEST_GUILESS_MAIN(TestTranslationCenter)
