@@ -43,7 +43,7 @@ const ContextRegistration contextRegistration;
 
 void traceCaught(const QString& message, unsigned short line)
 {
-    if (ErrorHandler::Instance().GetTraceMask() & ErrorHandler::TraceErrors)
+    if (ErrorHandler::Traces(ErrorHandler::TraceErrors))
         _Q_Trace(message, sourceName(), line);
 }
 

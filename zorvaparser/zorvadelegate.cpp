@@ -31,7 +31,7 @@ void ZorvaDelegate::CreateValueTree() {}
 
 void ZorvaDelegate::ResyncValueTree()
 {
-    if (ErrorHandler::Instance().GetTraceMask() & ErrorHandler::TraceNotes)
+    if (ErrorHandler::Traces(ErrorHandler::TraceNotes))
         _Q_Trace(QStringLiteral("ResyncValueTree empty implementation for %1").arg(xmlTagName),
                  QStringLiteral("zorvadelegate"), __LINE__);
 }

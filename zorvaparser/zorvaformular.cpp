@@ -25,14 +25,9 @@ namespace {
 
 const QLatin1String rootTag("KVParamGui");
 
-bool tracesErrors()
-{
-    return ErrorHandler::Instance().GetTraceMask() & ErrorHandler::TraceErrors;
-}
-
 void traceInitFailure(unsigned short line)
 {
-    if (tracesErrors())
+    if (ErrorHandler::Traces(ErrorHandler::TraceErrors))
         _Q_Trace(QStringLiteral("Exception in ZorvaFormular::InitVTValue"), QStringLiteral("zorvaformular"),
                  line);
 }
@@ -140,6 +135,7 @@ ZorvaFormular::ZorvaFormular()
     connect(sheet.GetSheetUi(), &ZorvaSheetUi::si_parametersModified, this,
             &ZorvaFormular::si_parametersModified);
     connect(sheet.GetSheetUi(), &ZorvaSheetUi::si_chooseFontSize, this, &ZorvaFormular::sl_fontSize);
+    connect(&scriptEngine, &QScriptEngine::signalHandlerException, this, &ZorvaFormular::TraceScriptError);
     RegisterScriptTypes();
 }
 
@@ -460,7 +456,7 @@ void ZorvaFormular::RegisterScriptTypes()
 void ZorvaFormular::InitScript()
 {
     scriptEngine.evaluate(script.GetCode(), QString(), 1);
-    if (!scriptEngine.hasUncaughtException() || !tracesErrors())
+    if (!scriptEngine.hasUncaughtException() || !ErrorHandler::Traces(ErrorHandler::TraceErrors))
         return;
     _Q_Trace(QStringLiteral("** ZorvaFormular Script Exception %1\n")
                  .arg(scriptEngine.uncaughtException().toString()),
@@ -470,6 +466,19 @@ void ZorvaFormular::InitScript()
 void ZorvaFormular::EvaluateScript(const QString& code)
 {
     scriptEngine.evaluate(code, QString(), 1);
+    if (scriptEngine.hasUncaughtException())
+        TraceScriptError(scriptEngine.uncaughtException());
+}
+
+void ZorvaFormular::TraceScriptError(const QScriptValue& error) const
+{
+    if (!ErrorHandler::Traces(ErrorHandler::TraceScripts))
+        return;
+    const QScriptValue thrownAt = error.property(QStringLiteral("lineNumber"));
+    const int line = thrownAt.isNumber() ? thrownAt.toInt32() : scriptEngine.uncaughtExceptionLineNumber();
+    _Q_Trace(QStringLiteral("Script error in form %1, line %2: %3")
+                 .arg(name.isEmpty() ? vtPath : name, QString::number(line), error.toString()),
+             QStringLiteral("zorvaformular"), __LINE__);
 }
 
 void ZorvaFormular::DebugScript()

@@ -100,7 +100,7 @@ public:
     void InitEnumeration(const QString& enumName, values::ValueSelection* selection,
                          const QStringList* valueTexts);
 
-    /** Runs code in the form's engine; silent in all cases. */
+    /** Runs code in the form's engine; silent but for a trace line under ErrorHandler::TraceScripts. */
     void EvaluateScript(const QString& code);
     /** The next evaluation stops in a debugger; only the first call has an effect. */
     void DebugScript();
@@ -139,6 +139,7 @@ private:
     void ParseChangedEnums(QXmlStreamReader& reader);
     void PublishEnum(const QExplicitlySharedDataPointer<ZorvaEnum>& enumeration);
     void InitScript();
+    void TraceScriptError(const QScriptValue& error) const;
     QString WriteXml(bool withValues, bool modifiedOnly);
     /** The offset behind the last root if the reader stumbled right there, else -1. */
     int ApplyRoots(QXmlStreamReader& reader, const QString& root);

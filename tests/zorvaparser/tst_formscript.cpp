@@ -224,6 +224,51 @@ private Q_SLOTS:
         ErrorHandler::Instance().SetTraceMask(mask);
     }
 
+    void scriptErrorsAreTraced_data()
+    {
+        QTest::addColumn<bool>("inHandler");
+        QTest::addColumn<QString>("code");
+        QTest::addColumn<QString>("traced");
+        QTest::newRow("handler, error") << true << "throw new Error('bad')"
+                                        << "FM 1, line 2: Error: bad";
+        QTest::newRow("handler, text") << true << "throw 'bad'"
+                                       << "FM 1, line 2: bad";
+        QTest::newRow("handler, mistake") << true << "nobody.x"
+                                          << "FM 1, line 2: ReferenceError";
+        QTest::newRow("evaluated, error") << false << "\n\nthrow new Error('bad')"
+                                          << "FM 1, line 3: Error: bad";
+        QTest::newRow("evaluated, syntax") << false << "var"
+                                           << "FM 1, line 1: SyntaxError";
+        QTest::newRow("nothing wrong") << false << "1 + 1" << QString();
+    }
+
+    void scriptErrorsAreTraced()
+    {
+        QFETCH(bool, inHandler);
+        QFETCH(QString, code);
+        QFETCH(QString, traced);
+        const QString script = QStringLiteral("a.customPropertyChanged.connect(function() {\n%1;\n});")
+                                   .arg(inHandler ? code : QString());
+        FormFixture form(edit("a"), QString(), script);
+        form.formular()->SetName(QStringLiteral("FM 1"));
+        int count = 0;
+        const auto goWrong = [&] {
+            if (inHandler)
+                form.row("a")->setCustomProperty(QStringLiteral("p"), ++count);
+            else
+                form.formular()->EvaluateScript(code);
+        };
+        goWrong(); // silent without the bit
+        const int mask = ErrorHandler::Instance().GetTraceMask();
+        ErrorHandler::Instance().SetTraceMask(ErrorHandler::TraceScripts);
+        if (!traced.isEmpty())
+            messages().expect(QStringLiteral("Script error in form ") + traced);
+        goWrong();
+        ErrorHandler::Instance().SetTraceMask(mask);
+        goWrong();
+        QCOMPARE(messages().complaints(), QString());
+    }
+
     void partBeforeTheExceptionStands()
     {
         messages().expect(QStringLiteral("Script Exception oops"));

@@ -58,7 +58,7 @@ void ZorvaFHPObject::CreateValueTree()
     const QString path = GetVTNodePath() + QLatin1Char('/') + GetXmlTagName();
     if (exclusionRanges.Create(path) || !exclusionRanges)
         return;
-    if (ErrorHandler::Instance().GetTraceMask() & ErrorHandler::TraceNotes)
+    if (ErrorHandler::Traces(ErrorHandler::TraceNotes))
         _Q_Trace(
             QStringLiteral("ZorvaFHPObject::CreateValueTree: exclusion ranges map already existing in VT"),
             QStringLiteral("zorvafhpobject"), __LINE__);
