@@ -1,6 +1,7 @@
 #ifndef ZORVA_ZORVATEST_H
 #define ZORVA_ZORVATEST_H
 
+#include <zorvaparser/formshell_p.h>
 #include <zorvaparser/loadinterface.h>
 #include <zorvaparser/zorvaformular.h>
 
@@ -31,7 +32,7 @@ protected:
  * description can be tried without a device. A single form keeps its parameters
  * in "ZorvaTest_test.xml" in the working directory.
  */
-class ZorvaTest : public QObject, public IDllInstance
+class ZorvaTest : public QObject, public IDllInstance, public FormShell
 {
     Q_OBJECT
 
@@ -47,6 +48,9 @@ public:
      */
     bool Start() override;
 
+    void SetOptions(const FormShellOptions& newOptions) override;
+    bool Reload() override;
+
     using ShownForm = QExplicitlySharedDataPointer<ZorvaFormular>;
     /** Every form shown in this process: forms and windows outlive the instance that made them. */
     static QList<ShownForm>& ShownForms();
@@ -59,12 +63,18 @@ private Q_SLOTS:
 
 private:
     void LoadZorva(const QString& path, const QString& option);
+    void ShowForm(const ShownForm& form);
+    void LetFormGo();
+    QString ParameterFilePath() const;
     void ReadStoredParameters();
+    void TellForeignParameters(const QString& xml) const;
     void LoadComponentList(const QString& path);
     static void AddTab(QTabWidget* tabs, const QString& title, const QString& description, int& count);
 
     QPointer<ZorvaFormular> formular;   // the single form; null while there is none
     QPointer<ZorvaTestMain> mainWindow; // never deleted here
+    QString formPath;
+    FormShellOptions options;
 };
 
 } // namespace Orvane

@@ -17,7 +17,9 @@
 
 #include <csignal>
 #include <memory>
+#include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using Orvane::ZorvaTest;
@@ -119,6 +121,37 @@ private:
     QString collected;
 };
 
+/** The process has no more rights than an ordinary user while one lives. */
+class OrdinaryUser
+{
+public:
+    OrdinaryUser()
+    {
+        constexpr uid_t nobody = 65534;
+        if (geteuid() == 0)
+            [] { QCOMPARE(seteuid(nobody), 0); }();
+    }
+    ~OrdinaryUser()
+    {
+        if (getuid() == 0)
+            [] { QCOMPARE(seteuid(0), 0); }();
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+};
+
+void setMode(const QString& path, mode_t mode)
+{
+    QCOMPARE(chmod(QFile::encodeName(path).constData(), mode), 0);
+}
+
+struct stat infoOf(const QString& path)
+{
+    struct stat info = {};
+    lstat(QFile::encodeName(path).constData(), &info);
+    return info;
+}
+
 /** Lets a stopped script go on; null while no debugger shows one. */
 QAction* continueActionOfDebugger()
 {
@@ -157,6 +190,17 @@ private Q_SLOTS:
     void storedTextIsUtf8AndReplacesTheOld();
     void failedStoreKeepsTheOldFile();
     void unwritableFolderIsReported();
+    void fileInALockedFolderIsWrittenOver();
+    void failedWritingOverKeepsTheOldFile();
+    void linksAndModesStay();
+    void leftoversOfKilledStoresGo();
+    void whatCannotBeReadIsSaid_data();
+    void whatCannotBeReadIsSaid();
+    void foreignParametersAreTold_data();
+    void foreignParametersAreTold();
+    void optionsOfTheShell();
+    void reloading();
+    void reloadingWithoutAForm();
     void debuggerIsAttachedOnlyForDebug_data();
     void debuggerIsAttachedOnlyForDebug();
     void debuggerStopsTheScript();
@@ -395,6 +439,219 @@ void TestZorvaTest::unwritableFolderIsReported()
     const QString shown = capture.text();
     QVERIFY2(shown.contains(QStringLiteral("Cannot store the parameters in ")), qPrintable(shown));
     QVERIFY(QFileInfo(storedParametersFile()).isDir());
+}
+
+void TestZorvaTest::fileInALockedFolderIsWrittenOver()
+{
+    writeFile(storedParametersFile(), QByteArray("<Parameters/>") + QByteArray(100000, ' '));
+    QCOMPARE(link("ZorvaTest_test.xml", "linked.xml"), 0);
+    setMode(storedParametersFile(), 0666);
+    start({dataFile("gain.zorva")});
+    setMode(folder->path(), 0555);
+    {
+        const OrdinaryUser user;
+        toggleAndApply();
+    }
+    setMode(folder->path(), 0755);
+    const QByteArray stored = contentOf(storedParametersFile());
+    QVERIFY2(stored.contains("<Attenuation>true</Attenuation>"), stored.constData());
+    QVERIFY(stored.size() < 1000);
+    QCOMPARE(contentOf(QStringLiteral("linked.xml")), stored);
+    QCOMPARE(infoOf(storedParametersFile()).st_nlink, nlink_t(2));
+}
+
+void TestZorvaTest::failedWritingOverKeepsTheOldFile()
+{
+    writeFile(storedParametersFile(), "<Parameters/>");
+    setMode(storedParametersFile(), 0666);
+    start({dataFile("gain.zorva")});
+    setMode(folder->path(), 0555);
+    messages->allow(QRegularExpression(QStringLiteral("Cannot store the parameters")));
+    StandardErrorCapture capture;
+    {
+        const FullDisk full;
+        const OrdinaryUser user;
+        toggleAndApply();
+    }
+    setMode(folder->path(), 0755);
+    QVERIFY2(capture.text().contains(QStringLiteral("Cannot store")), qPrintable(capture.text()));
+    QCOMPARE(contentOf(storedParametersFile()), QByteArray("<Parameters/>"));
+}
+
+void TestZorvaTest::linksAndModesStay()
+{
+    QVERIFY(QDir().mkdir(QStringLiteral("elsewhere")));
+    writeFile(QStringLiteral("elsewhere/target.xml"), "<Parameters/>");
+    setMode(QStringLiteral("elsewhere/target.xml"), 0640);
+    QVERIFY(QFile::link(QStringLiteral("elsewhere/target.xml"), storedParametersFile()));
+    start({dataFile("gain.zorva")});
+    toggleAndApply();
+    QVERIFY(S_ISLNK(infoOf(storedParametersFile()).st_mode));
+    QCOMPARE(infoOf(QStringLiteral("elsewhere/target.xml")).st_mode & 0777, mode_t(0640));
+    QVERIFY(contentOf(QStringLiteral("elsewhere/target.xml")).contains("true"));
+}
+
+void TestZorvaTest::leftoversOfKilledStoresGo()
+{
+    const QStringList kept = {
+        QStringLiteral("ZorvaTest_test.xml.backup"),  QStringLiteral("ZorvaTest_test.xml.BACKUP"),
+        QStringLiteral("ZorvaTest_test.xml.Backup2"), QStringLiteral("ZorvaTest_test.xmlAbCdEf"),
+        QStringLiteral("ZorvaTest_test.xml.InUseQ"),
+    };
+    for (const QString& name : kept)
+        writeFile(name, "mine");
+    writeFile(QStringLiteral("ZorvaTest_test.xml.QwErTz"), "<Param");
+    writeFile(QStringLiteral("ZorvaTest_test.xml.aBCDEF"), QByteArray());
+    // Another program is at its store.
+    QFile inUse(QStringLiteral("ZorvaTest_test.xml.InUseQ"));
+    QVERIFY(inUse.open(QIODevice::ReadOnly));
+    QCOMPARE(flock(inUse.handle(), LOCK_EX | LOCK_NB), 0);
+
+    start({dataFile("gain.zorva")});
+    toggleAndApply();
+    QStringList names = kept + QStringList(storedParametersFile());
+    names.sort();
+    QStringList there = QDir().entryList(QDir::Files | QDir::Hidden);
+    there.sort();
+    QCOMPARE(there, names);
+}
+
+void TestZorvaTest::whatCannotBeReadIsSaid_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("pipe") << QStringLiteral("pipe") << QStringLiteral("it is not a regular file");
+    QTest::newRow("device") << QStringLiteral("device") << QStringLiteral("it is not a regular file");
+    QTest::newRow("folder") << QStringLiteral("folder") << QStringLiteral("it is a folder");
+    QTest::newRow("no permission") << QStringLiteral("locked") << QStringLiteral("Permission denied");
+}
+
+void TestZorvaTest::whatCannotBeReadIsSaid()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, reason);
+    if (kind == QLatin1String("pipe"))
+        QCOMPARE(mkfifo("ZorvaTest_test.xml", 0666), 0);
+    else if (kind == QLatin1String("device"))
+        QVERIFY(QFile::link(QStringLiteral("/dev/zero"), storedParametersFile()));
+    else if (kind == QLatin1String("folder"))
+        QVERIFY(QDir().mkdir(storedParametersFile()));
+    else
+        writeFile(storedParametersFile(), attenuationOn);
+    QVERIFY(QFile::copy(dataFile("gain.zorva"), QStringLiteral("gain.zorva")));
+    setMode(QStringLiteral("gain.zorva"), 0644);
+    if (kind == QLatin1String("locked"))
+        setMode(storedParametersFile(), 0);
+    setMode(folder->path(), 0755);
+
+    messages->allow(QRegularExpression(QStringLiteral("Cannot read the parameters")));
+    StandardErrorCapture capture;
+    {
+        const OrdinaryUser user;
+        start({QStringLiteral("gain.zorva")});
+    }
+    const QString said = capture.text();
+    QVERIFY2(said.contains(QStringLiteral("Cannot read the parameters in ")), qPrintable(said));
+    QVERIFY2(said.contains(reason), qPrintable(said));
+    QVERIFY(window()->isVisible());
+    QVERIFY(!attenuation()->isChecked());
+}
+
+void TestZorvaTest::foreignParametersAreTold_data()
+{
+    QTest::addColumn<QByteArray>("stored");
+    QTest::addColumn<QString>("said");
+    QTest::newRow("nothing") << QByteArray() << QString();
+    QTest::newRow("its own") << attenuationOn << QString();
+    QTest::newRow("another form's")
+        << QByteArray("<Parameters><Gain>1</Gain><Band>2</Band><Gain>3</Gain></Parameters>")
+        << QStringLiteral("this one has no Gain, Band\n");
+    QTest::newRow("another root") << QByteArray("<Scan><Attenuation>true</Attenuation></Scan>")
+                                  << QStringLiteral("this one has no Scan\n");
+    QTest::newRow("no XML") << QByteArray("words") << QString();
+}
+
+void TestZorvaTest::foreignParametersAreTold()
+{
+    QFETCH(QByteArray, stored);
+    QFETCH(QString, said);
+    if (!stored.isNull())
+        writeFile(storedParametersFile(), stored);
+    StandardErrorCapture capture;
+    start({dataFile("gain.zorva")});
+    QVERIFY2(capture.text().endsWith(said), qPrintable(capture.text()));
+    QCOMPARE(capture.text().count(QLatin1Char('\n')), said.isEmpty() ? 0 : 1);
+}
+
+void TestZorvaTest::optionsOfTheShell()
+{
+    writeFile(storedParametersFile(), attenuationOn);
+    writeFile(QStringLiteral("other.xml"), "<Parameters><Attenuation>false</Attenuation></Parameters>");
+    const auto started = [this](const Orvane::FormShellOptions& options) {
+        delete (ZorvaTest::ShellWindows().isEmpty() ? nullptr : window());
+        ZorvaTest::ShownForms().clear();
+        host = std::make_unique<VelkApplication>(shellArguments({dataFile("gain.zorva")}));
+        shell = std::make_unique<ZorvaTest>(QStringLiteral("test"));
+        shell->SetOptions(options);
+        return shell->Start() && attenuation()->isChecked();
+    };
+    Orvane::FormShellOptions options;
+    QVERIFY(started(options));
+    options.storedAreRead = false;
+    QVERIFY(!started(options));
+    options.parameters = QStringList(QString::fromLatin1(attenuationOn));
+    QVERIFY(started(options));
+    options.storedAreRead = true;
+    options.parameters =
+        QStringList(QStringLiteral("<Parameters><Attenuation>false</Attenuation></Parameters>"));
+    QVERIFY(!started(options));
+    options.parameters.clear();
+    options.parameterFile = QStringLiteral("other.xml");
+    QVERIFY(!started(options));
+    toggleAndApply();
+    QVERIFY(contentOf(QStringLiteral("other.xml")).contains("<Attenuation>true<"));
+    QCOMPARE(contentOf(storedParametersFile()), attenuationOn);
+    options.overlays = QStringList(QStringLiteral("<KVParamGui><Sheet><Widget name=\"Attenuation\">"
+                                                  "<Property name=\"enabled\"><Bool>false</Bool></Property>"
+                                                  "</Widget></Sheet></KVParamGui>"));
+    QVERIFY(started(options));
+    QVERIFY(!attenuation()->isEnabled());
+}
+
+void TestZorvaTest::reloading()
+{
+    QFile original(dataFile("gain.zorva"));
+    QVERIFY(original.open(QIODevice::ReadOnly));
+    const QByteArray text = original.readAll();
+    writeFile(QStringLiteral("form.zorva"), text);
+    start({QStringLiteral("form.zorva")});
+    toggleAndApply();
+    for (int round = 0; round < 2; ++round) {
+        const QByteArray caption = "Damping " + QByteArray::number(round);
+        writeFile(QStringLiteral("form.zorva"),
+                  QByteArray(text).replace("<String>Attenuation<", "<String>" + caption + '<'));
+        QVERIFY(shell->Reload());
+        QCOMPARE(ZorvaTest::ShownForms().size(), 1);
+        QVERIFY(attenuation()->isChecked());
+        QVERIFY(attenuation()->isVisible());
+        QVERIFY(attenuation()->toolTip().contains(QString::fromLatin1(caption)));
+    }
+    toggleAndApply();
+    QVERIFY(contentOf(storedParametersFile()).contains("<Attenuation>false<"));
+}
+
+void TestZorvaTest::reloadingWithoutAForm()
+{
+    QVERIFY(QFile::copy(dataFile("gain.zorva"), QStringLiteral("form.zorva")));
+    start({QStringLiteral("form.zorva")});
+    attenuation()->click();
+    QVERIFY(QFile::remove(QStringLiteral("form.zorva")));
+    QVERIFY(!shell->Reload());
+    writeFile(QStringLiteral("form.zorva"), "<KVPa");
+    QVERIFY(!shell->Reload());
+    QVERIFY(attenuation()->isChecked());
+    ZorvaTest idle(QStringLiteral("idle"));
+    QVERIFY(!idle.Reload());
 }
 
 void TestZorvaTest::debuggerIsAttachedOnlyForDebug_data()
