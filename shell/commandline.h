@@ -13,11 +13,20 @@ struct CommandLine
     QString path;    // as typed
     QString option;  // empty or "debug"
     QString mistake; // for the person, if the request is one
+
+    QStringList overlays;           // files, in the order in which they are laid over the form
+    QStringList parameters;         // files, in the order in which they are taken
+    QString settings;               // file; empty: the module's own choice
+    QString language;               // as in "de" or "de_CH"; empty: that of the session
+    QStringList translationFolders; // the last one is looked into first
+    bool fresh = false;             // stored parameters are not read
+    bool watch = false;             // the form is read again when its file changes
 };
 
 /**
  * Reads the command line; the program comes first. Options that belong to Qt's
- * application ("-platform offscreen") are passed over with their values.
+ * application ("-platform offscreen") are passed over with their values. A value
+ * stands behind its option, or in the same argument behind "=".
  */
 CommandLine readCommandLine(const QStringList& arguments);
 

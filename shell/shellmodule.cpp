@@ -34,23 +34,28 @@ ShellModule::~ShellModule()
     destroy(instance);
 }
 
-bool ShellModule::loadLibrary()
+QString ShellModule::loadLibrary()
 {
+    // A library that is there and does not load says why; those not found say nothing.
+    QString reason;
     for (const QString& name : libraryNames()) {
         if (QFileInfo(name).isAbsolute())
             library.setFileName(name);
         else
             library.setFileNameAndVersion(name, ZORVASHELL_MODULE_VERSION);
         if (library.load())
-            return true;
+            return QString();
+        if (reason.isEmpty())
+            reason = library.errorString();
     }
-    return false;
+    return reason;
 }
 
 QString ShellModule::Load()
 {
-    if (!loadLibrary())
-        return QStringLiteral("cannot load the form library: %1").arg(library.errorString());
+    const QString reason = loadLibrary();
+    if (!reason.isEmpty())
+        return QStringLiteral("cannot load the form library: %1").arg(reason);
     const auto create = reinterpret_cast<CreateFunction>(library.resolve("VKCreate"));
     destroy = reinterpret_cast<DestroyFunction>(library.resolve("VKDestroy"));
     if (!create || !destroy)

@@ -1,6 +1,7 @@
 #ifndef ZORVA_SHELL_SHELLMODULE_H
 #define ZORVA_SHELL_SHELLMODULE_H
 
+#include <zorvaparser/formshell_p.h>
 #include <zorvaparser/loadinterface.h>
 
 #include <QLibrary>
@@ -22,12 +23,15 @@ public:
     QString Load();
     /** Only after a Load() without failure. */
     bool Start() { return instance->Start(); }
+    /** What the instance offers beside that; null if it is that of another version. */
+    Orvane::FormShell* Shell() const { return dynamic_cast<Orvane::FormShell*>(instance); }
 
 private:
     using CreateFunction = IDllInstance* (*)(const wchar_t*);
     using DestroyFunction = void (*)(IDllInstance*);
 
-    bool loadLibrary();
+    /** The reason of a failure, otherwise empty. */
+    QString loadLibrary();
 
     QLibrary library;
     IDllInstance* instance = nullptr; // owned; goes back to the library

@@ -1,6 +1,8 @@
 #ifndef ZORVA_FORMSHELL_P_H
 #define ZORVA_FORMSHELL_P_H
 
+#include <zorvaparser/zorvaparser_export.h>
+
 #include <QString>
 #include <QStringList>
 
@@ -20,7 +22,7 @@ struct FormShellOptions
  * interface that every loader knows. Complete in this header. For a single form;
  * a component list knows none of it.
  */
-class FormShell
+class ZORVAPARSER_EXPORT FormShell
 {
 public:
     virtual ~FormShell() = default;

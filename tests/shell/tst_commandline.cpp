@@ -17,6 +17,8 @@ private Q_SLOTS:
     void requestIsRead();
     void unreadableFilesAreNamed_data();
     void unreadableFilesAreNamed();
+    void optionsAreRead();
+    void optionsAreOffAtFirst();
     void usageNamesBothWays();
 };
 
@@ -53,6 +55,17 @@ void TestCommandLine::requestIsRead_data()
     row("Qt's option without its value", "-platform", Request::Mistake, none, none);
     row("other word behind the form", "a.zorva Debug", Request::Mistake, none, none);
     row("a list to debug", "a.xml debug", Request::Mistake, none, none);
+    row("Qt's session", "-session 117f000002 a.zorva", Request::Show, form, none);
+    row("debug and watch", "a.zorva debug --watch", Request::Mistake, none, none);
+    row("option without its value", "a.zorva --overlay", Request::Mistake, none, none);
+    row("option with an empty value", "a.zorva --settings=", Request::Mistake, none, none);
+    row("option that only begins alike", "a.zorva --settingsfile=x", Request::Mistake, none, none);
+    row("overlay for a list", "a.xml --overlay b.zorva", Request::Mistake, none, none);
+    row("parameters for a list", "a.xml --set b.xml", Request::Mistake, none, none);
+    row("settings for a list", "a.xml --settings b.xml", Request::Mistake, none, none);
+    row("fresh list", "a.xml --fresh", Request::Mistake, none, none);
+    row("list to watch", "a.xml --watch", Request::Mistake, none, none);
+    row("language for a list", "--language de a.xml --translations .", Request::Show, list, none);
     row("too many", "a.zorva debug b.zorva", Request::Mistake, none, none);
 }
 
@@ -96,8 +109,35 @@ void TestCommandLine::unreadableFilesAreNamed()
     QCOMPARE(whyUnreadable(folder.filePath(name)), reason);
 }
 
+void TestCommandLine::optionsAreRead()
+{
+    const CommandLine line = readCommandLine(
+        QStringLiteral("zorvashell --overlay a --overlay=b --set c --set=d=e a.zorva --settings f --fresh "
+                       "--watch --language de_CH --translations g --translations h")
+            .split(QLatin1Char(' ')));
+    QCOMPARE(line.request, Request::Show);
+    QCOMPARE(line.overlays, (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+    QCOMPARE(line.parameters, (QStringList{QStringLiteral("c"), QStringLiteral("d=e")}));
+    QCOMPARE(line.settings, QStringLiteral("f"));
+    QCOMPARE(line.language, QStringLiteral("de_CH"));
+    QCOMPARE(line.translationFolders, (QStringList{QStringLiteral("g"), QStringLiteral("h")}));
+    QVERIFY(line.fresh);
+    QVERIFY(line.watch);
+}
+
+void TestCommandLine::optionsAreOffAtFirst()
+{
+    const CommandLine line = readCommandLine({QStringLiteral("zorvashell"), QStringLiteral("a.zorva")});
+    QVERIFY(line.overlays.isEmpty() && line.parameters.isEmpty() && line.translationFolders.isEmpty());
+    QVERIFY(line.settings.isEmpty() && line.language.isEmpty());
+    QVERIFY(!line.fresh && !line.watch);
+}
+
 void TestCommandLine::usageNamesBothWays()
 {
+    for (const char* option : {"--overlay FILE", "--set FILE", "--settings FILE", "--fresh", "--watch",
+                               "--language LANG", "--translations DIR"})
+        QVERIFY2(usageText().contains(QLatin1String(option)), option);
     QVERIFY(usageText().contains(QStringLiteral("zorvashell FORM.zorva [debug]")));
     QVERIFY(usageText().contains(QStringLiteral("zorvashell LIST.xml")));
 }

@@ -4,6 +4,7 @@
 #include <QFile>
 
 #include <csignal>
+#include <cstdio>
 
 /** The program's command line, its files and the requests to end. */
 class TestZorvaShell : public ShellTest
@@ -25,7 +26,46 @@ private Q_SLOTS:
     void damagedStoredParametersAreNoHindrance();
     void formReplacedWhileOpenIsNoHindrance();
     void pathBeyondAsciiIsRead();
+    void wrongEncodingIsExplained_data();
+    void wrongEncodingIsExplained();
+    void wrongPlatformIsExplained_data();
+    void wrongPlatformIsExplained();
+    void brokenLibraryIsExplained();
+    void wrongOptionsAreExplained_data();
+    void wrongOptionsAreExplained();
+    void optionsReachTheForm();
+    void storedParametersAreLeftOut();
+    void savedFormIsReadAgain();
+    void brokenSaveKeepsTheForm();
+
+private:
+    /// The path of a file in the program's folder.
+    QString inFolder(const char* name) const { return folder->filePath(QLatin1String(name)); }
+    QByteArray contentOf(const char* name) const;
 };
+
+namespace {
+
+/// Two check boxes; a change of the second one stores all parameters.
+QByteArray storingForm(const QByteArray& nameOfTheFirst = "First")
+{
+    const QByteArray row = "<Widget name=\"%\" class=\"CheckBox\">"
+                           "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property></Widget>";
+    return "<KVParamGui version=\"1.0\"><Sheet name=\"sheet\">" +
+           QByteArray(row).replace('%', nameOfTheFirst) + QByteArray(row).replace('%', "Second") +
+           "</Sheet><Script language=\"JavaScript\">"
+           "Second.toggled.connect(function() { sheet.emitParametersXml(); });</Script></KVParamGui>";
+}
+
+const QByteArray secondOn = "<Parameters><Second>true</Second></Parameters>";
+
+} // namespace
+
+QByteArray TestZorvaShell::contentOf(const char* name) const
+{
+    QFile file(inFolder(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
 
 void TestZorvaShell::helpAndVersionNeedNoDisplay_data()
 {
@@ -204,6 +244,168 @@ void TestZorvaShell::pathBeyondAsciiIsRead()
     program->terminate();
     finish();
     QVERIFY2(program->exitCode() == 0, qPrintable(errors));
+}
+
+void TestZorvaShell::wrongEncodingIsExplained_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("said");
+    QTest::newRow("form") << QByteArray("<KVParamGui>\n<Sheet name=\"\xf6\"/></KVParamGui>")
+                          << QStringLiteral("form.zorva")
+                          << QStringLiteral("form.zorva holds no form: line 2, column 14: wrong encoding, "
+                                            "this is not UTF-8\n");
+    QTest::newRow("unknown encoding")
+        << QByteArray("<?xml version=\"1.0\" encoding=\"Klingon\"?><KVParamGui/>")
+        << QStringLiteral("form.zorva") << QStringLiteral("the encoding Klingon that it declares is unknown");
+    QTest::newRow("list") << QByteArray("<List>\xf6</List>") << QStringLiteral("list.xml")
+                          << QStringLiteral("line 1, column 7: wrong encoding");
+}
+
+void TestZorvaShell::wrongEncodingIsExplained()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, name);
+    QFETCH(QString, said);
+    QVERIFY(makeFile(folder->filePath(name), content));
+    start({name});
+    finish();
+    QCOMPARE(program->exitCode(), 1);
+    QVERIFY2(errors.contains(said), qPrintable(errors));
+}
+
+void TestZorvaShell::wrongPlatformIsExplained_data()
+{
+    QTest::addColumn<bool>("inEnvironment");
+    QTest::newRow("on the command line") << false;
+    QTest::newRow("in the environment") << true;
+}
+
+void TestZorvaShell::wrongPlatformIsExplained()
+{
+    QFETCH(bool, inEnvironment);
+    QStringList arguments = {dataFile("gain.zorva")};
+    if (inEnvironment)
+        setEnvironment(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("abacus:beads=10"));
+    else
+        arguments = QStringList{QStringLiteral("-platform"), QStringLiteral("abacus")} + arguments;
+    start(arguments);
+    finish();
+    QCOMPARE(program->exitCode(), 1);
+    QVERIFY2(errors.contains(QStringLiteral("zorvashell: there is no platform \"abacus\"")),
+             qPrintable(errors));
+    QVERIFY2(errors.contains(QStringLiteral("offscreen")), qPrintable(errors));
+    QVERIFY2(!errors.contains(QStringLiteral("no display")), qPrintable(errors));
+}
+
+void TestZorvaShell::brokenLibraryIsExplained()
+{
+    QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("bin")));
+    QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("lib")));
+    QVERIFY(QFile::copy(QStringLiteral(ZORVA_SHELL_PROGRAM), inFolder("bin/zorvashell")));
+    QVERIFY(makeFile(inFolder("lib/libzorvaparser.so." ZORVA_SHELL_MODULE_VERSION), "no library"));
+    // The program's own library is found; the one that it loads is there and broken.
+    QVERIFY(QFile::link(QStringLiteral(ZORVA_SHELL_HOST_LIBRARY),
+                        inFolder("lib/libvelkappstartup.so." ZORVA_SHELL_MODULE_VERSION)));
+    setEnvironment(QStringLiteral("LD_LIBRARY_PATH"), inFolder("lib"));
+    program->start(inFolder("bin/zorvashell"), {dataFile("gain.zorva")}, QIODevice::ReadOnly);
+    finish();
+    QCOMPARE(program->exitCode(), 1);
+    QVERIFY2(errors.contains(QStringLiteral("zorvashell: cannot load the form library: ")),
+             qPrintable(errors));
+    QVERIFY2(errors.contains(QStringLiteral("/lib/libzorvaparser.so.")), qPrintable(errors));
+}
+
+void TestZorvaShell::wrongOptionsAreExplained_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QString>("said");
+    const auto row = [](const char* name, const char* option, const char* value, const char* said) {
+        QTest::newRow(name) << QStringList{QLatin1String(option), QLatin1String(value)}
+                            << QString::fromLatin1(said);
+    };
+    row("missing overlay", "--overlay", "missing.zorva", "cannot read missing.zorva: there is no such file");
+    row("broken overlay", "--overlay", "broken.xml", "cannot read broken.xml: line 1, column ");
+    row("missing parameters", "--set", "missing.xml", "cannot read missing.xml: there is no such file");
+    row("parameters in a wrong encoding", "--set", "latin1.xml",
+        "cannot read latin1.xml: line 1, column 4: wrong encoding");
+    row("no language", "--language", "gibberish", "there is no language \"gibberish\"");
+    row("no folder", "--translations", "missing", "there is no folder missing");
+}
+
+void TestZorvaShell::wrongOptionsAreExplained()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QString, said);
+    QVERIFY(makeFile(inFolder("broken.xml"), "<a><b></a>"));
+    QVERIFY(makeFile(inFolder("latin1.xml"), "<a>\xf6</a>"));
+    start(QStringList(dataFile("gain.zorva")) + options);
+    finish();
+    QCOMPARE(program->exitCode(), 1);
+    QVERIFY2(errors.contains(QStringLiteral("zorvashell: ") + said), qPrintable(errors));
+}
+
+void TestZorvaShell::optionsReachTheForm()
+{
+    QVERIFY(makeFile(inFolder("form.zorva"), storingForm()));
+    QVERIFY(makeFile(inFolder("overlay.zorva"),
+                     "<KVParamGui><Sheet><Widget name=\"First\"><Property name=\"checked\"><Bool>true</Bool>"
+                     "</Property></Widget></Sheet></KVParamGui>"));
+    QVERIFY(makeFile(inFolder("set.xml"), secondOn));
+    start({QStringLiteral("form.zorva"), QStringLiteral("--overlay"), QStringLiteral("overlay.zorva"),
+           QStringLiteral("--set=set.xml"), QStringLiteral("--settings"), QStringLiteral("mine.xml"),
+           QStringLiteral("--language"), QStringLiteral("de"), QStringLiteral("--translations"),
+           QStringLiteral(".")});
+    QTRY_VERIFY_WITH_TIMEOUT(!contentOf("mine.xml").isEmpty(), 20000);
+    program->terminate();
+    finish();
+    QVERIFY2(contentOf("mine.xml").contains("<First>true</First>"), contentOf("mine.xml").constData());
+    QVERIFY(contentOf("mine.xml").contains("<Second>true</Second>"));
+    QVERIFY(!QFile::exists(inFolder("ZorvaTest_test.xml")));
+}
+
+void TestZorvaShell::storedParametersAreLeftOut()
+{
+    QVERIFY(makeFile(inFolder("form.zorva"), storingForm()));
+    QVERIFY(makeFile(inFolder("ZorvaTest_test.xml"), "<Parameters><First>true</First></Parameters>"));
+    QVERIFY(makeFile(inFolder("set.xml"), secondOn));
+    start({QStringLiteral("--fresh"), QStringLiteral("form.zorva"), QStringLiteral("--set"),
+           QStringLiteral("set.xml")});
+    QTRY_VERIFY_WITH_TIMEOUT(contentOf("ZorvaTest_test.xml").contains("Second"), 20000);
+    program->terminate();
+    finish();
+    QVERIFY(contentOf("ZorvaTest_test.xml").contains("<First>false</First>"));
+}
+
+void TestZorvaShell::savedFormIsReadAgain()
+{
+    QVERIFY(makeFile(inFolder("form.zorva"), storingForm()));
+    QVERIFY(makeFile(inFolder("set.xml"), secondOn));
+    start({QStringLiteral("--watch"), QStringLiteral("form.zorva"), QStringLiteral("--set"),
+           QStringLiteral("set.xml")});
+    QTRY_VERIFY_WITH_TIMEOUT(contentOf("ZorvaTest_test.xml").contains("First"), 20000);
+    // The new form takes what the old one had, and stores it.
+    QVERIFY(makeFile(inFolder("form.zorva~"), storingForm("Other")));
+    QCOMPARE(std::rename(qPrintable(inFolder("form.zorva~")), qPrintable(inFolder("form.zorva"))), 0);
+    QTRY_VERIFY_WITH_TIMEOUT(contentOf("ZorvaTest_test.xml").contains("<Other>false</Other>"), 20000);
+    program->terminate();
+    finish();
+    QVERIFY(contentOf("ZorvaTest_test.xml").contains("<Second>true</Second>"));
+    QCOMPARE(program->exitCode(), 0);
+}
+
+void TestZorvaShell::brokenSaveKeepsTheForm()
+{
+    QVERIFY(makeFile(inFolder("form.zorva"), storingForm()));
+    QVERIFY(makeFile(inFolder("set.xml"), secondOn));
+    start({QStringLiteral("--watch"), QStringLiteral("form.zorva"), QStringLiteral("--set"),
+           QStringLiteral("set.xml")});
+    QTRY_VERIFY_WITH_TIMEOUT(contentOf("ZorvaTest_test.xml").contains("First"), 20000);
+    QVERIFY(makeFile(inFolder("form.zorva"), "<KVParam"));
+    waitUntilSaid(QStringLiteral("zorvashell: form.zorva holds no form: line 1, column "));
+    program->terminate();
+    finish();
+    QCOMPARE(program->exitCode(), 0);
 }
 
 QTEST_GUILESS_MAIN(TestZorvaShell)
