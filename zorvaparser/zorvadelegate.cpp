@@ -47,6 +47,12 @@ void ZorvaDelegate::CreateGUI(FloatGroupLayout* layout)
         label->hide();
 }
 
+void ZorvaDelegate::Retranslate()
+{
+    if (label)
+        label->setText(Translate(property("labelText").toString()));
+}
+
 void ZorvaDelegate::GetXml(QXmlStreamWriter&) const {}
 
 void ZorvaDelegate::ReadXml(QXmlStreamReader&) {}

@@ -308,7 +308,13 @@ protected:
     bool groupVisible;
     QPointer<QLabel> label; // owned by the layout's parent widget
 
+protected:
+    /** The language has changed: sets the texts of caption and control anew. */
+    virtual void Retranslate();
+
 private:
+    friend class ZorvaSheet; // which tells its rows
+
     // What the control shows in place of a property that is held back.
     QMap<QString, QVariant> heldBackLooks;
 };

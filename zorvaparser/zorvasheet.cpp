@@ -431,6 +431,14 @@ void ZorvaSheet::GetXml(QXmlStreamWriter& writer, bool withValues, bool modified
     writer.writeEndElement();
 }
 
+void ZorvaSheet::Retranslate()
+{
+    const BulkChange bulk(Content());
+    const QList<WidgetPointer> rows = widgets;
+    for (const WidgetPointer& row : rows)
+        row->GetDelegate()->Retranslate();
+}
+
 void ZorvaSheet::ReadXml(QXmlStreamReader& reader)
 {
     const QScopedValueRollback<bool> inactive(active, false);

@@ -102,6 +102,9 @@ public:
     /** Entered on the root's start tag. Changes made meanwhile do not mark the sheet. */
     void ReadXml(QXmlStreamReader& reader);
 
+    /** The language has changed: every row asks for its texts anew. */
+    void Retranslate();
+
     /** A delegate's tag changed: the index from tags to widgets is made anew when next asked. */
     void TagsChanged();
     /** The widget that the rows lie in; null before the controls are made and after they are gone. */

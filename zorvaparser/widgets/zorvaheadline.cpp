@@ -39,6 +39,14 @@ void ZorvaHeadline::PropertyChanged(const QString& name, const QVariant& value)
     PropagateProperty(name, groupBox);
 }
 
+void ZorvaHeadline::Retranslate()
+{
+    ZorvaDelegate::Retranslate();
+    if (groupBox)
+        groupBox->setTitle(GetTranslated("text"));
+    UpdateToolTip();
+}
+
 void ZorvaHeadline::setText(QString text)
 {
     ChangeProperty("text", text);

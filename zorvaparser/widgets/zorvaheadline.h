@@ -33,6 +33,7 @@ public Q_SLOTS:
 
 protected:
     void PropertyChanged(const QString& name, const QVariant& value) override;
+    void Retranslate() override;
 
 private Q_SLOTS:
     void slotClicked(bool clicked);

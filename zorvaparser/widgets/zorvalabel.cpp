@@ -64,6 +64,13 @@ void ZorvaLabel::PropertyChanged(const QString& name, const QVariant& value)
     PropagateProperty(name, textLabel);
 }
 
+void ZorvaLabel::Retranslate()
+{
+    ZorvaDelegate::Retranslate();
+    if (textLabel)
+        textLabel->setText(GetTranslated("text"));
+}
+
 void ZorvaLabel::setText(QString text)
 {
     ChangeProperty("text", text);

@@ -29,6 +29,7 @@ public Q_SLOTS:
 
 protected:
     void PropertyChanged(const QString& name, const QVariant& value) override;
+    void Retranslate() override;
 
 private:
     values::ValueString* textValue; // owned; cleared when it goes away

@@ -43,6 +43,18 @@ void ZorvaPushButton::PropertyChanged(const QString& name, const QVariant& value
     PropagateProperty(name, pushButton);
 }
 
+void ZorvaPushButton::Retranslate()
+{
+    ZorvaDelegate::Retranslate();
+    if (!pushButton)
+        return;
+    const QString caption = GetTranslated("text");
+    // A script may have given the button another text since; the tool tip says the first one.
+    if (pushButton->toolTip() == pushButton->text())
+        pushButton->setToolTip(caption);
+    pushButton->setText(caption);
+}
+
 void ZorvaPushButton::animateClick()
 {
     if (pushButton)

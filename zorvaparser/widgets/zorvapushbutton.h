@@ -41,6 +41,7 @@ public Q_SLOTS:
 
 protected:
     void PropertyChanged(const QString& name, const QVariant& value) override;
+    void Retranslate() override;
 
 private:
     QPointer<QPushButton> pushButton; // owned by the widget tree

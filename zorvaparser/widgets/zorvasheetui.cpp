@@ -3,8 +3,10 @@
 #include "formwindow_p.h"
 
 #include <layout/floatscrollarea.h>
+#include <zorvaparser/zorvasheet.h>
 
 #include <QApplication>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QVBoxLayout>
@@ -51,6 +53,7 @@ FloatScrollArea* ZorvaSheetUi::CreateScrollArea(QWidget* parent, const QString& 
     auto* const area = new FloatScrollArea(parent);
     auto* const content = new QWidget;
     content->setObjectName(contentName);
+    content->installEventFilter(this);
     area->setWidget(content);
     layout = new FloatGroupLayout(area);
     return area;
@@ -76,18 +79,36 @@ void ZorvaSheetUi::CreateApplyBar()
     auto* const horizontal = new QHBoxLayout(applyButtonBox);
     horizontal->setContentsMargins(0, 0, 0, 0);
 
-    applyButton = new QPushButton(tr("Apply"));
+    applyButton = new QPushButton;
     applyButton->setObjectName(QStringLiteral("applyButton"));
     applyButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     applyButton->setEnabled(modified);
     horizontal->addWidget(applyButton);
     connect(applyButton, &QPushButton::pressed, this, &ZorvaSheetUi::applyNow);
 
-    autoApply = new QCheckBox(tr("Auto Apply"));
+    autoApply = new QCheckBox;
     autoApply->setObjectName(QStringLiteral("autoApply"));
     autoApply->setChecked(autoApplyEnabled);
     horizontal->addWidget(autoApply);
     connect(autoApply, &QCheckBox::clicked, this, &ZorvaSheetUi::setAutoApplyEnabled);
+    Retranslate();
+}
+
+void ZorvaSheetUi::Retranslate()
+{
+    if (applyButton)
+        applyButton->setText(tr("Apply"));
+    if (autoApply)
+        autoApply->setText(tr("Auto Apply"));
+}
+
+bool ZorvaSheetUi::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        Retranslate();
+        sheet->Retranslate();
+    }
+    return ZorvaDelegate::eventFilter(watched, event);
 }
 
 FloatScrollArea* ZorvaSheetUi::CreateBare()

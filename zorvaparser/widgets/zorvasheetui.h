@@ -41,6 +41,9 @@ public:
     void ParseProperties(QXmlStreamReader& reader, bool custom) override;
     void EnableInput(bool enable, bool restricted) override;
 
+    /** Hears of another language where the rows lie. */
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 Q_SIGNALS:
     void si_parametersModified();
     void si_translationsChanged();
@@ -73,6 +76,7 @@ public:
 
 protected:
     void PropertyChanged(const QString& name, const QVariant& value) override;
+    void Retranslate() override;
 
 private:
     FloatScrollArea* CreateScrollArea(QWidget* parent, const QString& contentName);
