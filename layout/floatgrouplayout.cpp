@@ -4,6 +4,8 @@
 
 #include <layout/floatgrouplayout.h>
 
+#include <layout/markup.h>
+
 #include "bulkshow_p.h"
 #include "captionlabel_p.h"
 #include "headlinebox_p.h"
@@ -40,6 +42,12 @@ void grow(int& widest, int width)
 bool isVisible(const QRect& hint)
 {
     return hint.height() > 0;
+}
+
+// Qt complains aloud of what a widget cannot be.
+int possibleHeight(int height)
+{
+    return qBound(0, height, QWIDGETSIZE_MAX);
 }
 
 void widenBySection(FloatGroupColumn& column, const FloatGroupColumn& section)
@@ -338,7 +346,7 @@ void FloatGroupLayout::setGeometry(const QRect& rect)
     const QSize size = sizeHint(rect.width(), 0);
     const int generation = m_generation;
     if (m_scrollArea && m_scrollArea->widget())
-        m_scrollArea->widget()->setMinimumSize(size);
+        m_scrollArea->widget()->setMinimumSize(size.boundedTo({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX}));
     QLayout::setGeometry(rect);
     // Anything that a child does about its new geometry may invalidate the
     // arrangement; a fresh pass is under way then.
@@ -371,7 +379,7 @@ void FloatGroupLayout::invalidate()
 void FloatGroupLayout::addRow(const QString& label, QWidget* widget)
 {
     const QString name = widget ? widget->objectName() : QString();
-    addLabel(label, QStringLiteral("label%1").arg(name).toLatin1().constData());
+    addLabel(label, nullptr)->setObjectName(QStringLiteral("label") + name);
     if (widget)
         QLayout::addWidget(widget);
 }
@@ -379,7 +387,9 @@ void FloatGroupLayout::addRow(const QString& label, QWidget* widget)
 QLabel* FloatGroupLayout::addLabel(const QString& text, const char* name)
 {
     setFlag(m_items.count(), FlagNewRow | FlagLabel);
-    return addNamed(new CaptionLabel(text, QLayout::parentWidget()), name);
+    auto* const label = new CaptionLabel(QLayout::parentWidget());
+    Markup::show(label, text);
+    return addNamed(label, name);
 }
 
 QGroupBox* FloatGroupLayout::addHeadline(const QString& text, int margin, const char* name)
@@ -390,7 +400,7 @@ QGroupBox* FloatGroupLayout::addHeadline(const QString& text, int margin, const 
     box->setFlat(true);
     int topMargin = margin;
     if (text.isEmpty()) {
-        box->setFixedHeight(margin / 2 + 5);
+        box->setFixedHeight(possibleHeight(margin / 2 + 5));
         topMargin = margin - margin / 2;
     }
     box->keepMargins(QMargins(0, topMargin, 0, 0));
@@ -409,7 +419,7 @@ QWidget* FloatGroupLayout::addSeparator(int height, const char* name)
 {
     setFlag(m_items.count(), FlagNewRow);
     auto* separator = new QWidget(QLayout::parentWidget());
-    separator->setFixedHeight(height);
+    separator->setFixedHeight(possibleHeight(height));
     return addNamed(separator, name);
 }
 

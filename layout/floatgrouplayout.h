@@ -80,14 +80,17 @@ public:
     /// Adds a label named "label" and the name of \a widget, then \a widget.
     /// Does not end the row. A null widget leaves the label alone.
     void addRow(const QString& label, QWidget* widget);
-    /// Starts a row with a label. Names are ASCII here and below; null is "".
+    /// Starts a row with a label. A text that Qt finds rich is shown so, without
+    /// images and within bounds. Names are Latin-1 here and below; null is "".
     QLabel* addLabel(const QString& text, const char* name);
     /// Starts a section under a flat box that stands \a margin pixels below the
-    /// row above. Without a text it is a line: fixed height margin / 2 + 5.
+    /// row above. Without a text it is a line: fixed height margin / 2 + 5, as far
+    /// as a widget can be so high.
     QGroupBox* addHeadline(const QString& text, int margin, const char* name);
     /// Starts a section under an empty widget 2 pixels high.
     void addSection(const char* name);
-    /// Starts a row that holds an empty widget \a height pixels high.
+    /// Starts a row that holds an empty widget \a height pixels high, as far as a
+    /// widget can be.
     QWidget* addSeparator(int height, const char* name);
     /// The next item starts a row.
     void addGroup();
