@@ -41,7 +41,7 @@ VCCheckBox::VCCheckBox(QWidget* parent, const char* name)
     : QCheckBox(parent)
     , m_binding(this, this)
 {
-    setObjectName(QString::fromUtf8(name));
+    setObjectName(QString::fromLatin1(name));
     connect(this, &QCheckBox::toggled, this, &VCCheckBox::write);
 }
 

@@ -22,7 +22,7 @@ VCComboBoxClassic::VCComboBoxClassic(QWidget* parent, const char* name)
     : QComboBox(parent)
     , m_binding(this, this)
 {
-    setObjectName(QString::fromUtf8(name));
+    setObjectName(QString::fromLatin1(name));
     setFocusPolicy(Qt::StrongFocus);
     connect(this, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &VCComboBoxClassic::choose);
 }

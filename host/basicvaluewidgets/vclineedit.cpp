@@ -23,7 +23,7 @@ VCLineEdit::VCLineEdit(QWidget* parent, const char* name, LineEditType type)
     , m_binding(this, this)
     , m_type(type)
 {
-    setObjectName(QString::fromUtf8(name));
+    setObjectName(QString::fromLatin1(name));
     connect(this, &QLineEdit::textEdited, this, &VCLineEdit::showReading);
 }
 

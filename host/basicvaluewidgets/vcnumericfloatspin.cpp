@@ -51,7 +51,7 @@ VCNumericFloatSpin::VCNumericFloatSpin(QWidget* parent, const char* name, bool w
     , m_maximum(std::numeric_limits<double>::max())
     , m_withButtons(withButtons)
 {
-    setObjectName(QString::fromUtf8(name));
+    setObjectName(QString::fromLatin1(name));
     setFocusPolicy(Qt::StrongFocus);
     setKeyboardTracking(false);
     setLocale(QLocale::c());

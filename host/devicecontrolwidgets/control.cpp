@@ -59,7 +59,7 @@ QWidget* Control::GetPropertyPage(QWidget* parent, const char* name)
     if (!hasPropertyPage())
         return nullptr;
     QWidget* page = MakePropertyPage(parent);
-    page->setObjectName(QString::fromUtf8(name));
+    page->setObjectName(QString::fromLatin1(name));
     return page;
 }
 

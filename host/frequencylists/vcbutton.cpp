@@ -3,7 +3,7 @@
 VCButton::VCButton(QWidget* parent, const char* name)
     : QPushButton(parent)
 {
-    setObjectName(QString::fromUtf8(name));
+    setObjectName(QString::fromLatin1(name));
     setAutoDefault(false); // Return belongs to the frequency
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

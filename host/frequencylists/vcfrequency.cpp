@@ -40,7 +40,7 @@ VCFrequency::VCFrequency(QWidget* parent, const char* name, bool compact, QWidge
     , m_edit(new FrequencyEdit(this, "Frequency"))
     , m_popupOwner(popupOwner)
 {
-    setObjectName(QString::fromUtf8(name));
+    setObjectName(QString::fromLatin1(name));
     setFocusProxy(m_edit);
     QHBoxLayout* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -289,6 +289,7 @@ QWidget* VCFrequency::MakePropertyPage(QWidget* parent)
     QFormLayout* form = new QFormLayout(page);
     const auto addRow = [form, page](const QString& caption, const QString& text) {
         QLabel* label = new QLabel(text, page);
+        label->setTextFormat(Qt::PlainText); // a path is what others named it
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);
         form->addRow(caption, label);
     };

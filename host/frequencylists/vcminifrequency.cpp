@@ -3,6 +3,6 @@
 VCMiniFrequency::VCMiniFrequency(QWidget* parent, const char* name)
     : QToolButton(parent)
 {
-    setObjectName(QString::fromUtf8(name));
+    setObjectName(QString::fromLatin1(name));
     setAutoRaise(true);
 }

@@ -48,16 +48,16 @@ public:
     }
 
     /// Points to a new value made at `path`. False if there is one of this type
-    /// already, which is then pointed to, or if the place is taken otherwise or
-    /// the path names nothing (then null).
+    /// already, which is then pointed to, or if the path names nothing (then
+    /// null). A place that is taken otherwise leaves the new value outside of the
+    /// tree; it is the caller's then.
     bool Create(const QString& path)
     {
         const QString name = Tree::NameIn(path);
         if (Locate(path) || name.isEmpty())
             return false;
         auto value = std::make_unique<T>(name, ValueState::Normal);
-        if (!Tree::Instance()->AddValue(Tree::NodePathIn(path), value.get()))
-            return false;
+        Tree::Instance()->AddValue(Tree::NodePathIn(path), value.get());
         Set(value.release());
         return true;
     }

@@ -28,7 +28,7 @@ private Q_SLOTS:
     void create_data();
     void create();
     void createPointsToWhatIsThere();
-    void createFailsWhereAnotherTypeIs();
+    void createStaysOutsideWhereAnotherTypeIs();
     void ownerIsAttached();
     void ownerIsDetachedFromTheOldValue();
     void ownerIsTold();
@@ -153,14 +153,18 @@ void TestValuePtr::createPointsToWhatIsThere()
     QCOMPARE(pointer.Get(), &map);
 }
 
-void TestValuePtr::createFailsWhereAnotherTypeIs()
+void TestValuePtr::createStaysOutsideWhereAnotherTypeIs()
 {
     ValueBool value(QStringLiteral("Ranges"));
     Tree::Instance()->AddValue(QStringLiteral("/form"), &value);
     MapPtr pointer;
-    QVERIFY(!pointer.Create(path));
-    QVERIFY(!pointer);
+    QVERIFY(pointer.Create(path));
+    QVERIFY(pointer);
+    QCOMPARE(pointer->GetName(), QStringLiteral("Ranges"));
+    QCOMPARE(pointer->GetPathName(), QString());
     QCOMPARE(Tree::Instance()->GetValueCount(), 1);
+    delete pointer.Get();
+    QVERIFY(!pointer);
 }
 
 void TestValuePtr::ownerIsAttached()
