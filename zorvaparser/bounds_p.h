@@ -26,6 +26,16 @@ constexpr int mostSpacings = 100000;
 /** The last digit that any double has behind the point. */
 constexpr int lastDecimal = 1074;
 
+/** Lists in lists that a script may hand to a row: each takes its part of the stack. */
+constexpr int deepestScriptValue = 100;
+
+/** Pixels of a side of a button's icon, and of an image that is read for one. */
+constexpr int largestIcon = 1024;
+constexpr int largestImage = 8192;
+
+/** Bytes of a file with an image. */
+constexpr qint64 largestImageFile = 16 * 1024 * 1024;
+
 /**
  * Levels that parameter XML is indented by: each costs each of its lines four
  * blanks, and below this one no reader's eyes are left.

@@ -1,11 +1,11 @@
 #include "zorvapushbutton.h"
 
 #include "elidingwidgets_p.h"
+#include "iconfile_p.h"
 
 #include <layout/floatgrouplayout.h>
+#include <layout/markup.h>
 #include <zorvaparser/zorvawidget.h>
-
-#include <QFileInfo>
 
 namespace Orvane {
 
@@ -28,7 +28,7 @@ void ZorvaPushButton::CreateGUI(FloatGroupLayout* layout)
     pushButton->setText(caption);
     layout->addSpecial();
     // The caption wins over a tool tip of the description here.
-    pushButton->setToolTip(caption);
+    pushButton->setToolTip(Markup::toolTip(caption));
     PlaceControl(layout, pushButton);
     connect(pushButton, &QAbstractButton::clicked, this, &ZorvaPushButton::clicked);
     connect(pushButton, &QAbstractButton::pressed, this, &ZorvaPushButton::pressed);
@@ -38,6 +38,10 @@ void ZorvaPushButton::CreateGUI(FloatGroupLayout* layout)
 void ZorvaPushButton::PropertyChanged(const QString& name, const QVariant& value)
 {
     ZorvaDelegate::PropertyChanged(name, value);
+    // A drawing takes the size that it is asked for, and the memory. The funnel comes back with the smaller
+    // one.
+    if (name == QLatin1String("iconSize") && ChangeProperty("iconSize", boundedIconSize(value)))
+        return;
     if (name == QLatin1String("text") && pushButton)
         pushButton->setText(Translate(VariantText(value)));
     PropagateProperty(name, pushButton);
@@ -73,8 +77,7 @@ void ZorvaPushButton::setIcon(QIcon icon)
 
 void ZorvaPushButton::setIcon(QString iconFilePath)
 {
-    // An icon made from the path of no file would not be null.
-    setIcon(QFileInfo::exists(iconFilePath) ? QIcon(iconFilePath) : QIcon());
+    setIcon(iconFromFile(iconFilePath));
 }
 
 void ZorvaPushButton::setIconSize(QSize size)

@@ -32,8 +32,9 @@ public Q_SLOTS:
     /** Clears the stored property; the button keeps showing its icon. */
     void clearIcon();
     void setIcon(QIcon icon);
-    /** A path to no file stores a null icon. */
+    /** A path to no regular file, or to an image too large for a button, stores a null icon. */
     void setIcon(QString iconFilePath);
+    /** At most 1024 by 1024 pixels. */
     void setIconSize(QSize size);
     void setIconSize(int width, int height);
     void setText(QString text);
