@@ -17,6 +17,11 @@ private Q_SLOTS:
     void readChangesTheTextOnly();
     void valueFromOutsideMarks();
     void scriptChangesTheText();
+    void textOfTheDescriptionIsRich();
+    void reportsAreShownLetterByLetter_data();
+    void reportsAreShownLetterByLetter();
+    void reportBeforeTheControl();
+    void scriptAfterAReport();
 };
 
 void TestZorvaLabel::showsAndWritesItsText()
@@ -57,6 +62,73 @@ void TestZorvaLabel::scriptChangesTheText()
     form.evaluate(QStringLiteral("state.setText('scan')"));
     QCOMPARE(form.control<QLabel>("state")->text(), QStringLiteral("scan"));
     QVERIFY(!form.row("state")->isModified());
+}
+
+void TestZorvaLabel::textOfTheDescriptionIsRich()
+{
+    FormFixture form(rowXml("Label", "state", {{"text", "<b>idle</b><img src='/none'/>"}}));
+    const auto* const label = form.control<QLabel>("state");
+    QCOMPARE(label->text(), QStringLiteral("<b>idle</b>"));
+    QVERIFY(label->textFormat() != Qt::PlainText);
+    form.evaluate(QStringLiteral("state.setText('<i>scan</i>')"));
+    QCOMPARE(label->text(), QStringLiteral("<i>scan</i>"));
+    QVERIFY(label->textFormat() != Qt::PlainText);
+}
+
+void TestZorvaLabel::reportsAreShownLetterByLetter_data()
+{
+    QTest::addColumn<QString>("report");
+
+    QTest::newRow("bold") << QStringLiteral("<b>busy</b>");
+    QTest::newRow("image") << QStringLiteral("<img src='/none'/>");
+    QTest::newRow("entity") << QStringLiteral("a &lt; b");
+    QTest::newRow("tables") << QStringLiteral("<table><tr><td>").repeated(24);
+    QTest::newRow("wide table") << QStringLiteral("<table width=2000000000><tr><td>x");
+    QTest::newRow("document") << QStringLiteral("<?xml version=\"1.0\"?><p>x</p>");
+}
+
+void TestZorvaLabel::reportsAreShownLetterByLetter()
+{
+    QFETCH(QString, report);
+    const QString row = rowXml("Label", "state", {{"text", "idle"}});
+    const QString xml = QStringLiteral("<state>%1</state>").arg(report.toHtmlEscaped());
+    const auto isPlain = [&](const FormFixture& form) {
+        const auto* const label = form.control<QLabel>("state");
+        return label->text() == report && label->textFormat() == Qt::PlainText;
+    };
+    FormFixture direct(row);
+    direct.read("state", xml);
+    QVERIFY(isPlain(direct));
+    direct.deleteForm();
+    FormFixture whole(row);
+    whole.formular()->SetXmlString(QStringLiteral("<Parameters>%1</Parameters>").arg(xml));
+    QVERIFY(isPlain(whole));
+    whole.deleteForm();
+    FormFixture tree(row);
+    tree.value<values::ValueString>("state")->SetStringValue(report, nullptr);
+    QVERIFY(isPlain(tree));
+    tree.show();
+}
+
+void TestZorvaLabel::reportBeforeTheControl()
+{
+    FormFixture form(rowXml("Label", "state", {{"text", "idle"}}), FormFixture::WithValues);
+    form.read("state", QStringLiteral("<state>&lt;b&gt;busy&lt;/b&gt;</state>"));
+    form.createGui();
+    QCOMPARE(form.control<QLabel>("state")->text(), QStringLiteral("<b>busy</b>"));
+    QCOMPARE(form.control<QLabel>("state")->textFormat(), Qt::PlainText);
+    form.createValues();
+    QCOMPARE(form.control<QLabel>("state")->textFormat(), Qt::PlainText);
+}
+
+void TestZorvaLabel::scriptAfterAReport()
+{
+    FormFixture form(rowXml("Label", "state", {{"text", "idle"}}));
+    form.read("state", QStringLiteral("<state>&lt;b&gt;busy&lt;/b&gt;</state>"));
+    form.evaluate(QStringLiteral("state.setText('<b>idle</b>')"));
+    QVERIFY(form.control<QLabel>("state")->textFormat() != Qt::PlainText);
+    form.read("state", QStringLiteral("<state>idle</state>"));
+    QCOMPARE(form.control<QLabel>("state")->textFormat(), Qt::PlainText);
 }
 
 QTEST_MAIN(TestZorvaLabel)

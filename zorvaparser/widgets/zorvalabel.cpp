@@ -3,8 +3,10 @@
 #include "elidingwidgets_p.h"
 
 #include <layout/floatgrouplayout.h>
+#include <layout/markup.h>
 #include <zorvaparser/zorvawidget.h>
 
+#include <QScopedValueRollback>
 #include <QXmlStreamReader>
 
 namespace Orvane {
@@ -30,7 +32,8 @@ void ZorvaLabel::CreateValueTree()
 void ZorvaLabel::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    textLabel = new ElidingLabel(GetTranslated("text"), layout->parentWidget());
+    textLabel = new ElidingLabel(layout->parentWidget());
+    ShowText();
     textLabel->setObjectName(widget->GetName());
     PropagateProperties(textLabel);
     PlaceControl(layout, textLabel);
@@ -44,7 +47,9 @@ void ZorvaLabel::GetXml(QXmlStreamWriter& writer) const
 
 void ZorvaLabel::ReadXml(QXmlStreamReader& reader)
 {
-    setProperty("text", reader.readElementText());
+    const QString text = reader.readElementText();
+    const QScopedValueRollback<bool> report(takesReport, true);
+    setProperty("text", text); // in the form in which it came, also if it compares equal
 }
 
 void ZorvaLabel::Update(Observable* observable, TChangeCode code)
@@ -52,23 +57,42 @@ void ZorvaLabel::Update(Observable* observable, TChangeCode code)
     ForgetValue(textValue, observable, code);
     if (!IsContentChange(textValue, observable, code))
         return;
-    if (ChangeProperty("text", textValue->GetValue()))
+    if (TakeReport(textValue->GetValue()))
         setModified(true);
 }
 
 void ZorvaLabel::PropertyChanged(const QString& name, const QVariant& value)
 {
     ZorvaDelegate::PropertyChanged(name, value);
-    if (name == QLatin1String("text") && textLabel)
-        textLabel->setText(Translate(VariantText(value)));
+    if (name == QLatin1String("text")) {
+        isReport = takesReport;
+        ShowText();
+    }
     PropagateProperty(name, textLabel);
 }
 
 void ZorvaLabel::Retranslate()
 {
     ZorvaDelegate::Retranslate();
-    if (textLabel)
-        textLabel->setText(GetTranslated("text"));
+    ShowText();
+}
+
+bool ZorvaLabel::TakeReport(const QString& text)
+{
+    const QScopedValueRollback<bool> report(takesReport, true);
+    return ChangeProperty("text", text);
+}
+
+void ZorvaLabel::ShowText()
+{
+    if (!textLabel)
+        return;
+    const QString text = PropertyText("text");
+    const QString shown = text.isEmpty() ? text : Translate(text);
+    if (isReport)
+        Markup::showPlain(textLabel, shown);
+    else
+        Markup::show(textLabel, shown);
 }
 
 void ZorvaLabel::setText(QString text)

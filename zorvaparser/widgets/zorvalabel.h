@@ -8,7 +8,11 @@
 
 namespace Orvane {
 
-/** A row that shows a text. It has a value only if it writes parameter XML. */
+/**
+ * A row that shows a text. It has a value only if it writes parameter XML. The
+ * description's own text is shown rich where it looks rich; what parameter XML
+ * or the value brings is shown letter by letter.
+ */
 class ZorvaLabel : public ZorvaDelegate
 {
     Q_OBJECT
@@ -32,8 +36,13 @@ protected:
     void Retranslate() override;
 
 private:
+    bool TakeReport(const QString& text);
+    void ShowText();
+
     values::ValueString* textValue; // owned; cleared when it goes away
     QPointer<QLabel> textLabel;     // owned by the widget tree
+    bool takesReport = false;       // the property is being set to what was reported
+    bool isReport = false;          // what the property holds was reported
 };
 
 } // namespace Orvane
