@@ -2,7 +2,6 @@
 
 #include "freqrangetable.h"
 
-#include <QCoreApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QPointer>
@@ -13,18 +12,12 @@ namespace Orvane {
 
 namespace {
 
-/** What exclusionrangesdialog shows in the user's language. */
-struct DialogText
-{
-    Q_DECLARE_TR_FUNCTIONS(ExclusionRangesDialog)
-};
-
-QDialogButtonBox* createButtons(QDialog* dialog, FreqRangeTable* table)
+QDialogButtonBox* createButtons(QDialog* dialog, FreqRangeTable* table, const ExclusionRangesWords& words)
 {
     auto* const buttons =
         new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, Qt::Horizontal, dialog);
-    QPushButton* const sort = buttons->addButton(DialogText::tr("&Sort"), QDialogButtonBox::ActionRole);
-    sort->setToolTip(DialogText::tr("Sort entries by start frequency in ascending order"));
+    QPushButton* const sort = buttons->addButton(words.sort, QDialogButtonBox::ActionRole);
+    sort->setToolTip(words.sortToolTip);
     QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
     QObject::connect(sort, &QPushButton::clicked, table, &FreqRangeTable::SlotSortByStartFrequencies);
@@ -33,17 +26,18 @@ QDialogButtonBox* createButtons(QDialog* dialog, FreqRangeTable* table)
 
 } // namespace
 
-void editExclusionRanges(QWidget* parent, const QString& mapPath)
+void editExclusionRanges(QWidget* parent, values::ValueCommentedRangeMap* map,
+                         const ExclusionRangesWords& words)
 {
     // Not on the stack: the parent may take the dialog with it while it is open.
     const QPointer<QDialog> dialog = new QDialog(parent);
-    dialog->setWindowTitle(DialogText::tr("Excluded ranges (kHz)"));
+    dialog->setWindowTitle(words.title);
     dialog->setWindowFlags(dialog->windowFlags() & ~Qt::WindowContextHelpButtonHint);
     auto* const layout = new QVBoxLayout(dialog);
     auto* const table = new FreqRangeTable(dialog);
-    table->attachValue(mapPath, false);
+    table->attachMap(map, false);
     layout->addWidget(table);
-    layout->addWidget(createButtons(dialog, table));
+    layout->addWidget(createButtons(dialog, table, words));
 
     const bool accepted = dialog->exec() == QDialog::Accepted;
     if (!dialog)

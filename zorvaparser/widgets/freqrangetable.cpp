@@ -112,9 +112,15 @@ void FreqRangeTable::setColumnsAndLimits(const QStringList& headers, double newU
 
 bool FreqRangeTable::attachValue(const QString& path, bool writeAtOnce)
 {
+    auto* const value = values::Tree::Instance()->GetValue(path);
+    return attachMap(dynamic_cast<values::ValueCommentedRangeMap*>(value), writeAtOnce);
+}
+
+bool FreqRangeTable::attachMap(values::ValueCommentedRangeMap* map, bool writeAtOnce)
+{
     autoWrite = writeAtOnce;
     Release();
-    rangeMap = dynamic_cast<values::ValueCommentedRangeMap*>(values::Tree::Instance()->GetValue(path));
+    rangeMap = map;
     if (!rangeMap) {
         setEnabled(false);
         return false;
@@ -134,8 +140,13 @@ void FreqRangeTable::Release()
 
 void FreqRangeTable::applyToValue()
 {
+    Write(ReadRanges());
+}
+
+void FreqRangeTable::Write(const RangeList& ranges)
+{
     if (rangeMap)
-        rangeMap->Set(ReadRanges(), true, false, this);
+        rangeMap->Set(ranges, true, false, this);
 }
 
 void FreqRangeTable::WriteIfWanted()
@@ -167,8 +178,11 @@ void FreqRangeTable::Update(Observable* observable, TChangeCode code)
 
 void FreqRangeTable::SlotSortByStartFrequencies()
 {
-    ShowRanges(ReadRanges());
-    WriteIfWanted();
+    // No range is shown as one of zeros, but it is not written as one.
+    const RangeList ranges = ReadRanges();
+    ShowRanges(ranges);
+    if (autoWrite)
+        Write(ranges);
 }
 
 void FreqRangeTable::SlotValueChanged(int row, int column)

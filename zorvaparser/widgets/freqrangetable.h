@@ -35,6 +35,8 @@ public:
      * applyToValue() writes.
      */
     bool attachValue(const QString& path, bool writeAtOnce);
+    /** The same for a map that is at hand; null is no map. */
+    bool attachMap(values::ValueCommentedRangeMap* map, bool writeAtOnce);
     /** Replaces the map's ranges by those shown. */
     void applyToValue();
 
@@ -61,6 +63,7 @@ private:
     void Release();
     void UpdateActions();
     void WriteIfWanted();
+    void Write(const RangeList& ranges);
 
     int minRows;
     int maxRows;

@@ -4,7 +4,7 @@
 #include "exclusionrangesdialog.h"
 #include "scaledfrequency_p.h"
 
-#include <valueframework/tree.h>
+#include <zorvaparser/numbertext_p.h>
 #include <zorvaparser/zorvasheet.h>
 #include <zorvaparser/zorvawidget.h>
 
@@ -38,7 +38,7 @@ void writeFrequency(QXmlStreamWriter& writer, QLatin1String element, double hert
 {
     writer.writeStartElement(element);
     writer.writeAttribute(QStringLiteral("unit"), QStringLiteral("Hz"));
-    writer.writeCharacters(QString::number(hertz, 'f', 0));
+    writer.writeCharacters(fixedText(hertz, 0));
     writer.writeEndElement();
 }
 
@@ -69,7 +69,7 @@ void ZorvaDSCObject::CreateValueTree()
 {
     ReleaseValue(exclusionFrequencies);
     exclusionFrequencies = new values::ValueCommentedRangeMap(GetXmlTagName(), ValueState::Normal);
-    values::Tree::Instance()->AddValue(GetVTNodePath(), exclusionFrequencies);
+    EnterTree(exclusionFrequencies);
     ObserveValue(exclusionFrequencies);
 }
 
@@ -106,7 +106,9 @@ void ZorvaDSCObject::sl_editExclusionRanges()
     if (!exclusionFrequencies)
         return;
     ZorvaSheet* const sheet = GetSheet();
-    editExclusionRanges(sheet ? sheet->GetGUI() : nullptr, exclusionFrequencies->GetPathName());
+    editExclusionRanges(
+        sheet ? sheet->GetGUI() : nullptr, exclusionFrequencies,
+        {tr("Excluded ranges (kHz)"), tr("&Sort"), tr("Sort entries by start frequency in ascending order")});
 }
 
 void ZorvaDSCObject::sl_setScanRanges(QString value)

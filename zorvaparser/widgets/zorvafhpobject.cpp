@@ -6,6 +6,7 @@
 #include <valueframework/tree.h>
 #include <vkbase/errorhandler.h>
 #include <vkbase/qtrace.h>
+#include <zorvaparser/numbertext_p.h>
 #include <zorvaparser/zorvasheet.h>
 
 #include <QXmlStreamWriter>
@@ -19,7 +20,7 @@ const ExclusionRangeNames xmlNames{QLatin1String("ExclusionRange"), QLatin1Strin
 
 QString frequencyText(double hertz)
 {
-    return QString::number(hertz, 'f', 2);
+    return fixedText(hertz, 2);
 }
 
 } // namespace
@@ -37,8 +38,13 @@ ZorvaFHPObject::~ZorvaFHPObject()
 
 void ZorvaFHPObject::RemoveMap()
 {
-    if (exclusionRanges)
-        values::Tree::Instance()->RemoveValue(exclusionRanges->GetPathName());
+    if (!exclusionRanges)
+        return;
+    const QString path = exclusionRanges->GetPathName();
+    if (!path.isEmpty())
+        values::Tree::Instance()->RemoveValue(path);
+    else
+        delete exclusionRanges.Get(); // without a name or a place the tree cannot find it
     exclusionRanges.Set(nullptr);
 }
 
@@ -56,13 +62,24 @@ void ZorvaFHPObject::CreateValueTree()
 {
     RemoveMap();
     const QString path = GetVTNodePath() + QLatin1Char('/') + GetXmlTagName();
-    if (exclusionRanges.Create(path) || !exclusionRanges)
+    if (exclusionRanges.Create(path) || !exclusionRanges) {
+        NoteMissingPlace();
         return;
+    }
     if (ErrorHandler::Traces(ErrorHandler::TraceNotes))
         _Q_Trace(
             QStringLiteral("ZorvaFHPObject::CreateValueTree: exclusion ranges map already existing in VT"),
             QStringLiteral("zorvafhpobject"), __LINE__);
     exclusionRanges->Clear(this);
+}
+
+// The row works without a place in the tree as well, on a map of its own.
+void ZorvaFHPObject::NoteMissingPlace()
+{
+    if (!exclusionRanges)
+        exclusionRanges.Set(new values::ValueCommentedRangeMap(GetXmlTagName(), ValueState::Normal));
+    if (exclusionRanges->GetPathName().isEmpty())
+        TracePlaceTaken(GetXmlTagName());
 }
 
 void ZorvaFHPObject::CreateGUI(FloatGroupLayout*)
@@ -96,7 +113,9 @@ void ZorvaFHPObject::sl_editExclusionRanges()
     if (!exclusionRanges)
         return;
     ZorvaSheet* const sheet = GetSheet();
-    editExclusionRanges(sheet ? sheet->GetGUI() : nullptr, exclusionRanges->GetPathName());
+    editExclusionRanges(
+        sheet ? sheet->GetGUI() : nullptr, exclusionRanges.Get(),
+        {tr("Excluded ranges (kHz)"), tr("&Sort"), tr("Sort entries by start frequency in ascending order")});
 }
 
 void ZorvaFHPObject::emitEditExclusionRangesBtnClicked()

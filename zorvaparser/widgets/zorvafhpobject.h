@@ -11,7 +11,8 @@ namespace Orvane {
  * A map of exclusion ranges without a row of its own: it goes in and out with
  * the parameter XML, whatever "generateParameterXml" says, and is edited in a
  * dialog that the form's script asks for. A map that stands in the tree already
- * is taken over, emptied.
+ * is taken over, emptied; beside a value of another kind the map stays outside of
+ * the tree.
  */
 class ZorvaFHPObject : public ZorvaDelegate
 {
@@ -42,8 +43,10 @@ public:
 
 private:
     void RemoveMap();
+    void NoteMissingPlace();
 
-    values::ValueObservingPtr<values::ValueCommentedRangeMap> exclusionRanges; // the tree's
+    values::ValueObservingPtr<values::ValueCommentedRangeMap>
+        exclusionRanges; // the tree's; this row's outside of it
 };
 
 } // namespace Orvane

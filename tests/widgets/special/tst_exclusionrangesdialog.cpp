@@ -4,10 +4,13 @@
 #include "tableuser.h"
 
 #include <formfixture.h>
+#include <valueframework/value.h>
 #include <zorvaparser/widgets/exclusionrangesdialog.h>
 #include <zorvaparser/widgets/freqrangetable.h>
 
+#include <QCoreApplication>
 #include <QLineEdit>
+#include <QTranslator>
 #include <QVBoxLayout>
 
 using Orvane::FreqRangeTable;
@@ -32,6 +35,10 @@ private Q_SLOTS:
     void keyboardAlone();
     void formMayDieUnderIt_data() { bothObjects(); }
     void formMayDieUnderIt();
+    void speaksTheWordsOfItsRow_data() { bothObjects(); }
+    void speaksTheWordsOfItsRow();
+    void mapOutsideOfTheTree_data() { bothObjects(); }
+    void mapOutsideOfTheTree();
     void windowMayDieUnderIt_data() { bothObjects(); }
     void windowMayDieUnderIt();
     void withoutAMapNothingOpens_data() { bothObjects(); }
@@ -196,6 +203,51 @@ void tst_ExclusionRangesDialog::windowMayDieUnderIt()
     QCOMPARE(rangesText(f.map), asItWas);
 }
 
+void tst_ExclusionRangesDialog::speaksTheWordsOfItsRow()
+{
+    /// Remembers which context each word of the dialog is asked for in.
+    class Listener : public QTranslator
+    {
+    public:
+        QString translate(const char* context, const char* text, const char*, int) const override
+        {
+            if (qstrncmp(text, "Excluded", 8) == 0 || qstrcmp(text, "&Sort") == 0 ||
+                qstrncmp(text, "Sort ", 5) == 0)
+                contexts << QString::fromUtf8(context);
+            return QString();
+        }
+        bool isEmpty() const override { return false; }
+        mutable QStringList contexts;
+    } listener;
+    QCoreApplication::installTranslator(&listener);
+    ObjectForm f;
+    whenDialogOpens([&](QDialog* dialog) { pressButton(dialog, QDialogButtonBox::RejectRole); });
+    f.ask();
+    QCoreApplication::removeTranslator(&listener);
+    const QString own = QString::fromLatin1(f.form.row("ranges")->metaObject()->className());
+    QCOMPARE(listener.contexts, (QStringList{own, own, own}));
+}
+
+// Beside a value of another kind the row works on a map that no path leads to.
+void tst_ExclusionRangesDialog::mapOutsideOfTheTree()
+{
+    values::Tree::Instance()->AddValue(QStringLiteral("/test"),
+                                       new values::ValueString(QStringLiteral("ranges")));
+    {
+        FormFixture form(widgetXml(QTest::currentDataTag(), "ranges"), FormFixture::WithGui);
+        form.show();
+        whenDialogOpens([&](QDialog* dialog) {
+            QVERIFY(tableOf(dialog)->isEnabled());
+            typeIntoCell<QLineEdit>(tableOf(dialog), 0, 1, QStringLiteral("5 MHz"));
+            pressButton(dialog, QDialogButtonBox::AcceptRole);
+        });
+        form.evaluate(QStringLiteral("ranges.emitEditExclusionRangesBtnClicked()"));
+        QVERIFY(form.writtenBy("ranges").contains(QStringLiteral("5000000")));
+        QVERIFY(form.row("ranges")->isModified());
+    }
+    values::Tree::Instance()->RemoveValue(QStringLiteral("/test/ranges"));
+}
+
 void tst_ExclusionRangesDialog::withoutAMapNothingOpens()
 {
     ObjectForm f;
@@ -213,7 +265,7 @@ void tst_ExclusionRangesDialog::withoutAWindow()
         typeIntoCell<QLineEdit>(tableOf(dialog), 0, 0, QStringLiteral("1.5"));
         pressButton(dialog, QDialogButtonBox::AcceptRole);
     });
-    Orvane::editExclusionRanges(nullptr, QStringLiteral("/test/ranges"));
+    Orvane::editExclusionRanges(nullptr, map, {});
     QCOMPARE(rangesText(map), QStringLiteral("0:1500-2000"));
     values::Tree::Instance()->RemoveValue(QStringLiteral("/test/ranges"));
 }

@@ -98,6 +98,8 @@ private Q_SLOTS:
     void shortcutsWork();
     void unsortedRowsAreWrittenSorted();
     void sortingShowsTheOrder();
+    void sortingAnEmptyListWritesNoRange();
+    void deletedRowsAreTheSelectedOnes();
     void treeChangeDiscardsEdits_data();
     void treeChangeDiscardsEdits();
     void editsWaitUnlessToldOtherwise();
@@ -312,6 +314,29 @@ void tst_FreqRangeTable::unsortedRowsAreWrittenSorted()
     QCOMPARE(t.text(0, 0), QStringLiteral("9 kHz"));
     t.map->NotifyObservers(ChangeCode::Content, nullptr);
     QCOMPARE(t.text(0, 0), QStringLiteral("3 kHz"));
+}
+
+void tst_FreqRangeTable::sortingAnEmptyListWritesNoRange()
+{
+    BoundTable t({{1000, 2000}}, true);
+    t.table->selectRow(0);
+    t.deleteRow()->trigger();
+    QCOMPARE(t.stored(), Ranges());
+    t.table->SlotSortByStartFrequencies();
+    QCOMPARE(t.stored(), Ranges());
+    QCOMPARE(t.table->rowCount(), 1);
+}
+
+// From the last row up: taken the other way round, each would move those behind it.
+void tst_FreqRangeTable::deletedRowsAreTheSelectedOnes()
+{
+    const Ranges ranges{{1000, 1500}, {2000, 2500}, {3000, 3500}, {4000, 4500}, {5000, 5500}};
+    BoundTable t(ranges, true);
+    for (const int row : {0, 3, 1}) {
+        t.table->selectionModel()->select(t.table->model()->index(row, 0), QItemSelectionModel::Select);
+    }
+    t.deleteRow()->trigger();
+    QCOMPARE(t.stored(), (Ranges{{3000, 3500}, {5000, 5500}}));
 }
 
 void tst_FreqRangeTable::sortingShowsTheOrder()

@@ -62,6 +62,7 @@ private Q_SLOTS:
     void mapLeftBehindIsReusedAndEmptied();
     void mapLeftBehindIsNoNewsOtherwise();
     void placeTakenByAnotherValue();
+    void mapWithoutAName();
     void mapGoesWithTheForm();
     void twoFormsShareTheMap();
     void secondCreationOfValuesStartsAnew();
@@ -141,12 +142,35 @@ void tst_ZorvaFHPObject::placeTakenByAnotherValue()
 {
     values::Tree::Instance()->AddValue(QStringLiteral("/test"),
                                        new values::ValueString(QStringLiteral("ExclusionRanges")));
-    ObjectForm f;
-    QVERIFY(!f.map);
-    QCOMPARE(f.form.writtenBy("fhp"), QString());
-    f.read(QStringLiteral("<ExclusionRange/>"));
-    f.form.evaluate(QStringLiteral("fhp.emitEditExclusionRangesBtnClicked()"));
+    {
+        const NotesOn notes;
+        messages().expect(QStringLiteral("The place /test/ExclusionRanges in the value tree is taken"));
+        FormFixture form(customRowXml("SpecialObject_FHP", "fhp", {}) + rowXml("LineEdit", "behind"));
+        QVERIFY(!rangeMapAt(mapPath));
+        QCOMPARE(form.writtenBy("fhp"), QStringLiteral("<ExclusionRanges/>"));
+        const QString ranges = QStringLiteral("<ExclusionRanges><ExclusionRange><StartFreq>1.00</StartFreq>"
+                                              "<StopFreq>2.00</StopFreq></ExclusionRange></ExclusionRanges>");
+        form.formular()->SetXmlString(
+            QStringLiteral("<Parameters>%1<behind>text</behind></Parameters>").arg(ranges));
+        QCOMPARE(form.writtenBy("fhp"), ranges);
+        QCOMPARE(form.writtenBy("behind"), QStringLiteral("<behind>text</behind>"));
+        messages().expect(QStringLiteral("The place /test/ExclusionRanges in the value tree is taken"));
+        form.createValues();
+        QCOMPARE(form.writtenBy("fhp"), QStringLiteral("<ExclusionRanges/>"));
+    }
+    QCOMPARE(values::Tree::Instance()->GetValueCount(), 1);
     values::Tree::Instance()->RemoveValue(mapPath);
+}
+
+// Neither the tree nor the leak checker keeps anything of it.
+void tst_ZorvaFHPObject::mapWithoutAName()
+{
+    FormFixture form(customRowXml("SpecialObject_FHP", "fhp", {{"customXmlTag", "a/"}}),
+                     FormFixture::WithValues);
+    const int once = values::Tree::Instance()->GetValueCount();
+    for (int i = 0; i < 3; ++i)
+        form.createValues();
+    QCOMPARE(values::Tree::Instance()->GetValueCount(), once);
 }
 
 void tst_ZorvaFHPObject::mapGoesWithTheForm()
