@@ -67,12 +67,15 @@ ZorvaFormularManager::FormularPointer ZorvaFormularManager::GetFormular(const QS
 
 void ZorvaFormularManager::LeaveCurrent()
 {
+    const quint64 request = requests;
     // Hiding ends a text that is being typed, and what the host does then may drop the form.
     const FormularPointer leaving = current;
     ZorvaSheet& sheet = leaving->GetSheet();
     sheet.killAutoApplyTimer();
     if (leaving->GetGUI())
         leaving->Hide();
+    if (request != requests || current != leaving)
+        return; // the answer was another form, or none
     disconnect(leaving.data(), &ZorvaFormular::si_parametersModified, this,
                &ZorvaFormularManager::si_parametersModified);
     autoApplyMemory = sheet.isAutoApplyEnabled() ? 1 : -1;
@@ -81,19 +84,25 @@ void ZorvaFormularManager::LeaveCurrent()
 
 bool ZorvaFormularManager::ShowFormular(const QString& name)
 {
+    ++requests;
     if (current)
         LeaveCurrent();
-    current = formulars.value(name);
-    if (!current)
+    const FormularPointer wanted = formulars.value(name);
+    // Whoever showed a form while the last one was left has asked later.
+    if (current)
+        return current == wanted;
+    current = wanted;
+    if (!wanted)
         return false;
     if (autoApplyMemory != 0)
-        current->GetSheet().setAutoApplyEnabled(autoApplyMemory >= 1);
-    connect(current.data(), &ZorvaFormular::si_parametersModified, this,
+        wanted->GetSheet().setAutoApplyEnabled(autoApplyMemory >= 1);
+    connect(wanted.data(), &ZorvaFormular::si_parametersModified, this,
             &ZorvaFormularManager::si_parametersModified);
-    current->SetConfigObject(configObject, configKey);
-    if (current->GetGUI())
-        current->Show();
-    return true;
+    wanted->SetConfigObject(configObject, configKey);
+    // Restoring may end a text that is being typed as well.
+    if (current == wanted && wanted->GetGUI())
+        wanted->Show();
+    return current == wanted;
 }
 
 void ZorvaFormularManager::Reset()

@@ -85,6 +85,7 @@ private:
     FormularPointer current;
     QPointer<QObject> configObject; // not owned
     QString configKey;
+    quint64 requests = 0; // calls of ShowFormular(): one may come while another hides a form
 };
 
 } // namespace Orvane

@@ -16,6 +16,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 using Orvane::ZorvaFormular;
 using Orvane::ZorvaFormularManager;
@@ -100,6 +101,8 @@ private Q_SLOTS:
     void applyBarOnRequest();
 
     void showsAndHides();
+    void atMostOneFormIsShown_data();
+    void atMostOneFormIsShown();
     void showingAnUnparsedNameHidesTheCurrentOne_data();
     void showingAnUnparsedNameHidesTheCurrentOne();
     void showingTheCurrentOneAgain();
@@ -286,6 +289,56 @@ void TestZorvaFormularManager::showsAndHides()
     QCOMPARE(manager->GetCurrentName(), named("B"));
     QVERIFY(!window("A")->isVisible());
     QVERIFY(window("B")->isVisible());
+}
+
+void TestZorvaFormularManager::atMostOneFormIsShown_data()
+{
+    QTest::addColumn<QString>("wanted");
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("another") << "B"
+                             << "C"
+                             << "C";
+    QTest::newRow("the wanted one") << "B"
+                                    << "B"
+                                    << "B";
+    QTest::newRow("the one that is left") << "B"
+                                          << "A"
+                                          << "A";
+    QTest::newRow("none") << "B"
+                          << "nobody"
+                          << "B";
+    QTest::newRow("one for none") << "nobody"
+                                  << "C"
+                                  << "C";
+}
+
+// A host answers what hiding raises by showing a form itself.
+void TestZorvaFormularManager::atMostOneFormIsShown()
+{
+    QFETCH(QString, wanted);
+    QFETCH(QString, answer);
+    QFETCH(QString, shown);
+    manager->DefineFormular(named("C"), simpleForm(3));
+    QVERIFY(getAndShow("A"));
+    QVERIFY(manager->GetFormular(named("B")));
+    QVERIFY(manager->GetFormular(named("C")));
+    bool answered = false;
+    HideFilter filter([&] {
+        if (!std::exchange(answered, true))
+            manager->ShowFormular(answer);
+    });
+    window("A")->installEventFilter(&filter);
+    QCOMPARE(manager->ShowFormular(wanted), shown == wanted);
+    QCOMPARE(manager->GetCurrentName(), shown);
+    QSignalSpy spy(manager.get(), &ZorvaFormularManager::si_parametersModified);
+    for (const char* name : {"A", "B", "C"}) {
+        QCOMPARE(window(name)->isVisible(), shown == named(name));
+        spy.clear();
+        level(name)->SetValue(30, nullptr);
+        manager->GetFormular(named(name))->applyNow();
+        QCOMPARE(spy.count(), shown == named(name) ? 1 : 0);
+    }
 }
 
 void TestZorvaFormularManager::showingAnUnparsedNameHidesTheCurrentOne_data()
