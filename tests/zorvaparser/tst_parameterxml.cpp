@@ -337,6 +337,28 @@ private Q_SLOTS:
         QTest::newRow("byte order mark, declaration, comment") << QString(QChar(0xfeff)) + xml +
                                                                       QStringLiteral("<!-- c -->\r\n") + one +
                                                                       QStringLiteral("\r\n") + two;
+        QTest::newRow("comment before a declaration") << one + QStringLiteral("<!-- c -->") + xml + two;
+        QTest::newRow("instruction before a declaration") << one + QStringLiteral("<?i <x> ?>\n") + xml + two;
+        QTest::newRow("several of them")
+            << xml + one + QStringLiteral("<!-- <Parameters> --><?i?>\n<!---->") + xml +
+                   QStringLiteral("<!-- c --><?i?>") + two + QStringLiteral("<!-- c -->");
+        QTest::newRow("document type before each")
+            << QStringLiteral("<!DOCTYPE Parameters>") + one +
+                   QStringLiteral("<?xml version='1.0'?><!DOCTYPE Parameters [<!ENTITY t \"2]>\">]>") + two;
+        QTest::newRow("a row that reads nothing")
+            << QStringLiteral("<Parameters><a>1</a><b>1</b><h/></Parameters>") + two;
+        QTest::newRow("a row that reads nothing of a text")
+            << QStringLiteral("<Parameters><a>1</a><b>1</b><h><x>1</x></h></Parameters>") + xml + two;
+        QTest::newRow("a row that reads nothing in each") << QStringLiteral(
+            "<Parameters><a>1</a><b>1</b><h/></Parameters><Parameters><b>2</b><h/></Parameters>"
+            "<Parameters><c>2</c></Parameters>");
+        QTest::newRow("wrapped in turn")
+            << QStringLiteral("<w>") + one + QStringLiteral("</w><w>") + two + QStringLiteral("</w>");
+        QTest::newRow("another root between")
+            << one + QStringLiteral("<x a='>' b=\"'\"><b>3</b></x><y/>") + two;
+        QTest::newRow("character data with markup")
+            << one + QStringLiteral("<x><![CDATA[</x><Parameters>]]></x>") + two;
+        QTest::newRow("text between") << one + QStringLiteral(" ;\n") + two;
         QTest::newRow("empty roots between") << empty + one + empty + empty + two + empty;
         QTest::newRow("characters of several units")
             << QStringLiteral("<Parameters><x>\u20ac\U0001F4FB</x><a>1</a><b>1</b></Parameters>") + two;
@@ -351,9 +373,93 @@ private Q_SLOTS:
     void rootsInARowAreAllApplied()
     {
         QFETCH(QString, text);
-        FormFixture form(edit("a") + edit("b") + edit("c"), withValues);
+        FormFixture form(edit("a") + edit("b") + edit("c") + rowXml("PushButton", "h"), withValues);
         form.formular()->SetXmlString(text);
         QCOMPARE(textOf(form, "a") + textOf(form, "b") + textOf(form, "c"), QStringLiteral("122"));
+    }
+
+    void kindsThatReadNothingLeaveTheNextRoot_data()
+    {
+        QTest::addColumn<QString>("kind");
+        for (const char* kind : {"Headline", "PushButton", "ScriptControl", "SpecialObject_FFT", "Separator",
+                                 "FixedSpacer", "FrequencyRangeEdit", "SpecialObject_Generic",
+                                 "SpecialObject_Tuner", "SpecialObject_Audio", "Gadget"})
+            QTest::newRow(kind) << QString::fromLatin1(kind);
+    }
+
+    void kindsThatReadNothingLeaveTheNextRoot()
+    {
+        QFETCH(QString, kind);
+        FormFixture form(rowXml(qPrintable(kind), "h") + edit("a"), withValues);
+        form.formular()->SetXmlString(
+            QStringLiteral("<Parameters><h/></Parameters><Parameters><a>1</a></Parameters>"));
+        QCOMPARE(textOf(form, "a"), QStringLiteral("1"));
+    }
+
+    void damageEndsTheReading_data()
+    {
+        QTest::addColumn<QString>("text");
+        const QString next = QStringLiteral("<Parameters><a>2</a></Parameters>");
+        QTest::newRow("in the first") << QStringLiteral("<Parameters><a>1</a>&</Parameters>") + next;
+        QTest::newRow("behind a row that reads nothing")
+            << QStringLiteral("<Parameters><a>1</a><h/>&</Parameters>") + next;
+        QTest::newRow("wrong end") << QStringLiteral("<Parameters><a>1</a></Parameter>") + next;
+        QTest::newRow("in the second")
+            << QStringLiteral("<Parameters><a>1</a></Parameters><Parameters><b></Parameters>") + next;
+        QTest::newRow("end tag between") << QStringLiteral("<Parameters><a>1</a></Parameters></x>") + next;
+        QTest::newRow("no end") << QStringLiteral("<Parameters><a>1</a>") + next;
+        QTest::newRow("open comment") << QStringLiteral("<Parameters><a>1</a></Parameters><!--") + next;
+        QTest::newRow("open tag") << QStringLiteral("<Parameters><a>1</a></Parameters><x a='") + next;
+    }
+
+    void damageEndsTheReading()
+    {
+        QFETCH(QString, text);
+        FormFixture form(edit("a") + rowXml("PushButton", "h"), withValues);
+        form.formular()->SetXmlString(text);
+        QCOMPARE(textOf(form, "a"), QStringLiteral("1"));
+    }
+
+    // Were each to cost a walk through those behind it, this would take many minutes.
+    void manyDocumentsInARow()
+    {
+        FormFixture form(edit("a"), withValues);
+        const QString one = QStringLiteral("<?xml version=\"1.0\"?><Parameters><a>1</a></Parameters>\n");
+        form.formular()->SetXmlString(one.repeated(100000) +
+                                      QStringLiteral("<Parameters><a>2</a></Parameters>"));
+        QCOMPARE(textOf(form, "a"), QStringLiteral("2"));
+    }
+
+    void numbersHaveNoExponent_data()
+    {
+        QTest::addColumn<double>("number");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("gigahertz") << 26500000000.0 << "26500000000";
+        QTest::newRow("1e16") << 1e16 << "10000000000000000";
+        QTest::newRow("1e17") << 1e17 << "100000000000000000";
+        QTest::newRow("1e21") << 1e21 << "1000000000000000000000";
+        QTest::newRow("negative") << -3e18 << "-3000000000000000000";
+        QTest::newRow("minus zero") << -0.0 << "0";
+        QTest::newRow("fraction") << 2.5 << "2.5";
+    }
+
+    void numbersHaveNoExponent()
+    {
+        QFETCH(double, number);
+        QFETCH(QString, text);
+        FormFixture form(edit("a") + rowXml("Label", "l") + rowXml("HiddenParameter", "p"), withValues);
+        auto* const sheet = form.sheet().GetDelegate();
+        sheet->setProperty("parametersXmlTypeAttribute", number);
+        QCOMPARE(form.formular()->GetEmptyXmlElement(),
+                 QStringLiteral("<Parameters type=\"%1\"/>").arg(text));
+        for (const char* row : {"a", "l"}) {
+            form.row(row)->setProperty("text", number);
+            QCOMPARE(form.writtenBy(row), QStringLiteral("<%1>%2</%1>").arg(QLatin1String(row), text));
+        }
+        form.row("p")->setProperty("value", number);
+        QCOMPARE(form.writtenBy("p"), QStringLiteral("<p>%1</p>").arg(text));
+        form.row("a")->setProperty("unit", number);
+        QVERIFY(form.writtenBy("a").contains(QStringLiteral("unit=\"%1\"").arg(text)));
     }
 
     void secondRootMayBeDamaged()
