@@ -496,6 +496,49 @@ private Q_SLOTS:
         });
     }
 
+    void fontInPixelsCountsWithItsPoints()
+    {
+        const QFont before = QApplication::font();
+        QFont pixels = before;
+        pixels.setPixelSize(17);
+        QApplication::setFont(pixels);
+        const int normal = QFontInfo(pixels).pointSize();
+        QVERIFY(normal > 5);
+        {
+            Surface surface(true);
+            QObject configuration;
+            surface.form.formular()->SetConfigObject(&configuration, QStringLiteral("key"));
+            surface.window->show();
+            const auto size = [&](const char* text, int more, const char* mark) {
+                return QStringLiteral("%1 %2%3")
+                    .arg(QLatin1String(text))
+                    .arg(normal + more)
+                    .arg(QLatin1String(mark));
+            };
+            withSizeMenu(surface.area(), [&](QMenu* menu) {
+                QCOMPARE(describe(menu->actions().first()->menu()),
+                         (QStringList{size("Normal", 0, " checked"), size("Medium", 2, ""),
+                                      size("Large", 4, "")}));
+            });
+            surface.form.formular()->ApplyConfiguration();
+            QVERIFY(!configuration.property("key-fontsize").isValid());
+            const auto choose = [&](int points) {
+                QVERIFY(QMetaObject::invokeMethod(surface.form.sheet().GetDelegate(), "si_chooseFontSize",
+                                                  Q_ARG(int, points)));
+            };
+            choose(normal + 4);
+            QCOMPARE(configuration.property("key-fontsize"), QVariant(normal + 4));
+            QCOMPARE(surface.window->font().pointSize(), normal + 4);
+            // Back to the very size, which no number of points may give.
+            choose(normal);
+            QCOMPARE(surface.window->font().pixelSize(), 17);
+            QVERIFY(!configuration.property("key-fontsize").isValid());
+            surface.form.formular()->RestoreConfiguration();
+            QCOMPARE(surface.window->font().pixelSize(), 17);
+        }
+        QApplication::setFont(before);
+    }
+
     void chosenSizeIsTakenAndStored()
     {
         const ApplicationFont font(9);

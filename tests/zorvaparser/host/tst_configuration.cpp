@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QGroupBox>
+#include <QLineEdit>
 #include <QTest>
 
 #include <memory>
@@ -80,6 +81,8 @@ private Q_SLOTS:
     void inputSwitchedOffBeforeTheWidgetsComesUpOff();
     void theObjectMayDieFirst();
     void aNewObjectAtTheSamePlaceIsNew();
+    void sizeOutlivesAStyleSheet_data();
+    void sizeOutlivesAStyleSheet();
 
 private:
     int fontSize() const { return form->window()->font().pointSize(); }
@@ -364,6 +367,47 @@ void TestConfiguration::aNewObjectAtTheSamePlaceIsNew()
     const QStringList collapsed = form->sheet().GetCollapsed();
     object->~QObject();
     QCOMPARE(collapsed, QStringList{named("first")});
+}
+
+void TestConfiguration::sizeOutlivesAStyleSheet_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<int>("place"); // 0 the form's window, 1 a frame around it, 2 a window around that
+    for (const char* sheet : {"color: red;", "font-size: 12pt;", "QWidget { font-size: 12pt }",
+                              "* { font: 12pt \"Sans\" }", "QLabel { color: red }"}) {
+        QTest::addRow("window, %s", sheet) << QString::fromUtf8(sheet) << 0;
+        QTest::addRow("frame, %s", sheet) << QString::fromUtf8(sheet) << 1;
+        QTest::addRow("window around, %s", sheet) << QString::fromUtf8(sheet) << 2;
+    }
+}
+
+void TestConfiguration::sizeOutlivesAStyleSheet()
+{
+    QFETCH(QString, sheet);
+    QFETCH(int, place);
+    for (const bool isStoredFirst : {true, false}) {
+        FormFixture own(groups());
+        config->setProperty("key-fontsize", 18);
+        auto window = std::make_unique<QWidget>();
+        auto* const frame = new QWidget(window.get());
+        if (place > 0)
+            own.window()->setParent(frame);
+        QWidget* const styled = place == 0 ? own.window() : place == 1 ? frame : window.get();
+        if (isStoredFirst)
+            own.formular()->SetConfigObject(config.get(), named("key"));
+        styled->setStyleSheet(sheet);
+        own.formular()->SetConfigObject(config.get(), named("key"));
+        own.formular()->RestoreConfiguration();
+        own.formular()->ApplyConfiguration();
+        QCOMPARE(config->property("key-fontsize"), QVariant(18));
+        (place > 0 ? window.get() : own.window())->show();
+        own.window()->show();
+        QCOMPARE(own.window()->font().pointSize(), 18);
+        QCOMPARE(own.control<QLineEdit>("one")->font().pointSize(), 18);
+        own.formular()->ApplyConfiguration();
+        QCOMPARE(config->property("key-fontsize"), QVariant(18));
+        own.deleteWindow();
+    }
 }
 
 QTEST_MAIN(TestConfiguration)
