@@ -75,6 +75,61 @@ class tst_formscript : public EngineTest
     Q_OBJECT
 
 private Q_SLOTS:
+    void valuesNestedTooDeepAreRefused_data()
+    {
+        QTest::addColumn<QString>("code");
+        const QString deep = QStringLiteral("var v = []; for (var i = 0; i < 200000; ++i) v = [v]; ");
+        QTest::newRow("array") << deep + QStringLiteral("a.setCustomProperty('x', v)");
+        QTest::newRow("object") << QStringLiteral(
+            "var v = {}; for (var i = 0; i < 200000; ++i) v = {v: v}; a.setCustomProperty('x', v)");
+        QTest::newRow("function with an array")
+            << deep + QStringLiteral("var f = function() {}; f.v = v; a.setCustomProperty('x', f)");
+        QTest::newRow("in turn") << QStringLiteral(
+            "var v = {}; for (var i = 0; i < 200000; ++i) v = [{v: v}]; a.setCustomProperty('x', v)");
+        QTest::newRow("shared parts") << QStringLiteral(
+            "var v = [1]; for (var i = 0; i < 60; ++i) v = [v, v]; a.setCustomProperty('x', v)");
+        QTest::newRow("holes") << QStringLiteral(
+            "var v = []; v.length = 4000000000; a.setCustomProperty('x', v)");
+        QTest::newRow("into itself") << QStringLiteral("var v = []; v[0] = v; a.setCustomProperty('x', v)");
+        QTest::newRow("table") << deep + QStringLiteral("t.setItemValue(0, 0, v)");
+    }
+
+    void valuesNestedTooDeepAreRefused()
+    {
+        QFETCH(QString, code);
+        const QString rows = edit("a") + rowXml("TableWidget", "t", {{"rowCount", 1}, {"columnCount", 1}});
+        const QString kept = QStringLiteral("try { %1 } catch (e) { var error = e.name; }").arg(code);
+        FormFixture evaluating(rows, FormFixture::WithValues);
+        evaluating.evaluate(kept);
+        QCOMPARE(scriptText(evaluating.formular(), "error"), QStringLiteral("RangeError"));
+        QVERIFY(!evaluating.row("a")->customProperty(QStringLiteral("x")).isValid());
+        evaluating.deleteForm();
+        FormFixture initial(rows, QString(), kept, FormFixture::WithValues);
+        QCOMPARE(scriptText(initial.formular(), "error"), QStringLiteral("RangeError"));
+    }
+
+    void ordinaryValuesReachTheRow()
+    {
+        FormFixture form(edit("a"), FormFixture::WithValues);
+        const auto value = [&] { return form.row("a")->customProperty(QStringLiteral("x")); };
+        form.evaluate(QStringLiteral("a.setCustomProperty('x', [1, [2, {b: 'c'}]])"));
+        QCOMPARE(value().toList().value(1).toList().value(1).toMap().value(QStringLiteral("b")),
+                 QVariant(QStringLiteral("c")));
+        form.evaluate(QStringLiteral("a.setCustomProperty('x', 5)"));
+        QCOMPARE(value(), QVariant(5));
+        form.evaluate(QStringLiteral("a.setCustomProperty('x', 'text')"));
+        QCOMPARE(value(), QVariant(QStringLiteral("text")));
+        form.evaluate(QStringLiteral("a.setCustomProperty('x', a)"));
+        QCOMPARE(value().value<QObject*>(), form.row("a"));
+        form.evaluate(QStringLiteral("a.setCustomProperty('x', function() {})"));
+        QVERIFY(value().isValid());
+        form.evaluate(
+            QStringLiteral("var heard; a.customPropertyChanged.connect(function(n, v) { heard = n + v; });"
+                           "a.setCustomProperty('x', 7)"));
+        QCOMPARE(scriptText(form.formular(), "heard"), QStringLiteral("x7"));
+        QCOMPARE(evaluated(form.formular(), QStringLiteral("a.customProperty('x')")), QStringLiteral("7"));
+    }
+
     void globalsAreTheSheetItsRowsAndTheEnumerations()
     {
         FormFixture form(edit("a") + widgetXml("Gadget", ""), enumXml("E", {{"one", "ONE", "1"}}), QString(),

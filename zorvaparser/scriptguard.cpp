@@ -1,0 +1,120 @@
+#include "scriptguard_p.h"
+
+#include "bounds_p.h"
+
+#include <zorvaparser/zorvadelegate.h>
+
+#include <QMetaMethod>
+#include <QPair>
+#include <QScriptEngine>
+#include <QScriptValueIterator>
+#include <QVector>
+
+#include <utility>
+
+namespace Orvane {
+
+namespace {
+
+/** Counts what a value of a script would become; a part that stands in two places counts twice. */
+class NestedSize
+{
+public:
+    bool isBounded(const QScriptValue& value, int depth = 0)
+    {
+        if (++parts > mostCells || depth > deepestScriptValue)
+            return false;
+        if (value.isArray())
+            return isArrayBounded(value, depth);
+        const bool isPlainObject = value.isObject() && !value.isVariant() && !value.isQObject() &&
+                                   !value.isDate() && !value.isRegExp() && !value.isQMetaObject();
+        return !isPlainObject || isObjectBounded(value, depth);
+    }
+
+private:
+    // Holes count too: the list has a place for each.
+    bool isArrayBounded(const QScriptValue& array, int depth)
+    {
+        const quint32 length = array.property(QStringLiteral("length")).toUInt32();
+        if (length > mostCells)
+            return false;
+        for (quint32 i = 0; i < length; ++i) {
+            if (!isBounded(array.property(i), depth + 1))
+                return false;
+        }
+        return true;
+    }
+
+    bool isObjectBounded(const QScriptValue& object, int depth)
+    {
+        QScriptValueIterator member(object);
+        while (member.hasNext()) {
+            member.next();
+            // A function's prototype leads back to it.
+            if (member.flags() & QScriptValue::SkipInEnumeration)
+                continue;
+            if (!isBounded(member.value(), depth + 1))
+                return false;
+        }
+        return true;
+    }
+
+    qint64 parts = 0;
+};
+
+QScriptValue callChecked(QScriptContext* context, QScriptEngine*)
+{
+    QScriptValueList arguments;
+    for (int i = 0; i < context->argumentCount(); ++i) {
+        if (!NestedSize().isBounded(context->argument(i)))
+            return context->throwError(QScriptContext::RangeError,
+                                       QStringLiteral("Value too large or nested too deep"));
+        arguments.append(context->argument(i));
+    }
+    const QScriptValue self = context->thisObject();
+    return self.property(context->callee().data().toString()).call(self, arguments);
+}
+
+/** Name and signature of each slot or invokable that takes any value. */
+QVector<QPair<QString, QByteArray>> openMethods(const QMetaObject* kind)
+{
+    QVector<QPair<QString, QByteArray>> methods;
+    for (int i = 0; i < kind->methodCount(); ++i) {
+        const QMetaMethod method = kind->method(i);
+        if (method.methodType() != QMetaMethod::Signal && method.access() == QMetaMethod::Public &&
+            method.parameterTypes().contains("QVariant"))
+            methods.append({QString::fromLatin1(method.name()), method.methodSignature()});
+    }
+    return methods;
+}
+
+} // namespace
+
+void ScriptGuard::add(const QScriptValue& wrapper, const ZorvaDelegate& row)
+{
+    pending.append({wrapper, row.metaObject()});
+}
+
+void ScriptGuard::install()
+{
+    static QHash<const QMetaObject*, QVector<QPair<QString, QByteArray>>> methodsOfKind;
+    for (Row& row : std::exchange(pending, {})) {
+        auto methods = methodsOfKind.constFind(row.kind);
+        if (methods == methodsOfKind.cend())
+            methods = methodsOfKind.insert(row.kind, openMethods(row.kind));
+        for (const auto& method : methods.value())
+            row.wrapper.setProperty(method.first, checked(row.wrapper.engine(), method.second));
+    }
+}
+
+QScriptValue ScriptGuard::checked(QScriptEngine* engine, const QByteArray& signature)
+{
+    QScriptValue& function = functions[signature];
+    if (!function.isValid()) {
+        function = engine->newFunction(callChecked);
+        function.setData(QScriptValue(QString::fromLatin1(signature)));
+    }
+    return function;
+}
+
+} // namespace Orvane
