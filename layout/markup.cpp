@@ -295,6 +295,11 @@ QString Markup::toolTip(const QString& text)
                : clean->text;
 }
 
+QString Markup::plainToolTip(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? letterByLetter(text) : text;
+}
+
 QString Markup::fragment(const QString& text)
 {
     // Inside a rich text every tag counts, also one that alone would look plain.

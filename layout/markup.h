@@ -21,6 +21,9 @@ void showPlain(QLabel* label, const QString& text);
 /// What a tool tip is to be given to show \a text as show() does.
 QString toolTip(const QString& text);
 
+/// What a tool tip is to be given to show \a text letter by letter.
+QString plainToolTip(const QString& text);
+
 /// \a text as a part of a rich text: cleaned if it is rich and within the
 /// bounds, letter by letter if it is beyond them, and as it stands if it is plain.
 QString fragment(const QString& text);

@@ -4,6 +4,7 @@
 #include <zorvaparser/zorvawidget.h>
 
 #include <layout/floatgrouplayout.h>
+#include <layout/markup.h>
 #include <vkbase/errorhandler.h>
 #include <vkbase/qtrace.h>
 
@@ -38,11 +39,11 @@ void ZorvaDelegate::ResyncValueTree()
 
 void ZorvaDelegate::CreateGUI(FloatGroupLayout* layout)
 {
-    const QString text = property("labelText").toString();
+    const QString text = PropertyText("labelText");
     if (text.isEmpty())
         return;
-    const QByteArray name = QStringLiteral("label%1").arg(widget->GetName()).toLatin1();
-    label = layout->addLabel(Translate(text), name.constData());
+    label = layout->addLabel(Translate(text), nullptr);
+    label->setObjectName(QStringLiteral("label") + widget->GetName());
     if (!property("visible").toBool())
         label->hide();
 }
@@ -163,7 +164,7 @@ QString ZorvaDelegate::Translate(const QString& text)
 
 void ZorvaDelegate::WriteUnitAttribute(QXmlStreamWriter& writer) const
 {
-    const QString unit = property("unit").toString();
+    const QString unit = PropertyText("unit");
     if (!unit.isEmpty())
         writer.writeAttribute(QStringLiteral("unit"), unit);
 }
@@ -181,9 +182,9 @@ void ZorvaDelegate::PlaceControl(FloatGroupLayout* layout, QWidget* control)
     layout->addGroup();
 }
 
-QString ZorvaDelegate::FallbackToolTip() const
+QString ZorvaDelegate::FallbackToolTip()
 {
-    return label ? label->text() : widget->GetXmlTagName();
+    return Markup::toolTip(label ? GetTranslated("labelText") : widget->GetXmlTagName());
 }
 
 void ZorvaDelegate::FocusControl(QWidget* control)
@@ -201,9 +202,9 @@ void ZorvaDelegate::WriteTextElement(QXmlStreamWriter& writer, const QString& te
     writer.writeEndElement();
 }
 
-QByteArray ZorvaDelegate::ControlName() const
+const QString& ZorvaDelegate::ControlName() const
 {
-    return widget->GetName().toLatin1();
+    return widget->GetName();
 }
 
 ZorvaSheet* ZorvaDelegate::GetSheet() const

@@ -262,7 +262,7 @@ protected:
     /** Adds @p control to @p layout and ends the row. */
     static void PlaceControl(FloatGroupLayout* layout, QWidget* control);
     /** The label's text, or else the row's tag: what a control shows as tool tip for want of a better one. */
-    QString FallbackToolTip() const;
+    QString FallbackToolTip();
     /** Gives the keyboard focus to @p control, which may be null. */
     static void FocusControl(QWidget* control);
     /** One element named by the row's tag, with the unit if @p withUnit. */
@@ -270,8 +270,12 @@ protected:
     /** A property as text: whole numbers never get an exponent. */
     static QString VariantText(const QVariant& value);
     QString PropertyText(const char* name) const;
-    /** The widget's name as Latin-1, for control names. */
-    QByteArray ControlName() const;
+    /** Puts @p value below GetVTNodePath(); false, and a note in the trace, if its place is taken. */
+    bool EnterTree(values::ValueBase* value);
+    /** Notes that the row gets no place for its value @p name. */
+    void TracePlaceTaken(const QString& name) const;
+    /** The widget's name, which its control bears too. */
+    const QString& ControlName() const;
     /** The row's sheet and formular; null without a widget. */
     ZorvaSheet* GetSheet() const;
     ZorvaFormular* GetFormular() const;
@@ -287,6 +291,8 @@ private:
     bool TakeConverted(const char* name, const char* marker, double& number, double factor, double offset);
     /** Gives the limits that were converted before to a value made later; nothing before the first. */
     void TakeStandingLimits(values::IValueNumeric* value);
+    /** @p value of the property @p name as a control is to have it. */
+    static QVariant ForControl(const QString& name, const QVariant& value);
     QString ValueName(int index);
     /** Translation context first, then the tree; null (and @p value deleted) if the tree refuses it. */
     template <typename V>

@@ -1,7 +1,10 @@
 #include "zorvadelegate.h"
 
 #include "bounds_p.h"
+#include "numbertext_p.h"
 #include "numericcast_p.h"
+
+#include <layout/markup.h>
 
 #include <QWidget>
 
@@ -19,7 +22,7 @@ QString boundText(double bound, int decimals)
     static int lastDecimals[2] = {-1, -1};
     static QString lastText[2];
     if (!(std::abs(bound) > 1e100))
-        return QString::number(bound, 'f', decimals);
+        return fixedText(bound, decimals);
     const int slot = bound < 0.0 ? 0 : 1;
     if (lastDecimals[slot] != decimals || lastBound[slot] != bound) {
         lastText[slot] = QString::number(bound, 'f', decimals);
@@ -55,7 +58,7 @@ double ZorvaDelegate::reverseDisplayTransformation(double value) const
 
 QString ZorvaDelegate::formatString(double value, int decimals, QString suffix)
 {
-    QString text = QString::number(value, 'f', qMin(decimals, lastDecimal));
+    QString text = fixedText(value, qMin(decimals, lastDecimal));
     bool trimming = decimals > 0;
     while (trimming && !text.isEmpty()) {
         const QChar last = text.at(text.size() - 1);
@@ -69,7 +72,7 @@ QString ZorvaDelegate::formatString(double value, int decimals, QString suffix)
 
 void ZorvaDelegate::SetRangeTooltip(QWidget* control, const QString& lowest, const QString& highest)
 {
-    QString text = QStringLiteral("<html>") + GetTranslated("labelText");
+    QString text = QStringLiteral("<html>") + Markup::fragment(GetTranslated("labelText"));
     if (!lowest.isEmpty() || !highest.isEmpty())
         text += QStringLiteral("<br>") + lowest + QStringLiteral("...") + highest;
     control->setToolTip(text);

@@ -1,5 +1,7 @@
 #include "zorvadelegate.h"
 
+#include "numbertext_p.h"
+
 #include <cmath>
 #include <limits>
 
@@ -18,7 +20,9 @@ Int roundedOr(Int fallback, double number)
 {
     constexpr double lowest = static_cast<double>(std::numeric_limits<Int>::min());
     const double beyond = std::ldexp(1.0, std::numeric_limits<Int>::digits);
-    const double rounded = std::floor(number + 0.5);
+    // Adding a half first would round a large number once more.
+    const double below = std::floor(number);
+    const double rounded = number - below < 0.5 ? below : below + 1.0;
     return rounded >= lowest && rounded < beyond ? static_cast<Int>(rounded) : fallback;
 }
 
@@ -99,7 +103,7 @@ QString ZorvaDelegate::GetString(const QString& name, QString fallback) const
 
 QString ZorvaDelegate::GetString(const char* name, const QString& fallback) const
 {
-    const QString text = property(name).toString();
+    const QString text = PropertyText(name);
     return text.isEmpty() ? fallback : text;
 }
 
@@ -110,7 +114,7 @@ QString ZorvaDelegate::GetTranslated(const QString& name)
 
 QString ZorvaDelegate::GetTranslated(const char* name)
 {
-    const QString text = property(name).toString();
+    const QString text = PropertyText(name);
     return text.isEmpty() ? QString() : Translate(text);
 }
 
@@ -118,8 +122,8 @@ QString ZorvaDelegate::VariantText(const QVariant& value)
 {
     if (isFloating(value)) {
         const double number = value.toDouble();
-        if (std::abs(number) < 1e17 && number == std::trunc(number))
-            return QString::number(number, 'f', 0);
+        if (std::isfinite(number) && number == std::trunc(number))
+            return fixedText(number, 0);
     }
     return value.toString();
 }

@@ -2,6 +2,8 @@
 
 #include "bounds_p.h"
 
+#include <layout/markup.h>
+
 #include <QCoreApplication>
 #include <QDynamicPropertyChangeEvent>
 #include <QScopedValueRollback>
@@ -103,7 +105,7 @@ void ZorvaDelegate::SetParsedProperty(const QByteArray& key, const QVariant& val
 void ZorvaDelegate::FinishParse()
 {
     generateParameterXml = property("generateParameterXml").toBool();
-    SetXmlPath(property("parameterXmlTag").toString());
+    SetXmlPath(PropertyText("parameterXmlTag"));
     const QString mode = property("applyMode").toString();
     if (mode == QLatin1String("ekInstantApplyMode"))
         applyMode = ekInstantApplyMode;
@@ -138,7 +140,7 @@ void ZorvaDelegate::PropertyChanged(const QString& name, const QVariant& value)
         generateParameterXml = value.toBool();
     } else if (name == QLatin1String("labelText")) {
         if (label)
-            label->setText(Translate(value.toString()));
+            Markup::show(label, Translate(VariantText(value)));
     } else if (name == QLatin1String("visible")) {
         if (label && definedProperties.contains(name))
             label->setVisible(value.toBool());
@@ -202,6 +204,11 @@ void ZorvaDelegate::UndefineProperty(const QString& name)
     definedProperties.removeOne(name);
 }
 
+QVariant ZorvaDelegate::ForControl(const QString& name, const QVariant& value)
+{
+    return name == QLatin1String("toolTip") ? QVariant(Markup::toolTip(VariantText(value))) : value;
+}
+
 void ZorvaDelegate::PropagateProperties(QObject* target)
 {
     if (!target)
@@ -210,7 +217,7 @@ void ZorvaDelegate::PropagateProperties(QObject* target)
         const QByteArray key = name.toLatin1();
         const QVariant value = property(key.constData());
         if (!value.isNull())
-            target->setProperty(key.constData(), value);
+            target->setProperty(key.constData(), ForControl(name, value));
     }
 }
 
@@ -219,9 +226,10 @@ void ZorvaDelegate::PropagateProperty(const QString& name, QObject* target)
     if (!target || !definedProperties.contains(name))
         return;
     const QByteArray key = name.toLatin1();
-    const QVariant value = property(key.constData());
-    if (value.isNull())
+    const QVariant given = property(key.constData());
+    if (given.isNull())
         return;
+    const QVariant value = ForControl(name, given);
     // The control's own "visible" can be unchanged while its parent has hidden it.
     if (name == QLatin1String("visible") || value != target->property(key.constData()))
         target->setProperty(key.constData(), value);

@@ -5,6 +5,8 @@
 #include <zorvaparser/zorvaenum.h>
 
 #include <valueframework/tree.h>
+#include <vkbase/errorhandler.h>
+#include <vkbase/qtrace.h>
 
 #include <cmath>
 
@@ -26,10 +28,26 @@ V* ZorvaDelegate::PrepareValue(V* value)
     return value;
 }
 
+bool ZorvaDelegate::EnterTree(values::ValueBase* value)
+{
+    if (values::Tree::Instance()->AddValue(GetVTNodePath(), value))
+        return true;
+    TracePlaceTaken(value->GetName());
+    return false;
+}
+
+void ZorvaDelegate::TracePlaceTaken(const QString& name) const
+{
+    if (ErrorHandler::Instance().GetTraceMask() & ErrorHandler::TraceNotes)
+        _Q_Trace(QStringLiteral("The place %1/%2 in the value tree is taken: %3 is left without it")
+                     .arg(vtPath.left(vtPath.lastIndexOf(QLatin1Char('/'))), name, objectName()),
+                 QStringLiteral("zorvadelegate"), __LINE__);
+}
+
 template <typename V>
 V* ZorvaDelegate::InsertValue(V* value)
 {
-    if (values::Tree::Instance()->AddValue(GetVTNodePath(), value))
+    if (EnterTree(value))
         return value;
     delete value;
     return nullptr;
@@ -53,7 +71,7 @@ values::ValueString* ZorvaDelegate::CreateValueString(const QString& name)
     auto* const value = PrepareValue(new values::ValueString(GetVTName(), ValueState::Normal));
     value->SetValue(PropertyText(name.toLatin1().constData()), nullptr);
     // A text that finds its place taken lives outside the tree.
-    values::Tree::Instance()->AddValue(GetVTNodePath(), value);
+    EnterTree(value);
     return value;
 }
 
@@ -87,7 +105,7 @@ ZorvaDelegate::CreateValueSelection(const QString& name, QExplicitlySharedDataPo
         const ZorvaEnumValue& entry = enumeration->GetValueAt(i);
         value->AddItem(entry.GetDisplayName(), entry.GetDoubleValue(i), i + 1, nullptr);
     }
-    const QString text = property(name.toLatin1().constData()).toString();
+    const QString text = PropertyText(name.toLatin1().constData());
     const ZorvaEnumValue& current = enumeration->FindValue(text, nullptr);
     value->SetStringValue(current.GetDisplayName(), this);
     ChangeProperty(name, current.GetValue());

@@ -1,6 +1,10 @@
 #include "zorvaformular.h"
 
+#include "numbertext_p.h"
+#include "scriptguard_p.h"
+#include "textsize_p.h"
 #include "widgets/zorvasheetui.h"
+#include "xmldocuments_p.h"
 #include "xmlwalk_p.h"
 
 #include <layout/bulkchange.h>
@@ -12,8 +16,6 @@
 #include <vkbase/qtrace.h>
 
 #include <QAction>
-#include <QApplication>
-#include <QRegularExpression>
 #include <QScriptEngineDebugger>
 #include <QScriptValueIterator>
 #include <QXmlStreamReader>
@@ -118,19 +120,13 @@ void selectOrReduce(values::ValueSelection* target, const QString& text, IObserv
     target->Select(text, observer);
 }
 
-/** @p text from behind its byte order mark and XML declaration on, where it has them. */
-QString withoutProlog(QString text)
-{
-    static const QRegularExpression prolog(QStringLiteral("\\A[\\s\\x{feff}]*(<\\?xml\\s[^>]*\\?>)?"));
-    return text.remove(prolog);
-}
-
 } // namespace
 
 ZorvaFormular::ZorvaFormular()
     : emptyEnum(new ZorvaEnum)
     , sheet(this)
     , scriptDebugger(nullptr)
+    , scriptGuard(std::make_unique<ScriptGuard>())
 {
     connect(sheet.GetSheetUi(), &ZorvaSheetUi::si_parametersModified, this,
             &ZorvaFormular::si_parametersModified);
@@ -189,10 +185,11 @@ void ZorvaFormular::CreateValueTree(QString path)
 {
     vtPath = path;
     // Defaults and what the script presets never count as changes by the user.
+    const bool wasActive = sheet.isActive();
     sheet.setActive(false);
     sheet.CreateValueTree(path);
     InitScript();
-    sheet.setActive(true);
+    sheet.setActive(wasActive);
 }
 
 void ZorvaFormular::CreateGUI(bool createApplyUi)
@@ -292,37 +289,32 @@ QString ZorvaFormular::GetXmlString(bool modifiedOnly)
 void ZorvaFormular::SetXmlString(const QString& text)
 {
     const QString root = sheet.GetSheetUi()->GetString("parametersXmlRootTag", QStringLiteral("Parameters"));
-    // A document has one root, and the reader stops at a second one; inside a
-    // wrapper it takes all that follow, up to the declaration of a further document.
-    const QString wrapper = QStringLiteral("<%1List>").arg(root);
-    QString rest = text;
+    const BulkChange bulk(sheet.Content());
     // The reader does not count the mark.
-    if (rest.startsWith(QChar(QChar::ByteOrderMark)))
-        rest.remove(0, 1);
-    QXmlStreamReader reader(rest);
-    int behindRoot = ApplyRoots(reader, root);
-    while (behindRoot >= 0) {
-        rest = withoutProlog(rest.mid(behindRoot));
-        QXmlStreamReader others(wrapper + rest);
-        behindRoot = ApplyRoots(others, root) - wrapper.size();
+    const QString unmarked = text.startsWith(QChar(QChar::ByteOrderMark)) ? text.mid(1) : text;
+    QXmlStreamReader reader(unmarked);
+    ApplyDocument(reader, root);
+    if (reader.error() != QXmlStreamReader::NotWellFormedError)
+        return;
+    // A document has one root, and the reader stumbles over what follows it.
+    XmlDocuments documents(unmarked);
+    documents.next();
+    if (reader.characterOffset() <= documents.position())
+        return;
+    for (QString document = documents.next(); !document.isNull(); document = documents.next()) {
+        QXmlStreamReader further(document);
+        ApplyDocument(further, root);
+        if (further.hasError())
+            return;
     }
 }
 
-int ZorvaFormular::ApplyRoots(QXmlStreamReader& reader, const QString& root)
+void ZorvaFormular::ApplyDocument(QXmlStreamReader& reader, const QString& root)
 {
-    qint64 behindRoot = -1;
     while (!reader.atEnd()) {
-        const QXmlStreamReader::TokenType token = reader.readNext();
-        if (token != QXmlStreamReader::StartElement && token != QXmlStreamReader::EndElement)
-            continue;
-        behindRoot = -1;
-        if (token == QXmlStreamReader::EndElement || reader.name() != root)
-            continue;
-        sheet.ReadXml(reader);
-        if (reader.isEndElement() && reader.name() == root)
-            behindRoot = reader.characterOffset();
+        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == root)
+            sheet.ReadXml(reader);
     }
-    return reader.error() == QXmlStreamReader::NotWellFormedError ? static_cast<int>(behindRoot) : -1;
 }
 
 values::ValueBase* ZorvaFormular::GetVTValue(const QString& path) const
@@ -438,9 +430,8 @@ void ZorvaFormular::InitEnumeration(const QString& enumName, values::ValueSelect
     enumeration->ClearValues();
     for (long i = 0; i < selection->GetItemCount(); ++i) {
         const values::SelectionItem* const item = selection->GetItemIndex(i);
-        const QString value = valueTexts && i < valueTexts->size()
-                                  ? valueTexts->at(static_cast<int>(i))
-                                  : QString::number(item->GetValue(), 'f', 2);
+        const QString value = valueTexts && i < valueTexts->size() ? valueTexts->at(static_cast<int>(i))
+                                                                   : fixedText(item->GetValue(), 2);
         enumeration->AppendEnumValue(item->GetName(), prefix + value, value);
     }
 }
@@ -455,6 +446,8 @@ void ZorvaFormular::RegisterScriptTypes()
 
 void ZorvaFormular::InitScript()
 {
+    if (!script.GetCode().isEmpty())
+        scriptGuard->install();
     scriptEngine.evaluate(script.GetCode(), QString(), 1);
     if (!scriptEngine.hasUncaughtException() || !ErrorHandler::Traces(ErrorHandler::TraceErrors))
         return;
@@ -465,6 +458,7 @@ void ZorvaFormular::InitScript()
 
 void ZorvaFormular::EvaluateScript(const QString& code)
 {
+    scriptGuard->install();
     scriptEngine.evaluate(code, QString(), 1);
     if (scriptEngine.hasUncaughtException())
         TraceScriptError(scriptEngine.uncaughtException());
@@ -513,8 +507,11 @@ void ZorvaFormular::SetScriptValue(const QString& globalName, bool value)
 void ZorvaFormular::SetScriptValue(const QString& globalName, QObject* value)
 {
     // A row that a script deletes would be missed by everybody else.
-    SetGlobal(globalName,
-              scriptEngine.newQObject(value, QScriptEngine::QtOwnership, QScriptEngine::ExcludeDeleteLater));
+    const QScriptValue wrapper =
+        scriptEngine.newQObject(value, QScriptEngine::QtOwnership, QScriptEngine::ExcludeDeleteLater);
+    SetGlobal(globalName, wrapper);
+    if (const auto* const row = qobject_cast<const ZorvaDelegate*>(value))
+        scriptGuard->add(wrapper, *row);
 }
 
 QMap<QString, QScriptValue> ZorvaFormular::GetScriptValues()
@@ -592,11 +589,10 @@ void ZorvaFormular::RestoreConfiguration()
     if (!configObject)
         return;
     const int size = configObject->property(ConfigName("-fontsize").constData()).toInt();
-    const int normal = QApplication::font().pointSize();
     if (size > 0)
         sheet.SetFontSize(size);
-    else if (GetGUI() && GetGUI()->font().pointSize() != normal)
-        sheet.SetFontSize(normal);
+    else if (GetGUI() && shownTextSize(*GetGUI()) != normalTextSize())
+        sheet.SetFontSize(normalTextSize());
     const QString collapsed = configObject->property(ConfigName("-collapsed").constData()).toString();
     sheet.SetCollapsed(collapsed.split(QLatin1Char(',')));
     const QVariant disabled = configObject->property("input-disabled");
@@ -609,8 +605,8 @@ void ZorvaFormular::ApplyConfiguration()
     if (!configObject)
         return;
     QVariant fontSize;
-    if (GetGUI() && GetGUI()->font().pointSize() != QApplication::font().pointSize())
-        fontSize = GetGUI()->font().pointSize();
+    if (GetGUI() && shownTextSize(*GetGUI()) != normalTextSize())
+        fontSize = shownTextSize(*GetGUI());
     configObject->setProperty(ConfigName("-fontsize").constData(), fontSize);
     QVariant collapsed;
     const QStringList names = sheet.GetCollapsed();

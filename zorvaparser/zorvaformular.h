@@ -15,6 +15,8 @@
 #include <QScriptValue>
 #include <QSharedData>
 
+#include <memory>
+
 class QScriptEngineDebugger;
 class QWidget;
 class QXmlStreamReader;
@@ -25,6 +27,8 @@ class ValueSelection;
 } // namespace values
 
 namespace Orvane {
+
+class ScriptGuard;
 
 /**
  * The root object of one live form: sheet, script and enumerations of a
@@ -141,8 +145,8 @@ private:
     void InitScript();
     void TraceScriptError(const QScriptValue& error) const;
     QString WriteXml(bool withValues, bool modifiedOnly);
-    /** The offset behind the last root if the reader stumbled right there, else -1. */
-    int ApplyRoots(QXmlStreamReader& reader, const QString& root);
+    /** Takes each element named @p root, wherever it stands. */
+    void ApplyDocument(QXmlStreamReader& reader, const QString& root);
     QByteArray ConfigName(const char* suffix) const;
     void RegisterScriptTypes();
     void SetGlobal(const QString& globalName, const QScriptValue& value);
@@ -158,6 +162,7 @@ private:
     QScriptEngineDebugger* scriptDebugger; // owned
     QPointer<QObject> configObject;        // not owned
     QString configKey;
+    std::unique_ptr<ScriptGuard> scriptGuard; // never null; goes before the engine
 };
 
 } // namespace Orvane

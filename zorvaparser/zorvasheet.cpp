@@ -1,5 +1,6 @@
 #include "zorvasheet.h"
 
+#include "textsize_p.h"
 #include "widgets/zorvasheetui.h"
 #include "xmlwalk_p.h"
 #include "zorvaelement_p.h"
@@ -211,6 +212,11 @@ ZorvaSheet::WidgetPointer ZorvaSheet::InsertWidget(QString widgetName, QString l
 void ZorvaSheet::InstallWidget(const WidgetPointer& widget, int index)
 {
     widgets.insert(index < 0 ? widgets.count() : qMin(index, widgets.count()), widget);
+    RowsChanged();
+}
+
+void ZorvaSheet::RowsChanged()
+{
     listIndexValid = false;
     TagsChanged();
 }
@@ -314,13 +320,17 @@ void ZorvaSheet::SetFontSize(int size)
         return;
     const BulkChange bulk(Content());
     QWidget* const target = top->parentWidget() ? top->parentWidget() : top;
+    // A style sheet that a hidden window hears of later would bring its own size along.
+    target->ensurePolished();
     if (target->styleSheet().isEmpty()) {
         QFont font = target->font();
-        font.setPointSize(size);
+        setTextSize(font, size);
         target->setFont(font);
-    } else {
-        target->setStyleSheet(QStringLiteral("font-size: %1pt;").arg(size));
+        // Below a style sheet Qt does not hand fonts on to children.
+        if (shownTextSize(*top) == size)
+            return;
     }
+    target->setStyleSheet(QStringLiteral("font-size: %1pt;").arg(size));
 }
 
 void ZorvaSheet::SetEnableInput(bool enable, bool restricted)

@@ -107,6 +107,8 @@ public:
 
     /** A delegate's tag changed: the index from tags to widgets is made anew when next asked. */
     void TagsChanged();
+    /** Rows were added or have other names: both indexes are made anew when next asked. */
+    void RowsChanged();
     /** The widget that the rows lie in; null before the controls are made and after they are gone. */
     QWidget* Content() const;
     /** For the formular's connections. */

@@ -91,12 +91,15 @@ void ZorvaWidget::ReadXml(QXmlStreamReader& reader)
 void ZorvaWidget::SetExtWidget(QString newName, QString labelText, QWidget* extWidget)
 {
     name = newName;
-    SetClass(extWidget ? QString::fromLatin1(extWidget->metaObject()->className()) : QString());
+    className = extWidget ? QString::fromLatin1(extWidget->metaObject()->className()) : QString();
+    headline = false; // whatever the host calls its classes
     delete delegate;
     delegate = createExternalDelegate(this, extWidget);
     delegate->setProperty("labelText", labelText);
     delegate->setProperty("visible", true);
     delegate->setProperty("enabled", true);
+    if (sheet)
+        sheet->RowsChanged();
 }
 
 bool ZorvaWidget::isModified()

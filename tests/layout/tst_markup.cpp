@@ -1,10 +1,11 @@
 #include <layout/markup.h>
 
-#include <QFile>
+#include <QImage>
 #include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextDocument>
+#include <QUrl>
 
 /// A document that counts what it is asked to load.
 class CountingDocument : public QTextDocument
@@ -193,6 +194,10 @@ void tst_Markup::plainIsPlain()
     plain.setTextFormat(Qt::PlainText);
     plain.setText(text);
     QCOMPARE(label.sizeHint(), plain.sizeHint());
+    QTextDocument document;
+    document.setHtml(Markup::plainToolTip(text));
+    QCOMPARE(document.toPlainText(), text);
+    QCOMPARE(Markup::plainToolTip(QStringLiteral("A & B")), QStringLiteral("A & B"));
 }
 
 void tst_Markup::changesBetweenTheTwo()

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
 
 using namespace Orvane;
 
@@ -32,6 +33,10 @@ private Q_SLOTS:
     void damagedTextIsSurvived();
     void everyPropertyTakesAnything_data() { kinds(); }
     void everyPropertyTakesAnything();
+    void noTextLoadsAnything_data() { kinds(); }
+    void noTextLoadsAnything();
+    void namesAreWhole_data();
+    void namesAreWhole();
 
 private:
     static void kinds();
@@ -203,6 +208,120 @@ void TestControlKinds::everyPropertyTakesAnything()
             row->setProperty(name.constData(), value);
             form->writtenBy("row");
         }
+    }
+}
+
+namespace {
+
+/// What stands on the screen of a form without being a field's own content, with the control it is of.
+QStringList richTexts(const QWidget* window)
+{
+    QStringList texts;
+    for (const QWidget* const widget : window->findChildren<QWidget*>()) {
+        texts << widget->toolTip();
+        const auto* const label = qobject_cast<const QLabel*>(widget);
+        if (label && label->textFormat() != Qt::PlainText)
+            texts << label->text();
+    }
+    return texts;
+}
+
+} // namespace
+
+void TestControlKinds::noTextLoadsAnything()
+{
+    QFETCH(QString, kind);
+    const QString hostile = QStringLiteral("<b>x</b><img src=\"/none\"><p background=\"/none\">y");
+    const QString far = QStringLiteral("<table><tr><td>").repeated(24);
+    for (const QString& text : {hostile, far}) {
+        FormFixture form(rowXml(qPrintable(kind), "row",
+                                {{"labelText", text},
+                                 {"text", text},
+                                 {"toolTip", text},
+                                 {"itemCount", 1},
+                                 {"maximum", 9},
+                                 {"enumName", "Modes"},
+                                 {"headerLabel", text}}),
+                         enumXml("Modes", {{"A", "A", "a"}}));
+        const auto isHarmless = [&] {
+            for (const QString& shown : richTexts(form.window())) {
+                if (shown.contains(QLatin1String("<img")) || shown.contains(QLatin1String("background")) ||
+                    shown.contains(QLatin1String("<table")))
+                    return false;
+            }
+            return true;
+        };
+        QVERIFY(isHarmless());
+        for (const char* name : {"labelText", "toolTip", "text"})
+            form.row("row")->setProperty(name, text + QStringLiteral("z"));
+        QVERIFY(isHarmless());
+    }
+}
+
+void TestControlKinds::namesAreWhole_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("suffix");
+    QTest::newRow("LineEdit") << "LineEdit"
+                              << "";
+    QTest::newRow("ComboBox") << "ComboBox"
+                              << "";
+    QTest::newRow("CheckBox") << "CheckBox"
+                              << "";
+    QTest::newRow("SpinBox") << "SpinBox"
+                             << "";
+    QTest::newRow("DoubleSpinBox") << "DoubleSpinBox"
+                                   << "";
+    QTest::newRow("BandwidthEdit") << "BandwidthEdit"
+                                   << "";
+    QTest::newRow("SpinBoxList") << "SpinBoxList"
+                                 << "_0";
+    QTest::newRow("DoubleSpinBoxList") << "DoubleSpinBoxList"
+                                       << "_0";
+    QTest::newRow("list's container") << "SpinBoxList"
+                                      << "";
+    QTest::newRow("PushButton") << "PushButton"
+                                << "";
+    QTest::newRow("Label") << "Label"
+                           << "";
+    QTest::newRow("Headline") << "Headline"
+                              << "";
+    QTest::newRow("Separator") << "Separator"
+                               << "";
+    QTest::newRow("FixedSpacer") << "FixedSpacer"
+                                 << "";
+    QTest::newRow("FrequencyEdit") << "FrequencyEdit"
+                                   << "";
+    QTest::newRow("FrequencyRangeEdit, start") << "FrequencyRangeEdit"
+                                               << "_StartFrequency";
+    QTest::newRow("FrequencyRangeEdit, stop") << "FrequencyRangeEdit"
+                                              << "_StopFrequency";
+    QTest::newRow("TableWidget") << "TableWidget"
+                                 << "";
+    QTest::newRow("ChannelSpacingTable") << "ChannelSpacingTable"
+                                         << "";
+    QTest::newRow("ScriptControl") << "ScriptControl"
+                                   << "";
+    QTest::newRow("ScriptControl, light") << "ScriptControl"
+                                          << "StatusLabel";
+    QTest::newRow("ScriptControl, button") << "ScriptControl"
+                                           << "_LoadButton";
+}
+
+void TestControlKinds::namesAreWhole()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, suffix);
+    for (const char* name : {"Gr\u00f6\u00dfe", "\u041a\u043b\u044e\u0447", "\u5468\u6ce2\u6570"}) {
+        const QString whole = QString::fromUtf8(name);
+        FormFixture form(
+            rowXml(qPrintable(kind), name,
+                   {{"labelText", "Caption"}, {"text", "x"}, {"itemCount", 1}, {"enumName", "Modes"}}),
+            enumXml("Modes", {{"A", "A", "a"}}));
+        QVERIFY(form.window()->findChild<QWidget*>(whole + suffix));
+        const bool hasCaption = kind != QLatin1String("Headline") && kind != QLatin1String("Separator") &&
+                                kind != QLatin1String("FixedSpacer");
+        QCOMPARE(form.window()->findChild<QLabel*>(QStringLiteral("label") + whole) != nullptr, hasCaption);
     }
 }
 

@@ -41,6 +41,8 @@ class TestZorvaComboBox : public FormTest
 private Q_SLOTS:
     void startsFromTheDescription_data();
     void startsFromTheDescription();
+    void startsFromAnyNumber_data();
+    void startsFromAnyNumber();
     void userChoosesAnEntry();
     void scriptSetsValueSilently();
     void writesValueText();
@@ -92,6 +94,30 @@ void TestZorvaComboBox::startsFromTheDescription()
     QCOMPARE(form.control<QLabel>("labelmode")->text(), QStringLiteral("Mode"));
     QCOMPARE(form.row("mode")->GetVTValue(), form.value<values::ValueBase>("mode_Modes"));
     QVERIFY(!form.row("mode")->isModified());
+}
+
+void TestZorvaComboBox::startsFromAnyNumber_data()
+{
+    QTest::addColumn<QVariant>("start");
+    QTest::newRow("text") << QVariant(QStringLiteral("26500000000"));
+    QTest::newRow("double") << QVariant(26500000000.0);
+    QTest::newRow("64 bits") << QVariant(26500000000LL);
+}
+
+void TestZorvaComboBox::startsFromAnyNumber()
+{
+    QFETCH(QVariant, start);
+    const QString bands = enumXml("Bands", {{"low", "LOW", "8000"}, {"high", "HIGH", "26500000000"}});
+    FormFixture form(rowXml("ComboBox", "band", {{"enumName", "Bands"}}), bands, QString(),
+                     FormFixture::Parsed);
+    form.row("band")->setProperty("currentValue", start);
+    form.createValues();
+    QCOMPARE(form.value<values::ValueSelection>("band_Bands")->GetStringValue(), QStringLiteral("high"));
+    QCOMPARE(form.writtenBy("band"), QStringLiteral("<band>26500000000</band>"));
+    form.row("band")->setProperty("currentValue", 8000.0);
+    QCOMPARE(form.value<values::ValueSelection>("band_Bands")->GetStringValue(), QStringLiteral("low"));
+    form.row("band")->setProperty("currentValue", start);
+    QCOMPARE(form.value<values::ValueSelection>("band_Bands")->GetStringValue(), QStringLiteral("high"));
 }
 
 void TestZorvaComboBox::userChoosesAnEntry()

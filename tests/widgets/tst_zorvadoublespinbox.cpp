@@ -49,6 +49,10 @@ void TestZorvaDoubleSpinBox::writesByDecimals_data()
     QTest::newRow("one decimal, rounded away") << "0.04" << 1 << "0";
     QTest::newRow("one decimal, text judged after rounding") << "100.05" << 1 << "100";
     QTest::newRow("one decimal, rounded up") << "100.06" << 1 << "100.1";
+    QTest::newRow("minus zero") << "-0" << 0 << "0";
+    QTest::newRow("minus zero with decimals") << "-0.0" << 2 << "0.00";
+    QTest::newRow("rounded to zero") << "-0.001" << 1 << "0";
+    QTest::newRow("negative") << "-0.05" << 2 << "-0.05";
     QTest::newRow("no decimals") << "12.7" << 0 << "13";
     QTest::newRow("two decimals keep a zero") << "2.5" << 2 << "2.50";
     QTest::newRow("two decimals keep both zeros") << "12" << 2 << "12.00";

@@ -3,7 +3,9 @@
 #include <basicvaluewidgets/vccheckbox.h>
 #include <zorvaparser/widgets/zorvaheadline.h>
 
+#include <QCoreApplication>
 #include <QGroupBox>
+#include <QTranslator>
 
 using namespace Orvane;
 
@@ -36,6 +38,7 @@ private Q_SLOTS:
     void collapsedBeforeTheControlExists();
     void keepsItsMargin();
     void writesNothing();
+    void emptyTranslationHasAHead();
 };
 
 void TestZorvaHeadline::emptyTextMakesNoHeadline()
@@ -127,6 +130,28 @@ void TestZorvaHeadline::writesNothing()
     FormFixture form(gainGroup());
     QCOMPARE(form.writtenBy("head"), QString());
     QVERIFY(!form.value<values::ValueBase>("head"));
+}
+
+void TestZorvaHeadline::emptyTranslationHasAHead()
+{
+    class Silent : public QTranslator
+    {
+    public:
+        QString translate(const char*, const char* text, const char*, int) const override
+        {
+            return qstrcmp(text, "Gain") == 0 ? QStringLiteral("") : QString();
+        }
+        bool isEmpty() const override { return false; }
+    } translator;
+    QCoreApplication::installTranslator(&translator);
+    FormFixture form(rowXml("Headline", "head", {{"text", "Gain"}}) + rowXml("LineEdit", "a"));
+    QCoreApplication::removeTranslator(&translator);
+    const auto* const box = form.control<QGroupBox>("head");
+    QVERIFY(box);
+    QVERIFY(box->isCheckable());
+    QCOMPARE(box->title(), QString());
+    FormFixture none(rowXml("Headline", "head", {{"text", ""}}));
+    QVERIFY(!none.control<QGroupBox>("head"));
 }
 
 QTEST_MAIN(TestZorvaHeadline)

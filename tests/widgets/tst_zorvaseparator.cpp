@@ -2,6 +2,7 @@
 
 #include <zorvaparser/widgets/zorvaseparator.h>
 
+#include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
 
@@ -29,6 +30,8 @@ private Q_SLOTS:
     void spacerWithoutHeightTakesNoSpace();
     void laterChangesDoNotShow();
     void visibilityReachesIt();
+    void absurdSizesAreSilent_data();
+    void absurdSizesAreSilent();
 };
 
 void TestZorvaSeparator::lineHasTheHeightOfItsMargin_data()
@@ -114,6 +117,33 @@ void TestZorvaSeparator::visibilityReachesIt()
     QVERIFY(form.control<QWidget>("line")->isVisible());
     form.row("line")->setVisible(false);
     QVERIFY(!form.control<QWidget>("line")->isVisible());
+}
+
+void TestZorvaSeparator::absurdSizesAreSilent_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<int>("size");
+    for (const char* kind : {"Separator", "FixedSpacer"}) {
+        for (const int size : {-2147483647, -5, -1, 16777214, 16777215, 16777216, 33554432, 2147483647})
+            QTest::addRow("%s %d", kind, size) << QString::fromLatin1(kind) << size;
+    }
+}
+
+// The message guard hears every complaint of Qt.
+void TestZorvaSeparator::absurdSizesAreSilent()
+{
+    QFETCH(QString, kind);
+    QFETCH(int, size);
+    FormFixture form(
+        textRow("upper") + rowXml(qPrintable(kind), "one", {{"height", size}, {"margin", size}}) +
+        textRow("lower") + rowXml(qPrintable(kind), "two", {{"height", size}, {"margin", size}}));
+    form.show();
+    QApplication::processEvents();
+    const int height = form.control<QWidget>("one")->maximumHeight();
+    QVERIFY(height >= 0 && height <= QWIDGETSIZE_MAX);
+    if (kind == QLatin1String("FixedSpacer"))
+        QCOMPARE(height, qBound(0, size, QWIDGETSIZE_MAX));
+    QCOMPARE(form.row("one")->property("height").toInt(), size);
 }
 
 QTEST_MAIN(TestZorvaSeparator)

@@ -681,6 +681,17 @@ private Q_SLOTS:
         QCOMPARE(form.window()->styleSheet(), QStringLiteral("font-size: 15pt;"));
     }
 
+    void hostsInactivityOutlivesNewValues()
+    {
+        FormFixture form(edit("a"));
+        form.sheet().setActive(false);
+        form.createValues();
+        QVERIFY(!form.sheet().isActive());
+        form.sheet().setActive(true);
+        form.createValues();
+        QVERIFY(form.sheet().isActive());
+    }
+
     void inactiveSheetTakesNoMark()
     {
         FormFixture form(edit("a"));

@@ -1,6 +1,7 @@
 #include "elidingwidgets_p.h"
 
 #include <basicvaluewidgets/fieldsize.h>
+#include <layout/markup.h>
 
 #include <QHelpEvent>
 #include <QStyle>
@@ -48,7 +49,7 @@ bool ElidingLabel::event(QEvent* event)
 {
     if (event->type() != QEvent::ToolTip || !toolTip().isEmpty() || !isElided())
         return QLabel::event(event);
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().toHtmlEscaped(), this);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), Markup::plainToolTip(text()), this);
     return true;
 }
 

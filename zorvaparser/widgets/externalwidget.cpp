@@ -32,8 +32,10 @@ void ExternalWidget::setFocus()
 void ExternalWidget::PropertyChanged(const QString& name, const QVariant& value)
 {
     ZorvaDelegate::PropertyChanged(name, value);
-    // A widget that waits for its row is a window still; the row will show it.
-    if (name == QLatin1String("visible") && externalWidget && externalWidget->isWindow())
+    // A widget that waits for its row is a window still; the row will show it. A window
+    // that the host shows already is hidden at once.
+    const bool isShowing = name == QLatin1String("visible") && value.toBool();
+    if (isShowing && externalWidget && externalWidget->isWindow())
         return;
     PropagateProperty(name, externalWidget);
 }

@@ -11,10 +11,10 @@
 namespace Orvane {
 
 VCNumericFloatSpin* CreateSpinControl(const ZorvaDelegate& row, values::IValueNumeric* value, QWidget* parent,
-                                      const char* name)
+                                      const QString& name)
 {
     auto* const control = new VCNumericFloatSpin(parent, nullptr, true);
-    control->setObjectName(QString::fromLatin1(name));
+    control->setObjectName(name);
     control->setSuffix(row.GetString("suffix", QString()));
     control->setAdditionalPrecision(DecimalsOf(row));
     ConfigureSpinDisplay(row, control);

@@ -19,7 +19,7 @@ class ZorvaDelegate;
  * which may be null. Owned by @p parent.
  */
 VCNumericFloatSpin* CreateSpinControl(const ZorvaDelegate& row, values::IValueNumeric* value, QWidget* parent,
-                                      const char* name);
+                                      const QString& name);
 
 /** Carries offset, factor and unit scale of @p row to @p control, which may be null. */
 void ConfigureSpinDisplay(const ZorvaDelegate& row, VCNumericFloatSpin* control);

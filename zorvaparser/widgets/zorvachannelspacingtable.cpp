@@ -5,6 +5,7 @@
 
 #include <layout/floatgrouplayout.h>
 #include <zorvaparser/bounds_p.h>
+#include <zorvaparser/numbertext_p.h>
 
 #include <QAction>
 #include <QDoubleSpinBox>
@@ -62,7 +63,7 @@ void ZorvaChannelSpacingTable::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
     tableWidget = new TableField(0, 1, layout->parentWidget());
-    tableWidget->setObjectName(QString::fromLatin1(ControlName()));
+    tableWidget->setObjectName(ControlName());
     tableWidget->setSortingEnabled(false);
     ShowHeaderLabel();
     tableWidget->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -98,8 +99,7 @@ void ZorvaChannelSpacingTable::GetXml(QXmlStreamWriter& writer) const
     writer.writeStartElement(GetXmlTagName());
     ListItemWriter items(writer, *this, ListItemWriter::WithUnit);
     for (int i = 0; i < spacings.count(); ++i) {
-        items.write({{QLatin1String("index"), QString::number(i)}},
-                    QString::number(spacings.at(i), 'f', decimals));
+        items.write({{QLatin1String("index"), QString::number(i)}}, fixedText(spacings.at(i), decimals));
     }
     writer.writeEndElement();
 }

@@ -107,7 +107,7 @@ void ZorvaComboBox::PropertyChanged(const QString& name, const QVariant& value)
     ZorvaDelegate::PropertyChanged(name, value);
     if (name == QLatin1String("currentValue") && selectionValue) {
         bool found = false;
-        const ZorvaEnumValue& entry = enumeration->FindValue(value.toString(), &found);
+        const ZorvaEnumValue& entry = enumeration->FindValue(VariantText(value), &found);
         if (found)
             selectionValue->Select(entry.GetDisplayName(), this);
         else if (SelectNumber(value))

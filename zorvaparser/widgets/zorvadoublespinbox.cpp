@@ -4,6 +4,7 @@
 
 #include <basicvaluewidgets/vcnumericfloatspin.h>
 #include <layout/floatgrouplayout.h>
+#include <zorvaparser/numbertext_p.h>
 
 #include <QXmlStreamReader>
 
@@ -35,7 +36,7 @@ void ZorvaDoubleSpinBox::CreateValueTree()
 void ZorvaDoubleSpinBox::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    spinControl = CreateSpinControl(*this, numericValue, layout->parentWidget(), ControlName().constData());
+    spinControl = CreateSpinControl(*this, numericValue, layout->parentWidget(), ControlName());
     PropagateProperties(spinControl);
     SetDoubleTooltip(spinControl);
     PlaceControl(layout, spinControl);
@@ -47,10 +48,10 @@ void ZorvaDoubleSpinBox::GetXml(QXmlStreamWriter& writer) const
         return;
     const int decimals = DecimalsOf(*this);
     const double number = property("value").toDouble();
-    QString text = QString::number(number, 'f', decimals);
+    QString text = fixedText(number, decimals);
     // With one decimal, and only then, a whole number goes without its point.
     if (decimals == 1 && text.contains(QLatin1String(".0")))
-        text = QString::number(number, 'f', 0);
+        text = fixedText(number, 0);
     WriteTextElement(writer, text, true);
 }
 

@@ -5,6 +5,7 @@
 #include "valuelist_p.h"
 
 #include <layout/floatgrouplayout.h>
+#include <zorvaparser/numbertext_p.h>
 #include <zorvaparser/zorvawidget.h>
 
 #include <QXmlStreamWriter>
@@ -52,9 +53,8 @@ void ZorvaDoubleSpinBoxList::CreateGUI(FloatGroupLayout* layout)
     enabledStates.clear();
     container = CreateSpinContainer(widget->GetName());
     for (int i = 0; i < values.count(); ++i) {
-        const QByteArray name = QStringLiteral("%1_%2").arg(widget->GetName()).arg(i).toLatin1();
-        auto* const control =
-            CreateSpinControl(*this, values.at(i), layout->parentWidget(), name.constData());
+        const QString name = ControlName() + QLatin1Char('_') + QString::number(i);
+        auto* const control = CreateSpinControl(*this, values.at(i), layout->parentWidget(), name);
         PropagateProperties(control);
         SetDoubleTooltip(control);
         container->layout()->addWidget(control);
@@ -83,7 +83,7 @@ void ZorvaDoubleSpinBoxList::GetXml(QXmlStreamWriter& writer) const
     ListItemWriter itemWriter(writer, *this, ListItemWriter::WithUnit);
     const int decimals = DecimalsOf(*this);
     for (int i = 0; i < values.count(); ++i) {
-        const QString text = QString::number(values.at(i)->GetValue(), 'f', decimals);
+        const QString text = fixedText(values.at(i)->GetValue(), decimals);
         itemWriter.write({{QLatin1String("index"), QString::number(i)}}, text);
     }
     writer.writeEndElement();

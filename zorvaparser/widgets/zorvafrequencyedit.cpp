@@ -1,6 +1,7 @@
 #include "zorvafrequencyedit.h"
 
 #include <layout/floatgrouplayout.h>
+#include <layout/markup.h>
 #include <zorvaparser/numericcast_p.h>
 #include <zorvaparser/zorvasheet.h>
 
@@ -87,16 +88,25 @@ void ZorvaFrequencyEdit::CreateFrequencyControl(QWidget* parent)
         tuneButton->hide();
     PropagateProperties(frequencyControl);
 
+    ApplyInput();
+}
+
+// Both gates count, also when one of them opens later.
+void ZorvaFrequencyEdit::ApplyInput()
+{
+    if (!frequencyControl)
+        return;
     const bool input = GetBool("enabled", false) && !GetBool("readOnly", false);
     frequencyControl->EnableInput(input);
-    if (input)
-        return;
-    frequencyControl->DisableButtons();
+    if (!input)
+        frequencyControl->DisableButtons();
     for (VCMiniFrequency* const button :
          {frequencyControl->GetFrequencyButtonCtrl(), frequencyControl->GetHistoryButtonCtrl()}) {
         if (button)
-            button->enable(false);
+            button->enable(input);
     }
+    if (VCButton* const tuneButton = frequencyControl->GetTuneButton())
+        tuneButton->setEnabled(input);
 }
 
 void ZorvaFrequencyEdit::CreateLockButton(QWidget* parent)
@@ -113,10 +123,10 @@ void ZorvaFrequencyEdit::CreateLockButton(QWidget* parent)
 
 void ZorvaFrequencyEdit::CreatePlainForm(FloatGroupLayout* layout)
 {
-    frequencyLineEdit =
-        new VCLineEdit(layout->parentWidget(), ControlName().constData(), VCLineEdit::ekFrequencyText);
+    frequencyLineEdit = new VCLineEdit(layout->parentWidget(), nullptr, VCLineEdit::ekFrequencyText);
+    frequencyLineEdit->setObjectName(ControlName());
     BindControls();
-    frequencyLineEdit->setToolTip(GetTranslated("labelText"));
+    frequencyLineEdit->setToolTip(Markup::toolTip(GetTranslated("labelText")));
     PropagateProperties(frequencyLineEdit);
     PlaceControl(layout, frequencyLineEdit);
     connect(frequencyLineEdit.data(), &QLineEdit::textEdited, this, &ZorvaFrequencyEdit::SlotTextEdited);
@@ -259,6 +269,8 @@ void ZorvaFrequencyEdit::PropertyChanged(const QString& name, const QVariant& va
     }
     PropagateProperty(name, frequencyControl);
     PropagateProperty(name, frequencyLineEdit);
+    if (name == QLatin1String("enabled") || name == QLatin1String("readOnly"))
+        ApplyInput();
     if (lockButtonShown && name == QLatin1String("visible"))
         PropagateProperty(name, lockButton);
 }

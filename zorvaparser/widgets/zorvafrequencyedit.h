@@ -76,6 +76,7 @@ private:
     void CreatePlainForm(FloatGroupLayout* layout);
     void CreateFrequencyControl(QWidget* parent);
     void CreateLockButton(QWidget* parent);
+    void ApplyInput();
     void ShowLock(bool locked);
 
     values::NumericDouble* frequencyValue;  // owned; null once the tree deleted it

@@ -103,9 +103,8 @@ void ZorvaFrequencyRangeEdit::CreateGUI(FloatGroupLayout* layout)
 VCLineEdit* ZorvaFrequencyRangeEdit::CreateEdit(FloatGroupLayout* layout, const char* suffix,
                                                 values::NumericDouble* value, const QString& toolTip)
 {
-    const QByteArray editName = ControlName() + suffix;
-    auto* const edit =
-        new VCLineEdit(layout->parentWidget(), editName.constData(), VCLineEdit::ekFrequencyText);
+    auto* const edit = new VCLineEdit(layout->parentWidget(), nullptr, VCLineEdit::ekFrequencyText);
+    edit->setObjectName(ControlName() + QLatin1String(suffix));
     edit->SetValueBase(value);
     edit->setToolTip(toolTip);
     PropagateProperties(edit);
@@ -123,17 +122,15 @@ void ZorvaFrequencyRangeEdit::GetXml(QXmlStreamWriter& writer) const
 {
     if (!generateParameterXml)
         return;
-    writer.writeTextElement(property("startFrequencyParameterXmlTag").toString(),
-                            PropertyText("startFrequency"));
-    writer.writeTextElement(property("stopFrequencyParameterXmlTag").toString(),
-                            PropertyText("stopFrequency"));
+    writer.writeTextElement(PropertyText("startFrequencyParameterXmlTag"), PropertyText("startFrequency"));
+    writer.writeTextElement(PropertyText("stopFrequencyParameterXmlTag"), PropertyText("stopFrequency"));
 }
 
 void ZorvaFrequencyRangeEdit::ReadXml(QXmlStreamReader& reader)
 {
-    if (reader.name() == property("startFrequencyParameterXmlTag").toString())
+    if (reader.name() == PropertyText("startFrequencyParameterXmlTag"))
         setProperty("startFrequency", reader.readElementText());
-    else if (reader.name() == property("stopFrequencyParameterXmlTag").toString())
+    else if (reader.name() == PropertyText("stopFrequencyParameterXmlTag"))
         setProperty("stopFrequency", reader.readElementText());
 }
 
@@ -297,7 +294,7 @@ void ZorvaFrequencyRangeEdit::PropertyChanged(const QString& name, const QVarian
         LimitChanged(name, value.toDouble());
     } else if (name == QLatin1String("startFrequencyParameterXmlTag") ||
                name == QLatin1String("stopFrequencyParameterXmlTag")) {
-        AddXmlTag(value.toString());
+        AddXmlTag(VariantText(value));
     }
     PropagateProperty(name, startFrequencyEdit);
     PropagateProperty(name, stopFrequencyEdit);

@@ -1,6 +1,7 @@
 #include "zorvaheadline.h"
 
 #include <layout/floatgrouplayout.h>
+#include <layout/markup.h>
 #include <zorvaparser/zorvaformular.h>
 #include <zorvaparser/zorvasheet.h>
 
@@ -16,10 +17,11 @@ ZorvaHeadline::~ZorvaHeadline() = default;
 
 void ZorvaHeadline::CreateGUI(FloatGroupLayout* layout)
 {
-    const QString title = GetTranslated("text");
-    if (title.isEmpty())
+    // A text whose translation is empty has a head all the same.
+    if (PropertyText("text").isEmpty())
         return;
-    groupBox = layout->addHeadline(title, GetInt("margin", 0), ControlName().constData());
+    groupBox = layout->addHeadline(GetTranslated("text"), GetInt("margin", 0), nullptr);
+    groupBox->setObjectName(ControlName());
     groupBox->setAlignment(Qt::AlignLeft);
     groupBox->setCheckable(true);
     groupBox->setChecked(groupVisible);
@@ -83,7 +85,7 @@ void ZorvaHeadline::UpdateToolTip()
     if (!groupBox)
         return;
     const QString pattern = Translate(groupVisible ? QStringLiteral("Hide %1") : QStringLiteral("Show %1"));
-    groupBox->setToolTip(pattern.arg(PropertyText("text")));
+    groupBox->setToolTip(Markup::toolTip(pattern.arg(PropertyText("text"))));
 }
 
 } // namespace Orvane

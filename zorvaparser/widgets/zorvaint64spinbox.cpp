@@ -51,7 +51,7 @@ void ZorvaInt64SpinBox::CreateValueTree()
 void ZorvaInt64SpinBox::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    spinControl = CreateSpinControl(*this, numericValue, layout->parentWidget(), ControlName().constData());
+    spinControl = CreateSpinControl(*this, numericValue, layout->parentWidget(), ControlName());
     PropagateProperties(spinControl);
     SetInt64Tooltip(spinControl);
     PlaceControl(layout, spinControl);

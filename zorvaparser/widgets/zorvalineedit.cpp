@@ -2,6 +2,7 @@
 
 #include <basicvaluewidgets/vclineedit.h>
 #include <layout/floatgrouplayout.h>
+#include <layout/markup.h>
 #include <zorvaparser/zorvasheet.h>
 
 #include <QXmlStreamReader>
@@ -32,12 +33,12 @@ void ZorvaLineEdit::CreateValueTree()
 void ZorvaLineEdit::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    lineEdit = new VCLineEdit(layout->parentWidget(), ControlName().constData(),
-                              static_cast<VCLineEdit::LineEditType>(0));
+    lineEdit = new VCLineEdit(layout->parentWidget(), nullptr, static_cast<VCLineEdit::LineEditType>(0));
+    lineEdit->setObjectName(ControlName());
     lineEdit->SetValueBase(textValue);
     PropagateProperties(lineEdit);
     // The caption wins over a tool tip of the description here.
-    lineEdit->setToolTip(GetTranslated("labelText"));
+    lineEdit->setToolTip(Markup::toolTip(GetTranslated("labelText")));
     PlaceControl(layout, lineEdit);
     connect(lineEdit, &VCLineEdit::signalTextFinallyChanged, this, &ZorvaLineEdit::SlotTextFinallyChanged);
     connect(lineEdit, &QLineEdit::textEdited, this, &ZorvaLineEdit::SlotTextEdited);

@@ -1,6 +1,7 @@
 #include "zorvascriptcontrol.h"
 
 #include <layout/floatgrouplayout.h>
+#include <layout/markup.h>
 
 #include <QIcon>
 
@@ -24,8 +25,6 @@ void showIfThere(QWidget* button, bool visible)
 
 ZorvaScriptControl::ZorvaScriptControl(ZorvaWidget* ownerWidget)
     : ZorvaDelegate(ownerWidget)
-    , loadedPixmap(QStringLiteral(":/ZorvaParser/Loaded_ON.png"))
-    , notLoadedPixmap(QStringLiteral(":/ZorvaParser/Loaded_OFF.png"))
     , scriptLoaded(false)
 {
     DefineProperty(QStringLiteral("enabledClear"));
@@ -42,7 +41,7 @@ void ZorvaScriptControl::CreateGUI(FloatGroupLayout* layout)
     ZorvaDelegate::CreateGUI(layout);
     const QString text = GetTranslated("labelText");
     controlWidget = new QWidget(layout->parentWidget());
-    controlWidget->setObjectName(QString::fromLatin1(ControlName()));
+    controlWidget->setObjectName(ControlName());
     CreateStatusLabel();
     loadButton = CreateButton("_LoadButton", ":/ZorvaParser/Open.svg", QLatin1String("Load") + text);
     loadButton->setMinimumWidth(80);
@@ -69,8 +68,11 @@ void ZorvaScriptControl::CreateGUI(FloatGroupLayout* layout)
 void ZorvaScriptControl::CreateStatusLabel()
 {
     statusLabel = new QLabel(controlWidget);
-    statusLabel->setObjectName(QString::fromLatin1(ControlName() + "StatusLabel"));
+    statusLabel->setObjectName(ControlName() + QLatin1String("StatusLabel"));
     scriptLoaded = false;
+    // Not sooner: a form may be parsed, and its values used, in a program without a screen.
+    loadedPixmap = QPixmap(QStringLiteral(":/ZorvaParser/Loaded_ON.png"));
+    notLoadedPixmap = QPixmap(QStringLiteral(":/ZorvaParser/Loaded_OFF.png"));
     ShowLight();
 }
 
@@ -78,9 +80,9 @@ QPushButton* ZorvaScriptControl::CreateButton(const char* nameSuffix, const char
                                               const QString& toolTip)
 {
     auto* const button = new QPushButton(controlWidget);
-    button->setObjectName(QString::fromLatin1(ControlName() + nameSuffix));
+    button->setObjectName(ControlName() + QLatin1String(nameSuffix));
     button->setIcon(QPixmap(QString::fromLatin1(image)));
-    button->setToolTip(toolTip);
+    button->setToolTip(Markup::toolTip(toolTip));
     return button;
 }
 

@@ -54,7 +54,7 @@ private:
     QPointer<QPushButton> loadButton;
     QPointer<QPushButton> editButton;
     QPointer<QPushButton> clearButton;
-    QPixmap loadedPixmap;
+    QPixmap loadedPixmap; // both null before the controls are made
     QPixmap notLoadedPixmap;
     bool scriptLoaded;
 };

@@ -16,11 +16,11 @@ ZorvaSeparator::~ZorvaSeparator() = default;
 
 void ZorvaSeparator::CreateGUI(FloatGroupLayout* layout)
 {
-    const QByteArray name = ControlName();
     if (isLine)
-        spacerWidget = layout->addHeadline(QString(), GetInt("margin", 0), name.constData());
+        spacerWidget = layout->addHeadline(QString(), GetInt("margin", 0), nullptr);
     else
-        spacerWidget = layout->addSeparator(GetInt("height", 0), name.constData());
+        spacerWidget = layout->addSeparator(GetInt("height", 0), nullptr);
+    spacerWidget->setObjectName(ControlName());
     PropagateProperties(spacerWidget);
 }
 

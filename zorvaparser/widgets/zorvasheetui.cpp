@@ -3,9 +3,9 @@
 #include "formwindow_p.h"
 
 #include <layout/floatscrollarea.h>
+#include <zorvaparser/textsize_p.h>
 #include <zorvaparser/zorvasheet.h>
 
-#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QMenu>
@@ -131,7 +131,7 @@ void ZorvaSheetUi::CreateTimer()
 
 void ZorvaSheetUi::WriteRootStart(QXmlStreamWriter& writer)
 {
-    const QString type = GetString("parametersXmlTypeAttribute", QString());
+    const QString type = PropertyText("parametersXmlTypeAttribute");
     writer.writeStartElement(GetString("parametersXmlRootTag", QStringLiteral("Parameters")));
     if (!type.isEmpty())
         writer.writeAttribute(QStringLiteral("type"), type);
@@ -254,8 +254,8 @@ void ZorvaSheetUi::showContextMenu(QPoint pt)
 {
     if (!sheetWidget)
         return;
-    const int normal = QApplication::font().pointSize();
-    const int current = sheetWidget->font().pointSize();
+    const int normal = normalTextSize();
+    const int current = shownTextSize(*sheetWidget);
     QMenu menu;
     QMenu* const sizes = menu.addMenu(tr("Text size"));
     const auto addSize = [&](const QString& text, int size) {

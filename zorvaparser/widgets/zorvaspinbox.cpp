@@ -36,8 +36,8 @@ void ZorvaSpinBox::CreateValueTree()
 void ZorvaSpinBox::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    const QByteArray name = numericValue ? numericValue->GetName().toLatin1() : ControlName();
-    spinControl = CreateSpinControl(*this, numericValue, layout->parentWidget(), name.constData());
+    const QString name = numericValue ? numericValue->GetName() : ControlName();
+    spinControl = CreateSpinControl(*this, numericValue, layout->parentWidget(), name);
     PropagateProperties(spinControl);
     SetIntTooltip(spinControl);
     PlaceControl(layout, spinControl);

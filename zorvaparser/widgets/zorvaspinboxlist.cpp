@@ -42,9 +42,8 @@ void ZorvaSpinBoxList::CreateGUI(FloatGroupLayout* layout)
     controls.clear();
     container = CreateSpinContainer(widget->GetName());
     for (int i = 0; i < values.count(); ++i) {
-        const QByteArray name = QStringLiteral("%1_%2").arg(widget->GetName()).arg(i).toLatin1();
-        auto* const control =
-            CreateSpinControl(*this, values.at(i), layout->parentWidget(), name.constData());
+        const QString name = ControlName() + QLatin1Char('_') + QString::number(i);
+        auto* const control = CreateSpinControl(*this, values.at(i), layout->parentWidget(), name);
         PropagateProperties(control);
         SetIntTooltip(control);
         container->layout()->addWidget(control);

@@ -39,7 +39,7 @@ void ZorvaTable::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
     tableWidget = new TableField(0, 1, layout->parentWidget());
-    tableWidget->setObjectName(QString::fromLatin1(ControlName()));
+    tableWidget->setObjectName(ControlName());
     tableWidget->setSortingEnabled(false);
     tableWidget->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     Refill();
@@ -64,7 +64,7 @@ void ZorvaTable::GetXml(QXmlStreamWriter& writer) const
     for (int i = 0; i < cells.count(); ++i) {
         items.write({{QLatin1String("row"), QString::number(i / columns)},
                      {QLatin1String("column"), QString::number(i % columns)}},
-                    cells.at(i).toString());
+                    VariantText(cells.at(i)));
     }
     writer.writeEndElement();
 }

@@ -45,6 +45,9 @@ class tst_ExternalWidget : public GuardedTest
 private Q_SLOTS:
     void isReparentedOnlyWhenLaidOut();
     void visibleReachesWidgetAndLabel();
+    void windowOfItsOwnIsHiddenAtOnce();
+    void classOfTheWidgetHeadsNoGroup();
+    void laterNamesAreFound();
     void enabledReachesWidget();
     void widgetIsAFieldLikeOthers();
     void takesTheFocus();
@@ -77,6 +80,54 @@ void tst_ExternalWidget::visibleReachesWidgetAndLabel()
     QVERIFY(!host.form.control<QLabel>("labelbar")->isVisible());
     host.delegate()->setVisible(true);
     QVERIFY(host.bar->isVisible());
+}
+
+void tst_ExternalWidget::windowOfItsOwnIsHiddenAtOnce()
+{
+    FormWithBar host;
+    host.bar->show();
+    host.delegate()->setVisible(false);
+    QVERIFY(!host.bar->isVisible());
+    // Shown is it by its row only.
+    host.delegate()->setVisible(true);
+    QVERIFY(!host.bar->isVisible());
+    host.form.createGui();
+    host.form.show();
+    QVERIFY(host.bar->isVisible());
+}
+
+class Headline : public QWidget
+{
+    Q_OBJECT
+};
+
+void tst_ExternalWidget::classOfTheWidgetHeadsNoGroup()
+{
+    FormFixture form(rowXml("Headline", "first", {{"text", "First"}}) + rowXml("LineEdit", "a"),
+                     FormFixture::WithValues);
+    const auto row = form.sheet().InsertWidget(QStringLiteral("first2"), QString(), new Headline, 1);
+    form.sheet().InsertWidget(QStringLiteral("bar"), QString(), new QProgressBar, -1);
+    QCOMPARE(row->GetClass(), QStringLiteral("Headline"));
+    QVERIFY(!row->IsHeadline());
+    form.createGui();
+    form.sheet().SetCollapsed({QStringLiteral("first")});
+    QVERIFY(!form.row("a")->isGroupVisible());
+    QVERIFY(!form.row("bar")->isGroupVisible());
+    QCOMPARE(form.sheet().GetCollapsed(), QStringList{QStringLiteral("first")});
+}
+
+void tst_ExternalWidget::laterNamesAreFound()
+{
+    FormFixture form(rowXml("LineEdit", "a") + rowXml("LineEdit", "b"), FormFixture::WithValues);
+    const auto overlay = [&](const char* name) {
+        form.formular()->SetChangedZORVA(formXml(widgetXml("LineEdit", name, {{"labelText", "overlaid"}})));
+    };
+    overlay("a"); // the index of names is made
+    QProgressBar bar;
+    form.sheet().GetWidgetAt(1)->SetExtWidget(QStringLiteral("renamed"), QString(), &bar);
+    overlay("renamed");
+    QCOMPARE(form.sheet().GetWidgetAt(1)->GetDelegate()->property("labelText").toString(),
+             QStringLiteral("overlaid"));
 }
 
 void tst_ExternalWidget::enabledReachesWidget()

@@ -65,6 +65,8 @@ private Q_SLOTS:
     void mainFormIsPutTogether();
     void mainFormWithoutInput_data();
     void mainFormWithoutInput();
+    void mainFormOpensLater_data();
+    void mainFormOpensLater();
     void fractionIsCutOnTheWayIn();
     void equalWholeNumberIsSilent();
     void readingTellsFirst_data();
@@ -164,6 +166,52 @@ void tst_ZorvaFrequencyEdit::mainFormWithoutInput()
     QTest::keyClicks(f.mainEdit(), QStringLiteral("5 MHz"));
     QTest::keyClick(f.mainEdit(), Qt::Key_Return);
     QCOMPARE(f.value()->GetValue(), before);
+}
+
+void tst_ZorvaFrequencyEdit::mainFormOpensLater_data()
+{
+    QTest::addColumn<QString>("widgets");
+    QTest::addColumn<bool>("both"); // or the second gate is all that is missing
+    QTest::newRow("enabled is absent")
+        << widgetXml("FrequencyEdit", "Frequency", {{"visible", true}}) << false;
+    QTest::newRow("switched off") << rowXml("FrequencyEdit", "Frequency", {{"enabled", false}}) << false;
+    QTest::newRow("read only") << rowXml("FrequencyEdit", "Frequency", {{"readOnly", true}}) << false;
+    QTest::newRow("read only and off")
+        << rowXml("FrequencyEdit", "Frequency", {{"readOnly", true}, {"enabled", false}}) << true;
+}
+
+void tst_ZorvaFrequencyEdit::mainFormOpensLater()
+{
+    QFETCH(QString, widgets);
+    QFETCH(bool, both);
+    FrequencyForm f(widgets, "Frequency");
+    f.form.show();
+    const auto isOpen = [&] {
+        const double before = f.value()->GetValue();
+        f.mainEdit()->selectAll();
+        QTest::keyClicks(f.mainEdit(), before == 5e6 ? QStringLiteral("6 MHz") : QStringLiteral("5 MHz"));
+        QTest::keyClick(f.mainEdit(), Qt::Key_Return);
+        const bool takesInput = f.value()->GetValue() != before;
+        const bool hasButtons = f.mainControl()->GetFrequencyButtonCtrl()->isEnabled() &&
+                                f.mainControl()->GetHistoryButtonCtrl()->isEnabled();
+        [&] { QCOMPARE(hasButtons, takesInput); }();
+        return takesInput;
+    };
+    QVERIFY(!isOpen());
+    f.row->setEnabled(true);
+    if (both)
+        QVERIFY(!isOpen());
+    f.row->setReadOnly(false);
+    QVERIFY(isOpen());
+    f.row->setReadOnly(true);
+    QVERIFY(!isOpen());
+    f.row->setReadOnly(false);
+    f.form.formular()->EnableInput(false);
+    QVERIFY(!f.mainControl()->isEnabled());
+    f.form.formular()->EnableInput(true);
+    QVERIFY(isOpen());
+    f.row->setEnabled(false);
+    QVERIFY(!f.mainControl()->isEnabled());
 }
 
 void tst_ZorvaFrequencyEdit::fractionIsCutOnTheWayIn()

@@ -605,6 +605,8 @@ void TestZorvaDelegate::getStringFallsBackForEmpty()
     QCOMPARE(row.delegate.GetString(name, QStringLiteral("d")), QStringLiteral("d"));
     row.delegate.setProperty("x", 5);
     QCOMPARE(row.delegate.GetString(name, QStringLiteral("d")), QStringLiteral("5"));
+    row.delegate.setProperty("x", 26500000000.0);
+    QCOMPARE(row.delegate.GetString(name, QStringLiteral("d")), QStringLiteral("26500000000"));
 }
 
 void TestZorvaDelegate::floatingNumbersOutOfRangeFallBack_data()
@@ -619,6 +621,13 @@ void TestZorvaDelegate::floatingNumbersOutOfRangeFallBack_data()
     QTest::newRow("beyond all") << 1e308 << 7 << qint64(7) << quint64(7);
     QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN() << 7 << qint64(7) << quint64(7);
     QTest::newRow("negative") << -2.0 << -2 << qint64(-2) << quint64(7);
+    QTest::newRow("negative half") << -2.5 << -2 << qint64(-2) << quint64(7);
+    QTest::newRow("just below a half") << 0.49999999999999994 << 0 << qint64(0) << quint64(0);
+    QTest::newRow("odd above 2^52") << 4503599627370497.0 << 7 << qint64(4503599627370497)
+                                    << quint64(4503599627370497);
+    QTest::newRow("odd below 2^53") << 9007199254740991.0 << 7 << qint64(9007199254740991)
+                                    << quint64(9007199254740991);
+    QTest::newRow("odd below -2^52") << -4503599627370497.0 << 7 << qint64(-4503599627370497) << quint64(7);
 }
 
 void TestZorvaDelegate::floatingNumbersOutOfRangeFallBack()
