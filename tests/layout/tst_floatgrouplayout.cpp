@@ -5,7 +5,6 @@
 #include "referencearrangement.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -827,27 +826,17 @@ void tst_FloatGroupLayout::randomForms()
 
 void tst_FloatGroupLayout::arrangementIsLinear()
 {
-    const auto nanosecondsPerRow = [](int rows) {
-        Form form;
-        for (int i = 0; i < rows; ++i) {
-            if (i % 20 == 0)
-                form.add(Head, 80, 18);
-            form.add(Label, 60 + i % 7, 20);
-            form.add(0, 100 + i % 11, 22);
-        }
-        qint64 best = std::numeric_limits<qint64>::max();
-        for (int i = 0; i < 7; ++i) {
-            QElapsedTimer timer;
-            timer.start();
-            form.arrange(700);
-            best = qMin(best, timer.nsecsElapsed());
-        }
-        return double(best) / rows;
-    };
-    const double few = nanosecondsPerRow(1000);
-    const double many = nanosecondsPerRow(40000);
-    qInfo("%.0f ns a row of 1000, %.0f of 40000", few, many);
-    QVERIFY(many < 8 * few);
+    // A walk through all rows for each of them would outlast any test run.
+    constexpr int rows = 400000;
+    Form form;
+    for (int i = 0; i < rows; ++i) {
+        if (i % 20 == 0)
+            form.add(Head, 80, 18);
+        form.add(Label, 60 + i % 7, 20);
+        form.add(0, 100 + i % 11, 22);
+    }
+    const QSize narrow = form.arrange(100);
+    QVERIFY(form.arrange(700).height() < narrow.height());
 }
 
 QTEST_MAIN(tst_FloatGroupLayout)

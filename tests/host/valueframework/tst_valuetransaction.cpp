@@ -22,6 +22,8 @@ private Q_SLOTS:
     void leavesItsOriginatorOut();
     void endsOnce();
     void innerOnesAreSilent();
+    void mayEndOutOfOrder();
+    void mayEndOutOfOrderAroundADyingValue();
     void movingHandsItOn();
     void moveAssignmentEndsTheOldOne();
     void valueMayDieFirst();
@@ -79,6 +81,44 @@ void TestValueTransaction::innerOnesAreSilent()
         QVERIFY(observer.codes().isEmpty());
     }
     QCOMPARE(observer.codes(), QList<TChangeCode>{7});
+}
+
+void TestValueTransaction::mayEndOutOfOrder()
+{
+    ValueInt value(QStringLiteral("v"));
+    RecordingObserver observer;
+    observer.watch(&value);
+    const auto made = [&](TChangeCode code) {
+        return std::make_unique<ValueTransaction>(&value, std::initializer_list<TChangeCode>{code}, nullptr);
+    };
+    auto first = made(3);
+    auto second = made(5);
+    auto third = made(7);
+    second.reset();
+    first.reset();
+    QVERIFY(value.IsTransactionActive());
+    value.SetValue(1, nullptr);
+    QVERIFY(observer.codes().isEmpty());
+    third.reset();
+    QVERIFY(!value.IsTransactionActive());
+    QCOMPARE(observer.codes(), QList<TChangeCode>{7});
+}
+
+// Each has to learn of the end of the value, whichever of its neighbours are gone.
+void TestValueTransaction::mayEndOutOfOrderAroundADyingValue()
+{
+    for (int gone = 0; gone < 4; ++gone) {
+        auto value = std::make_unique<ValueInt>(QStringLiteral("v"));
+        std::unique_ptr<ValueTransaction> transactions[4];
+        for (auto& transaction : transactions)
+            transaction = std::make_unique<ValueTransaction>(value.get(),
+                                                             std::initializer_list<TChangeCode>{3}, nullptr);
+        transactions[gone].reset();
+        transactions[(gone + 2) % 4].reset();
+        value.reset();
+        for (auto& transaction : transactions)
+            transaction.reset();
+    }
 }
 
 void TestValueTransaction::movingHandsItOn()
