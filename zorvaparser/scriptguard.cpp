@@ -3,14 +3,14 @@
 #include "bounds_p.h"
 
 #include <zorvaparser/zorvadelegate.h>
+#include <zorvaparser/zorvasheet.h>
+#include <zorvaparser/zorvawidget.h>
 
 #include <QMetaMethod>
 #include <QPair>
 #include <QScriptEngine>
 #include <QScriptValueIterator>
 #include <QVector>
-
-#include <utility>
 
 namespace Orvane {
 
@@ -90,28 +90,32 @@ QVector<QPair<QString, QByteArray>> openMethods(const QMetaObject* kind)
 
 } // namespace
 
-void ScriptGuard::add(const QScriptValue& wrapper, const ZorvaDelegate& row)
+void ScriptGuard::install(const ZorvaSheet& sheet, QScriptEngine& engine)
 {
-    pending.append({wrapper, row.metaObject()});
+    // A row of the host's own that moves the others along is guarded in vain, and they twice.
+    for (; guardedRows < sheet.GetWidgetCount(); ++guardedRows)
+        guard(*sheet.GetWidgetAt(guardedRows), engine);
 }
 
-void ScriptGuard::install()
+void ScriptGuard::guard(const ZorvaWidget& row, QScriptEngine& engine)
 {
     static QHash<const QMetaObject*, QVector<QPair<QString, QByteArray>>> methodsOfKind;
-    for (Row& row : std::exchange(pending, {})) {
-        auto methods = methodsOfKind.constFind(row.kind);
-        if (methods == methodsOfKind.cend())
-            methods = methodsOfKind.insert(row.kind, openMethods(row.kind));
-        for (const auto& method : methods.value())
-            row.wrapper.setProperty(method.first, checked(row.wrapper.engine(), method.second));
-    }
+    QScriptValue seen = engine.globalObject().property(row.GetName());
+    const QObject* const delegate = seen.toQObject();
+    if (!delegate || delegate != row.GetDelegate())
+        return;
+    auto methods = methodsOfKind.constFind(delegate->metaObject());
+    if (methods == methodsOfKind.cend())
+        methods = methodsOfKind.insert(delegate->metaObject(), openMethods(delegate->metaObject()));
+    for (const auto& method : methods.value())
+        seen.setProperty(method.first, checked(engine, method.second));
 }
 
-QScriptValue ScriptGuard::checked(QScriptEngine* engine, const QByteArray& signature)
+QScriptValue ScriptGuard::checked(QScriptEngine& engine, const QByteArray& signature)
 {
     QScriptValue& function = functions[signature];
     if (!function.isValid()) {
-        function = engine->newFunction(callChecked);
+        function = engine.newFunction(callChecked);
         function.setData(QScriptValue(QString::fromLatin1(signature)));
     }
     return function;

@@ -3,12 +3,12 @@
 
 #include <QByteArray>
 #include <QHash>
-#include <QList>
 #include <QScriptValue>
 
 namespace Orvane {
 
-class ZorvaDelegate;
+class ZorvaSheet;
+class ZorvaWidget;
 
 /**
  * Keeps scripts from handing rows what they cannot take. The interpreter turns an
@@ -19,21 +19,17 @@ class ZorvaDelegate;
 class ScriptGuard
 {
 public:
-    /** @p wrapper is what the script sees of @p row; wrapped by the next install(). */
-    void add(const QScriptValue& wrapper, const ZorvaDelegate& row);
-    /** To be called before code runs: many forms have none, and this costs time for each row. */
-    void install();
+    /**
+     * Guards the rows that came since the last call. To be called before code runs:
+     * many forms have none, and this costs time for each row.
+     */
+    void install(const ZorvaSheet& sheet, QScriptEngine& engine);
 
 private:
-    struct Row
-    {
-        QScriptValue wrapper;
-        const QMetaObject* kind;
-    };
+    void guard(const ZorvaWidget& row, QScriptEngine& engine);
+    QScriptValue checked(QScriptEngine& engine, const QByteArray& signature);
 
-    QScriptValue checked(QScriptEngine* engine, const QByteArray& signature);
-
-    QList<Row> pending;
+    int guardedRows = 0;
     QHash<QByteArray, QScriptValue> functions; // by signature
 };
 

@@ -447,7 +447,7 @@ void ZorvaFormular::RegisterScriptTypes()
 void ZorvaFormular::InitScript()
 {
     if (!script.GetCode().isEmpty())
-        scriptGuard->install();
+        scriptGuard->install(sheet, scriptEngine);
     scriptEngine.evaluate(script.GetCode(), QString(), 1);
     if (!scriptEngine.hasUncaughtException() || !ErrorHandler::Traces(ErrorHandler::TraceErrors))
         return;
@@ -458,7 +458,7 @@ void ZorvaFormular::InitScript()
 
 void ZorvaFormular::EvaluateScript(const QString& code)
 {
-    scriptGuard->install();
+    scriptGuard->install(sheet, scriptEngine);
     scriptEngine.evaluate(code, QString(), 1);
     if (scriptEngine.hasUncaughtException())
         TraceScriptError(scriptEngine.uncaughtException());
@@ -507,11 +507,8 @@ void ZorvaFormular::SetScriptValue(const QString& globalName, bool value)
 void ZorvaFormular::SetScriptValue(const QString& globalName, QObject* value)
 {
     // A row that a script deletes would be missed by everybody else.
-    const QScriptValue wrapper =
-        scriptEngine.newQObject(value, QScriptEngine::QtOwnership, QScriptEngine::ExcludeDeleteLater);
-    SetGlobal(globalName, wrapper);
-    if (const auto* const row = qobject_cast<const ZorvaDelegate*>(value))
-        scriptGuard->add(wrapper, *row);
+    SetGlobal(globalName,
+              scriptEngine.newQObject(value, QScriptEngine::QtOwnership, QScriptEngine::ExcludeDeleteLater));
 }
 
 QMap<QString, QScriptValue> ZorvaFormular::GetScriptValues()
