@@ -90,23 +90,28 @@ QVector<QPair<QString, QByteArray>> openMethods(const QMetaObject* kind)
 
 } // namespace
 
-void ScriptGuard::install(const ZorvaSheet& sheet, QScriptEngine& engine)
+void ScriptGuard::install(ZorvaSheet& sheet, QScriptEngine& engine)
 {
+    if (!isSheetGuarded)
+        guard(sheet.GetName(), sheet.GetDelegate(), engine);
+    isSheetGuarded = true;
     // A row of the host's own that moves the others along is guarded in vain, and they twice.
-    for (; guardedRows < sheet.GetWidgetCount(); ++guardedRows)
-        guard(*sheet.GetWidgetAt(guardedRows), engine);
+    for (; guardedRows < sheet.GetWidgetCount(); ++guardedRows) {
+        const ZorvaSheet::WidgetPointer row = sheet.GetWidgetAt(guardedRows);
+        guard(row->GetName(), row->GetDelegate(), engine);
+    }
 }
 
-void ScriptGuard::guard(const ZorvaWidget& row, QScriptEngine& engine)
+void ScriptGuard::guard(const QString& globalName, const QObject* object, QScriptEngine& engine)
 {
     static QHash<const QMetaObject*, QVector<QPair<QString, QByteArray>>> methodsOfKind;
-    QScriptValue seen = engine.globalObject().property(row.GetName());
-    const QObject* const delegate = seen.toQObject();
-    if (!delegate || delegate != row.GetDelegate())
+    QScriptValue seen = engine.globalObject().property(globalName);
+    if (!object || seen.toQObject() != object)
         return;
-    auto methods = methodsOfKind.constFind(delegate->metaObject());
+    const QMetaObject* const kind = object->metaObject();
+    auto methods = methodsOfKind.constFind(kind);
     if (methods == methodsOfKind.cend())
-        methods = methodsOfKind.insert(delegate->metaObject(), openMethods(delegate->metaObject()));
+        methods = methodsOfKind.insert(kind, openMethods(kind));
     for (const auto& method : methods.value())
         seen.setProperty(method.first, checked(engine, method.second));
 }

@@ -8,7 +8,6 @@
 namespace Orvane {
 
 class ZorvaSheet;
-class ZorvaWidget;
 
 /**
  * Keeps scripts from handing rows what they cannot take. The interpreter turns an
@@ -20,15 +19,16 @@ class ScriptGuard
 {
 public:
     /**
-     * Guards the rows that came since the last call. To be called before code runs:
+     * Guards the sheet's object and the rows that came since the last call. To be called before code runs:
      * many forms have none, and this costs time for each row.
      */
-    void install(const ZorvaSheet& sheet, QScriptEngine& engine);
+    void install(ZorvaSheet& sheet, QScriptEngine& engine);
 
 private:
-    void guard(const ZorvaWidget& row, QScriptEngine& engine);
+    void guard(const QString& globalName, const QObject* object, QScriptEngine& engine);
     QScriptValue checked(QScriptEngine& engine, const QByteArray& signature);
 
+    bool isSheetGuarded = false;
     int guardedRows = 0;
     QHash<QByteArray, QScriptValue> functions; // by signature
 };

@@ -91,6 +91,7 @@ private Q_SLOTS:
         QTest::newRow("holes") << QStringLiteral(
             "var v = []; v.length = 4000000000; a.setCustomProperty('x', v)");
         QTest::newRow("into itself") << QStringLiteral("var v = []; v[0] = v; a.setCustomProperty('x', v)");
+        QTest::newRow("sheet") << deep + QStringLiteral("sheet.setCustomProperty('x', v)");
         QTest::newRow("table") << deep + QStringLiteral("t.setItemValue(0, 0, v)");
     }
 
