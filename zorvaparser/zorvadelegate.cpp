@@ -51,7 +51,7 @@ void ZorvaDelegate::CreateGUI(FloatGroupLayout* layout)
 void ZorvaDelegate::Retranslate()
 {
     if (label)
-        label->setText(Translate(property("labelText").toString()));
+        Markup::show(label, Translate(PropertyText("labelText")));
 }
 
 void ZorvaDelegate::GetXml(QXmlStreamWriter&) const {}

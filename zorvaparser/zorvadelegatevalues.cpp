@@ -38,7 +38,7 @@ bool ZorvaDelegate::EnterTree(values::ValueBase* value)
 
 void ZorvaDelegate::TracePlaceTaken(const QString& name) const
 {
-    if (ErrorHandler::Instance().GetTraceMask() & ErrorHandler::TraceNotes)
+    if (ErrorHandler::Traces(ErrorHandler::TraceNotes))
         _Q_Trace(QStringLiteral("The place %1/%2 in the value tree is taken: %3 is left without it")
                      .arg(vtPath.left(vtPath.lastIndexOf(QLatin1Char('/'))), name, objectName()),
                  QStringLiteral("zorvadelegate"), __LINE__);

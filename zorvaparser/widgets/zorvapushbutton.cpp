@@ -54,8 +54,8 @@ void ZorvaPushButton::Retranslate()
         return;
     const QString caption = GetTranslated("text");
     // A script may have given the button another text since; the tool tip says the first one.
-    if (pushButton->toolTip() == pushButton->text())
-        pushButton->setToolTip(caption);
+    if (pushButton->toolTip() == Markup::toolTip(pushButton->text()))
+        pushButton->setToolTip(Markup::toolTip(caption));
     pushButton->setText(caption);
 }
 
