@@ -433,10 +433,12 @@ void DeviceLink::setState(LinkState state, const QString& reason)
 void DeviceLink::watchCall()
 {
     const bool slow = m_worker->callAge() > m_patience;
-    if (slow && m_state == LinkState::Up)
+    if (slow && (m_state == LinkState::Up || m_state == LinkState::Opening)) {
+        m_beforeSlow = m_state;
         setState(LinkState::Slow, tr("no answer"));
-    else if (!slow && m_state == LinkState::Slow)
-        setState(LinkState::Up, QString());
+    } else if (!slow && m_state == LinkState::Slow) {
+        setState(m_beforeSlow, QString());
+    }
 }
 
 } // namespace hostkit

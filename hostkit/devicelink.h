@@ -98,6 +98,7 @@ private:
     std::thread m_thread;
     QTimer m_watch;
     LinkState m_state = LinkState::Closed;
+    LinkState m_beforeSlow = LinkState::Up;
     QString m_reason;
     int m_patience = 1500;
 };

@@ -10,12 +10,16 @@
 
 #include <QApplication>
 #include <QTextStream>
+#include <QTimer>
 
 #include <cstdlib>
 
 namespace {
 
 using radio::CommandLine;
+
+/** Milliseconds that a call may hang before --save gives up. */
+constexpr int longestWait = 4000;
 
 enum ExitCode { Success = 0, Failure = 1, Usage = 2 };
 
@@ -71,16 +75,26 @@ int finish(radio::Window& window, int code)
 int save(const CommandLine& commandLine, radio::Window& window)
 {
     int code = Failure;
-    QObject::connect(&window.link(), &hostkit::FormLink::readAll, qApp, [&] {
+    QTimer patience;
+    patience.setSingleShot(true);
+    patience.setInterval(longestWait);
+    const auto giveUp = [&window] {
+        complain(QStringLiteral("the radio does not answer: %1").arg(window.link().link().reason()), Failure);
+        QCoreApplication::exit();
+    };
+    QObject::connect(&patience, &QTimer::timeout, giveUp);
+    QObject::connect(&window.link(), &hostkit::FormLink::readAll, &patience, [&] {
         code = writeText(commandLine.output, window.link().settings() + QLatin1Char('\n'));
         QCoreApplication::exit();
     });
-    QObject::connect(&window.link().link(), &hostkit::DeviceLink::stateChanged, qApp,
-                     [](hostkit::LinkState state, const QString& reason) {
-                         if (state != hostkit::LinkState::Down && state != hostkit::LinkState::Slow)
-                             return;
-                         complain(QStringLiteral("the radio does not answer: %1").arg(reason), Failure);
-                         QCoreApplication::exit();
+    QObject::connect(&window.link().link(), &hostkit::DeviceLink::stateChanged, &patience,
+                     [&](hostkit::LinkState state) {
+                         if (state == hostkit::LinkState::Down)
+                             giveUp();
+                         else if (state == hostkit::LinkState::Slow)
+                             patience.start();
+                         else
+                             patience.stop();
                      });
     window.start();
     QApplication::exec();

@@ -122,6 +122,18 @@ private Q_SLOTS:
         QTRY_COMPARE(m_link->state(), LinkState::Up);
     }
 
+    void slowOpeningShowsAndPasses()
+    {
+        m_device->hold();
+        start({QStringLiteral("a")});
+        QTRY_COMPARE(m_link->state(), LinkState::Slow);
+        m_link->request(QStringLiteral("a"), QStringLiteral("7"));
+        m_device->release();
+        QTRY_COMPARE(m_link->state(), LinkState::Up);
+        QTRY_COMPARE(m_givenBack.size(), 1);
+        QCOMPARE(m_device->writes(), QStringList());
+    }
+
     void lostLinkComesBackAndSendsNothingByItself()
     {
         start({QStringLiteral("a")});
