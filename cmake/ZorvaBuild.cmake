@@ -7,6 +7,10 @@ target_compile_options(zorva_build_settings INTERFACE
   -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
   # Nobody replaces single functions of these libraries at load time; their own calls may be direct.
   -fno-semantic-interposition
+  # Not where the sources lie, but what is in them makes a release.
+  "$<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>"
+  "$<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_BINARY_DIR}=build>"
+  -Wdate-time
   $<$<BOOL:${ZORVAPARSER_WERROR}>:-Werror>)
 target_compile_definitions(zorva_build_settings INTERFACE
   QT_NO_KEYWORDS
