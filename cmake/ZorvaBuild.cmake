@@ -10,7 +10,7 @@ target_compile_options(zorva_build_settings INTERFACE
   # Not where the sources lie, but what is in them makes a release.
   "$<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>"
   "$<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_BINARY_DIR}=build>"
-  -Wdate-time
+  $<$<NOT:$<CONFIG:Debug>>:-Wdate-time>
   $<$<BOOL:${ZORVAPARSER_WERROR}>:-Werror>)
 target_compile_definitions(zorva_build_settings INTERFACE
   QT_NO_KEYWORDS
