@@ -1,0 +1,59 @@
+# Compiles the code blocks in BLOCKS against the installation in PREFIX, and
+# runs the programs among them.
+file(REMOVE_RECURSE ${WORK_DIR})
+file(MAKE_DIRECTORY ${WORK_DIR})
+set(ENV{PKG_CONFIG_PATH} ${PREFIX}/${LIBDIR}/pkgconfig)
+set(options -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}
+  -DCMAKE_PREFIX_PATH=${PREFIX})
+
+# build(<source> <folder>)
+function(build source folder)
+  execute_process(
+    COMMAND ${CMAKE_COMMAND} -S ${source} -B ${folder} ${options} -DBLOCKS=${BLOCKS}
+    OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+  execute_process(
+    COMMAND ${CMAKE_COMMAND} --build ${folder}
+    OUTPUT_VARIABLE said RESULT_VARIABLE result)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${said}")
+  endif()
+endfunction()
+
+# run(<program> <form>): the driver looks at the window and closes it; the form
+# lies where the program looks for it.
+function(run program form)
+  get_filename_component(folder ${program} DIRECTORY)
+  file(COPY ${form} DESTINATION ${folder})
+  execute_process(
+    COMMAND ${CMAKE_COMMAND} -E env LD_PRELOAD=${WORK_DIR}/blocks/libdriver.so ${program}
+    WORKING_DIRECTORY ${folder} TIMEOUT 120 RESULT_VARIABLE result ERROR_VARIABLE said)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${program} ended with ${result}: ${said}")
+  endif()
+endfunction()
+
+build(${SOURCE_DIR} ${WORK_DIR}/blocks)
+
+# The host of the README, by the README's own command line and its own form.
+set(readme ${WORK_DIR}/readme)
+file(GLOB host ${BLOCKS}/programs/README-*.cpp)
+file(GLOB form ${BLOCKS}/xml/README-*.xml)
+file(GLOB lines ${BLOCKS}/sh/README-*.sh)
+configure_file(${host} ${readme}/host.cpp COPYONLY)
+configure_file(${form} ${WORK_DIR}/first.zorva COPYONLY)
+foreach(line IN LISTS lines)
+  file(READ ${line} command)
+  if(command MATCHES "pkg-config")
+    execute_process(COMMAND sh ${line} WORKING_DIRECTORY ${readme} COMMAND_ERROR_IS_FATAL ANY)
+  endif()
+endforeach()
+run(${readme}/host ${WORK_DIR}/first.zorva)
+
+# The host of the page on embedding, by that page's own project.
+set(embedding ${WORK_DIR}/embedding)
+file(GLOB host ${BLOCKS}/programs/embedding-*.cpp)
+file(GLOB project ${BLOCKS}/cmake/embedding-*.cmake)
+configure_file(${host} ${embedding}/main.cpp COPYONLY)
+configure_file(${project} ${embedding}/CMakeLists.txt COPYONLY)
+build(${embedding} ${embedding}/build)
+run(${embedding}/build/myhost ${EXAMPLES}/receiver.zorva)

@@ -1,0 +1,106 @@
+#include "formtest.h"
+
+#include <zorvaparser/zorvaparser.h>
+#include <zorvaparser/zorvawidget.h>
+
+#include <QDir>
+#include <QFile>
+#include <QScriptEngine>
+#include <QXmlStreamReader>
+#include <QtTest>
+
+// The descriptions and scripts that the pages show.
+class tst_PageBlocks : public FormTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void xml_data();
+    void xml();
+    void script_data();
+    void script();
+};
+
+namespace {
+
+void addBlocks(const char* folder, const char* pattern)
+{
+    QTest::addColumn<QString>("file");
+    const QDir blocks(QStringLiteral(ZORVA_PAGE_BLOCKS "/") + QLatin1String(folder));
+    const QStringList files = blocks.entryList({QLatin1String(pattern)}, QDir::Files, QDir::Name);
+    QVERIFY(!files.isEmpty());
+    for (const QString& file : files)
+        QTest::newRow(qPrintable(file)) << blocks.filePath(file);
+}
+
+QString contentOf(const QString& fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// What is well-formed below a root of its own, as several rows in one block are.
+QString whyNotWellFormed(const QString& text)
+{
+    QXmlStreamReader reader(text);
+    while (!reader.atEnd())
+        reader.readNext();
+    return reader.hasError() ? reader.errorString() : QString();
+}
+
+/// A whole description from a block that shows a part of one; empty if it shows something else.
+QString descriptionFrom(const QString& block)
+{
+    if (block.contains(QStringLiteral("<KVParamGui")))
+        return block;
+    if (block.startsWith(QStringLiteral("<Widget")))
+        return QStringLiteral("<KVParamGui><Sheet name=\"page\">%1</Sheet></KVParamGui>").arg(block);
+    if (block.startsWith(QStringLiteral("<Enum ")))
+        return QStringLiteral("<KVParamGui><Enums>%1</Enums></KVParamGui>").arg(block);
+    return QString();
+}
+
+} // namespace
+
+void tst_PageBlocks::xml_data()
+{
+    addBlocks("xml", "*.xml");
+}
+
+/// Each block is well-formed, and one of a description makes a form with as many rows, whose script runs.
+void tst_PageBlocks::xml()
+{
+    QFETCH(QString, file);
+    const QString block = contentOf(file);
+    const QString description = descriptionFrom(block);
+    QCOMPARE(whyNotWellFormed(description.isEmpty() ? block : description), QString());
+    if (description.isEmpty())
+        return;
+
+    Orvane::ZorvaParser parser;
+    const QExplicitlySharedDataPointer<Orvane::ZorvaFormular> form(parser.ParseZORVA(description));
+    QVERIFY(form);
+    const bool damaged =
+        description.contains(QStringLiteral("<Sheet name=\"damaged\">")); // loses its second row
+    QCOMPARE(form->GetSheet().GetWidgetCount(), damaged ? 1 : description.count(QStringLiteral("<Widget ")));
+    form->CreateValueTree(QStringLiteral("/page"));
+    form->CreateGUI(true);
+    form->Show();
+    delete form->GetGUI();
+}
+
+void tst_PageBlocks::script_data()
+{
+    addBlocks("js", "*.js");
+}
+
+void tst_PageBlocks::script()
+{
+    QFETCH(QString, file);
+    const QScriptSyntaxCheckResult result = QScriptEngine::checkSyntax(contentOf(file));
+    QCOMPARE(result.errorMessage(), QString());
+    QCOMPARE(result.state(), QScriptSyntaxCheckResult::Valid);
+}
+
+QTEST_MAIN(tst_PageBlocks)
+#include "tst_pageblocks.moc"
