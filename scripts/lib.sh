@@ -9,7 +9,9 @@ display_packages="xvfb xauth fonts-dejavu-core"
 # The radios of zorva-rig, and the daemon and client that its tests use.
 radio_packages="libhamlib-dev libhamlib-utils"
 # What it takes to make and judge Debian packages.
-package_packages="dpkg-dev fakeroot lintian"
+package_packages="dpkg-dev fakeroot lintian doxygen"
+# What it takes to compare the public classes with those of the last release.
+abi_packages="abigail-tools xz-utils"
 
 say() {
     printf '%s: %s\n' "$(basename "$0")" "$*" >&2
