@@ -110,6 +110,18 @@ function(zorva_add_host_library name)
   zorva_install_headers(${name} ${ARG_HEADERS})
 endfunction()
 
+# Where Qt keeps what belongs to a session; it wants nobody else to look into it.
+set(ZORVA_TEST_RUNTIME_DIR ${PROJECT_BINARY_DIR}/runtime)
+if(ZORVAPARSER_BUILD_TESTS)
+  file(MAKE_DIRECTORY ${ZORVA_TEST_RUNTIME_DIR})
+  file(CHMOD ${ZORVA_TEST_RUNTIME_DIR} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+endif()
+set(ZORVA_TEST_DESKTOP "")
+foreach(variable QT_STYLE_OVERRIDE QT_QPA_PLATFORMTHEME QT_FONT_DPI QT_SCALE_FACTOR QT_AUTO_SCREEN_SCALE_FACTOR
+    XDG_CURRENT_DESKTOP DESKTOP_SESSION KDE_FULL_SESSION LANGUAGE)
+  list(APPEND ZORVA_TEST_DESKTOP "${variable}=unset:")
+endforeach()
+
 # zorva_add_test(<name> SOURCES ... LINK ... [LABELS ...] [XVFB] [TIMEOUT s])
 # Registers one Qt Test executable. Tests run offscreen unless XVFB asks for a
 # real X server of their own (label "xvfb").
@@ -125,7 +137,10 @@ function(zorva_add_test name)
   target_compile_definitions(${name} PRIVATE
     ZORVA_EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples"
     ZORVA_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
+  # Neither the user's locale nor his desktop, nor whether he has logged in, makes a difference.
   set(environment
+    "LC_ALL=C.UTF-8"
+    "XDG_RUNTIME_DIR=${ZORVA_TEST_RUNTIME_DIR}"
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/common/lsan.supp"
     "UBSAN_OPTIONS=print_stacktrace=1"
     "QT_LOGGING_RULES="
@@ -141,5 +156,6 @@ function(zorva_add_test name)
     list(APPEND environment "QT_QPA_PLATFORM=offscreen")
   endif()
   set_tests_properties(${name} PROPERTIES
+    ENVIRONMENT_MODIFICATION "${ZORVA_TEST_DESKTOP}"
     ENVIRONMENT "${environment}" TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}")
 endfunction()

@@ -91,14 +91,14 @@ void tst_Recipes::requestedAndConfirmed()
     form->SetVTValue(QStringLiteral("mode"), QStringLiteral("FM"), nullptr, false);
     QVERIFY(confirmation.request().contains(QStringLiteral("<gain>7</gain>")));
     QCOMPARE(confirmation.unconfirmed(), QStringList({QStringLiteral("gain"), QStringLiteral("mode")}));
-    QVERIFY(!form->GetSheet().isInputEnabled());
+    QVERIFY(!form->GetSheet().IsInputEnabled(Orvane::ZorvaSheet::ekHostEnableScope));
 
     QCOMPARE(confirmation.confirm(QStringLiteral("<Parameters><gain>6</gain></Parameters>")),
              QStringList(QStringLiteral("gain")));
     QCOMPARE(form->GetVTValue(QStringLiteral("gain"))->GetStringValue(), QStringLiteral("6"));
     QCOMPARE(confirmation.unconfirmed(), QStringList(QStringLiteral("mode")));
     QCOMPARE(confirmation.confirm(QStringLiteral("<Parameters><mode>FM</mode></Parameters>")), QStringList());
-    QVERIFY(form->GetSheet().isInputEnabled());
+    QVERIFY(form->GetSheet().IsInputEnabled(Orvane::ZorvaSheet::ekHostEnableScope));
 }
 
 void tst_Recipes::presets()
@@ -125,11 +125,8 @@ void tst_Recipes::configuration()
 {
     Orvane::ZorvaFormularManager manager;
     manager.SetVTPath(QStringLiteral("/recipes"));
-    const QString description =
-        QStringLiteral("<KVParamGui><Sheet name=\"s\">%1%2</Sheet></KVParamGui>")
-            .arg(widget("group", "Headline",
-                        QStringLiteral("<Property name=\"checkable\"><Bool>true</Bool></Property>")),
-                 widget("gain", "SpinBox"));
+    const QString description = QStringLiteral("<KVParamGui><Sheet name=\"s\">%1%2</Sheet></KVParamGui>")
+                                    .arg(widget("group", "Headline"), widget("gain", "SpinBox"));
     manager.DefineFormular(QStringLiteral("a"), description);
     manager.DefineFormular(QStringLiteral("b"), description);
 
@@ -137,7 +134,7 @@ void tst_Recipes::configuration()
     QVERIFY(configurations.show(QStringLiteral("a")));
     QVERIFY(!configurations.show(QStringLiteral("c")));
     QVERIFY(configurations.show(QStringLiteral("a")));
-    manager.GetCurrentFormular()->EvaluateScript(QStringLiteral("group.toggle(false);"));
+    manager.GetCurrentFormular()->GetSheet().SetCollapsed({QStringLiteral("group")});
     manager.GetCurrentFormular()->ApplyConfiguration();
     QVERIFY(configurations.show(QStringLiteral("b")));
     manager.GetCurrentFormular()->ApplyConfiguration();

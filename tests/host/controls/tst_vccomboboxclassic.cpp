@@ -3,12 +3,12 @@
 
 #include <leftovers.h>
 #include <messageguard.h>
+#include <processorcost.h>
 #include <recordingobserver.h>
 
 #include <valueframework/valueselection.h>
 
 #include <QAbstractItemView>
-#include <QElapsedTimer>
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QStandardItemModel>
@@ -53,14 +53,6 @@ bool wheel(QWidget* widget, int notches)
 static QStringList words(const char* separated)
 {
     return QString::fromLatin1(separated).split(QLatin1Char('|'));
-}
-
-/// The best of three: other work on the machine only ever adds time.
-template <typename Measure>
-static double best(Measure measure)
-{
-    const double first = measure();
-    return qMin(first, qMin(double(measure()), double(measure())));
 }
 
 class TestVCComboBoxClassic : public QObject
@@ -261,7 +253,7 @@ void TestVCComboBoxClassic::hintsAreTheStockOnesWithinTheEnds_data()
     QTest::addColumn<QString>("style");
     QTest::addColumn<QString>("sheet");
     const QStringList names = words("AM|a rather long entry|SSB");
-    for (const QString& style : QStyleFactory::keys())
+    for (const QString& style : {QStringLiteral("Fusion"), QStringLiteral("Windows")}) // what Qt always has
         QTest::newRow(qPrintable(style)) << names << style << QString();
     QTest::newRow("too long") << QStringList{QString(300, QLatin1Char('w'))} << "Fusion" << QString();
     QTest::newRow("no entries") << QStringList() << "Fusion" << QString();
@@ -338,14 +330,14 @@ void TestVCComboBoxClassic::addingOneByOneIsLinear()
 {
     const auto nanosecondsPerItem = [this](int count) {
         m_value->DeleteItems(nullptr);
-        QElapsedTimer timer;
-        timer.start();
-        for (int i = 0; i < count; ++i)
-            m_value->AddItem(QString::number(i), i, i, nullptr);
-        return double(timer.nsecsElapsed()) / count;
+        const auto addAll = [&] {
+            for (int i = 0; i < count; ++i)
+                m_value->AddItem(QString::number(i), i, i, nullptr);
+        };
+        return processorCost(addAll) / count;
     };
-    const double few = best([&] { return nanosecondsPerItem(200); });
-    QVERIFY2(best([&] { return nanosecondsPerItem(10000); }) < 15 * few,
+    const double few = leastOf([&] { return nanosecondsPerItem(200); });
+    QVERIFY2(leastOf([&] { return nanosecondsPerItem(10000); }) < 15 * few,
              "adding an item grows with their number");
     QCOMPARE(m_box->count(), 10000);
     m_value->DeleteItems(nullptr);
