@@ -34,6 +34,19 @@ endfunction()
 
 build(${SOURCE_DIR} ${WORK_DIR}/blocks)
 
+# The other programs of pages, with the forms that those name.
+file(WRITE ${WORK_DIR}/attenuator.zorva "<KVParamGui><Sheet name='attenuator'>
+  <Widget name='attenuation' class='SpinBox'>
+    <Property name='generateParameterXml'><Bool>true</Bool></Property>
+  </Widget>
+</Sheet></KVParamGui>")
+file(GLOB programs ${BLOCKS}/programs/*.cpp)
+list(FILTER programs EXCLUDE REGEX "/(README|embedding)-")
+foreach(program IN LISTS programs)
+  get_filename_component(name ${program} NAME_WE)
+  run(${WORK_DIR}/blocks/${name} ${WORK_DIR}/attenuator.zorva)
+endforeach()
+
 # The host of the README, by the README's own command line and its own form.
 set(readme ${WORK_DIR}/readme)
 file(GLOB host ${BLOCKS}/programs/README-*.cpp)
