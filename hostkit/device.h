@@ -11,18 +11,20 @@ namespace hostkit {
 /** What a device said to a call. */
 struct Answer
 {
+    /** How a call ended. */
     enum Outcome {
         Done,    ///< carried out; a reading's text is in `text`
         Refused, ///< the device answers, but not to this; its words are in `text`
         Lost     ///< the device does not answer, or not sensibly; why is in `text`
     };
 
+    /** The answer of that outcome, with its text. */
     static Answer done(const QString& text = QString()) { return {Done, text}; }
-    static Answer refused(const QString& why) { return {Refused, why}; }
-    static Answer lost(const QString& why) { return {Lost, why}; }
+    static Answer refused(const QString& why) { return {Refused, why}; } ///< Likewise.
+    static Answer lost(const QString& why) { return {Lost, why}; }       ///< Likewise.
 
-    Outcome outcome = Done;
-    QString text;
+    Outcome outcome = Done; ///< how the call ended
+    QString text;           ///< what the outcome says is in it
 };
 
 /**
@@ -39,6 +41,7 @@ public:
     virtual Answer open() = 0;
     /** Ends the connection, also a lost one; nothing without one. */
     virtual void close() = 0;
+    /** Sets a parameter to the text. */
     virtual Answer write(const QString& parameter, const QString& text) = 0;
     /** Done with a null text: the parameter has no meaning at present and its row stays as it is. */
     virtual Answer read(const QString& parameter) = 0;

@@ -28,7 +28,7 @@ enum class LinkState {
 /** What was read, or that it could not be read. */
 struct Reading
 {
-    QString parameter;
+    QString parameter;  ///< its path in parameter XML
     Answer answer;      ///< never Lost
     quint64 number = 0; ///< the last request for the parameter that was carried out before; 0 for none
 };
@@ -61,6 +61,7 @@ public:
     /** How long (milliseconds) a call may be without an answer before the link counts as slow. */
     void setPatience(int patience);
 
+    /** Starts the thread, which connects at once. Nothing if it runs. */
     void start();
     /**
      * Ends the thread, interrupting a call that hangs. A thread that is not back
@@ -69,6 +70,7 @@ public:
      */
     bool stop(int wait = 700);
 
+    /** Where the connection is. */
     LinkState state() const { return m_state; }
     /** Why the link is down; empty while it is up. */
     QString reason() const { return m_reason; }
@@ -77,6 +79,7 @@ public:
     quint64 request(const QString& parameter, const QString& text);
 
 Q_SIGNALS:
+    /** The connection came, went or became slow; @p reason is empty while it is up. */
     void stateChanged(hostkit::LinkState state, const QString& reason);
     /** Readings that are new, that were asked for by a request, or the first since the link is up. */
     void read(const QList<hostkit::Reading>& readings);

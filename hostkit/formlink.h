@@ -32,6 +32,7 @@ class HOSTKIT_EXPORT FormLink : public QObject
     Q_OBJECT
 
 public:
+    /** How the form is shared with the host. */
     using Form = QExplicitlySharedDataPointer<Orvane::ZorvaFormular>;
 
     /** @p form needs its values and widgets by now. Neither may be null. */
@@ -40,7 +41,9 @@ public:
 
     /** To set up and to start; it is stopped when this goes. */
     DeviceLink& link() { return m_link; }
+    /** What is requested, confirmed or refused, row by row; lives as long as this. */
     RowStates& states() { return m_states; }
+    /** The form, which this keeps alive. */
     Orvane::ZorvaFormular& form() { return *m_form; }
 
     /** The device's settings as last read: parameter XML of all rows that take part in it. */

@@ -14,8 +14,8 @@ namespace hostkit {
  */
 struct Parameter
 {
-    QString path;
-    QString text;
+    QString path; ///< without a leading "/"
+    QString text; ///< as it stands, without the escapes of XML
 };
 
 /** The leaves of @p xml in their order, without the root; what is damaged ends the list. */

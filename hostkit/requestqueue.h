@@ -13,8 +13,8 @@ namespace hostkit {
 /** What somebody wants a parameter of a device to become. */
 struct Request
 {
-    QString parameter;
-    QString text;
+    QString parameter;  ///< its path in parameter XML
+    QString text;       ///< what it is to become
     quint64 number = 0; ///< counts all requests of a queue from 1; tells an older from a newer one
 };
 
@@ -34,8 +34,9 @@ public:
     /** Takes all out, oldest first. */
     QList<Request> withdraw();
 
+    /** Whether requests wait, and how many. */
     bool isEmpty() const { return m_waiting.isEmpty(); }
-    int count() const { return m_waiting.size(); }
+    int count() const { return m_waiting.size(); } ///< Likewise.
     /** Whether a request for @p parameter waits. */
     bool contains(const QString& parameter) const { return m_places.contains(parameter); }
 

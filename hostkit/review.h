@@ -15,7 +15,7 @@ namespace hostkit {
 /** One row for which two sets of settings say different things, in the operator's words. */
 struct Difference
 {
-    QString parameter;
+    QString parameter;    ///< the row's path in parameter XML
     QString text;         ///< what would be sent
     QString group;        ///< title of the row's group; may be empty
     QString caption;      ///< the row's

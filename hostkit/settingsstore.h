@@ -33,6 +33,7 @@ public:
     explicit ConfigurationStore(const QString& fileName, QObject* parent = nullptr);
     ~ConfigurationStore() override;
 
+    /** Hears of dynamic properties that change, to write them. */
     bool event(QEvent* event) override;
     /** Writes what has changed at once; false if that failed. */
     bool save();

@@ -63,18 +63,22 @@ public:
     QLayoutItem* itemAt(int index) const override;
     /// Hands the item over to the caller; null when \a index is out of range.
     QLayoutItem* takeAt(int index) override;
+    /** How many items there are, labels and controls counted one by one. */
     int count() const override;
 
     /// Size in one column, at a width that never wraps.
     QSize sizeHint() const override;
     /// Size of the first item alone.
     QSize minimumSize() const override;
+    /** Horizontal: more width makes room for more columns. */
     Qt::Orientations expandingDirections() const override;
     /// Places all items from the top left corner of the widget on; of \a rect
     /// only the width counts.
     void setGeometry(const QRect& rect) override;
+    /** The height depends on how many columns fit into @p width, in pixels. */
     bool hasHeightForWidth() const override;
-    int heightForWidth(int width) const override;
+    int heightForWidth(int width) const override; ///< Likewise.
+    /** Forgets what was measured; the next question measures again. */
     void invalidate() override;
 
     /// Adds a label named "label" and the name of \a widget, then \a widget.

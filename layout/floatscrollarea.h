@@ -13,6 +13,7 @@ class LAYOUT_EXPORT FloatScrollArea : public QScrollArea
     Q_OBJECT
 
 public:
+    /** An empty area; @p parent owns it and may be null. */
     explicit FloatScrollArea(QWidget* parent = nullptr);
     ~FloatScrollArea() override;
 

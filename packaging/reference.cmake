@@ -1,5 +1,6 @@
 # The HTML reference of the public headers: the target "reference", part of the
-# component Documentation where it is built.
+# component Documentation where it is built. Nothing in the public headers is left
+# undocumented; a test looks.
 find_package(Doxygen QUIET)
 if(NOT DOXYGEN_FOUND)
   if(ZORVAPARSER_BUILD_REFERENCE)
@@ -42,3 +43,12 @@ add_custom_target(reference ${all}
   VERBATIM)
 install(DIRECTORY ${ZORVA_REFERENCE_DIR}/html
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Documentation OPTIONAL)
+
+if(ZORVAPARSER_BUILD_TESTS)
+  # All that doxygen says about the headers is that something is not documented.
+  add_test(NAME reference_complete
+    COMMAND sh -c "rm -f reference/warnings && '${CMAKE_COMMAND}' --build . --target reference > /dev/null \
+      && cat reference/warnings && test ! -s reference/warnings"
+    WORKING_DIRECTORY ${PROJECT_BINARY_DIR})
+  set_tests_properties(reference_complete PROPERTIES LABELS checks TIMEOUT 300)
+endif()

@@ -13,6 +13,7 @@
 class ZORVAPARSER_EXPORT IDllInstance
 {
 public:
+    /** @p name is the instance that the host asked for. */
     explicit IDllInstance(const QString& name)
         : instanceName(name)
     {
@@ -28,6 +29,7 @@ public:
     /** Last call before VKDestroy(). */
     virtual void Shutdown() {}
 
+    /** The name that the host asked for. */
     const QString& GetInstanceName() const { return instanceName; }
 
 private:

@@ -67,24 +67,28 @@ Q_SIGNALS:
     void customPropertyChanged(QString name, QVariant value);
 
 public Q_SLOTS:
+    /** Sets the property of that name, unless it is equal already; no mark. */
     void setApplyMode(eApplyMode applyMode);
-    void setEnabled(bool flag);
-    void setGenerateParameterXml(bool flag);
-    void setReadOnly(bool flag);
-    void setVisible(bool flag);
-    void setLabelText(QString text);
+    void setEnabled(bool flag);              ///< Likewise.
+    void setGenerateParameterXml(bool flag); ///< Likewise.
+    void setReadOnly(bool flag);             ///< Likewise.
+    void setVisible(bool flag);              ///< Likewise.
+    void setLabelText(QString text);         ///< Likewise.
     /** Stores @p value under @p name and tells, unless it is equal already. */
     void setCustomProperty(QString name, QVariant value);
     /** False while the row's group is collapsed; "visible" is held back meanwhile. */
     virtual void setGroupVisible(bool flag);
+    /** Gives the control the keyboard focus, for kinds that have one to give it to. */
     virtual void setFocus();
     /** Marks the row and its sheet; nothing while parameter XML is off for the row. */
     virtual void setModified(bool autoApply);
+    /** Takes the row's mark away; the sheet keeps its own. */
     virtual void resetModified();
     /** Commits text that is still being typed. */
     virtual void forceFinishEditing();
 
 public:
+    /** What setCustomProperty() or the description stored; invalid if nobody did. */
     Q_INVOKABLE QVariant customProperty(QString name);
 
     void Update(Observable* observable, TChangeCode code) override;
@@ -95,6 +99,7 @@ public:
 
     /** Sets the property unless it equals @p value (QVariant comparison); true if set. */
     bool ChangeProperty(const QString& name, QVariant value);
+    /** The same for a literal name, which needs no conversion. */
     bool ChangeProperty(const char* name, const QVariant& value);
     /**
      * Switches a property between forwarded and held back. While it is held back
@@ -106,29 +111,32 @@ public:
 
     /** The typed getters give @p fallback for an absent or unconvertible property. */
     bool GetBool(const QString& name, bool fallback) const;
-    int GetInt(const QString& name, int fallback) const;
-    qint64 GetInt64(const QString& name, qint64 fallback) const;
-    quint64 GetUInt64(const QString& name, quint64 fallback) const;
-    double GetDouble(const QString& name, double fallback) const;
+    int GetInt(const QString& name, int fallback) const;            ///< Likewise.
+    qint64 GetInt64(const QString& name, qint64 fallback) const;    ///< Likewise.
+    quint64 GetUInt64(const QString& name, quint64 fallback) const; ///< Likewise.
+    double GetDouble(const QString& name, double fallback) const;   ///< Likewise.
     /** @p fallback also for an empty text. */
     QString GetString(const QString& name, QString fallback) const;
     /** The property's text in the user's language; empty if it is empty. */
     QString GetTranslated(const QString& name);
     /** The same for a literal name, which needs no conversion. */
     bool GetBool(const char* name, bool fallback) const;
-    int GetInt(const char* name, int fallback) const;
-    qint64 GetInt64(const char* name, qint64 fallback) const;
-    quint64 GetUInt64(const char* name, quint64 fallback) const;
-    double GetDouble(const char* name, double fallback) const;
-    QString GetString(const char* name, const QString& fallback) const;
+    int GetInt(const char* name, int fallback) const;                   ///< Likewise.
+    qint64 GetInt64(const char* name, qint64 fallback) const;           ///< Likewise.
+    quint64 GetUInt64(const char* name, quint64 fallback) const;        ///< Likewise.
+    double GetDouble(const char* name, double fallback) const;          ///< Likewise.
+    QString GetString(const char* name, const QString& fallback) const; ///< Likewise.
+    /** The same for a literal name. */
     QString GetTranslated(const char* name);
 
+    /** Whether "enabled" is true, the row's group is open, the row is marked. */
     bool isEnabled();
-    bool isGroupVisible();
-    bool isModified();
+    bool isGroupVisible(); ///< Likewise.
+    bool isModified();     ///< Likewise.
 
     /** Slash-separated path in parameter XML; an empty one means the object name. */
     void SetXmlPath(const QString& path);
+    /** The path as set; see SetXmlPath(). */
     const QString& GetXmlPath() const;
     /** The last part of the XML path. */
     const QString& GetXmlTagName() const;
@@ -136,27 +144,33 @@ public:
     bool ContainsXmlTag(QString tag);
     /** Every tag that this row answers to; empty if its tag is its object name. */
     const QStringList& GetAllTags() const;
+    /** Whether the row reads and writes more than one element. */
     bool HasSeveralXmlTags();
     /** @p path is the sheet's path in the value tree. */
     void SetVTPath(const QString& path);
+    /** The sheet's path in the value tree. */
     const QString& GetVTPath() const;
     /** Name and node of the row's value; null strings if the path has no node. */
     QString GetVTName();
+    /** The node that the row's value hangs in; a null string if the path has none. */
     QString GetVTNodePath();
 
     /** From value to display: value x factor + offset, with the row's properties. */
     double displayTransformation(double value) const;
+    /** The same with the numbers given. */
     static double displayTransformation(double value, double factor, double offset);
     /** From display to value. A factor of 0 gives an infinity or a NaN. */
     double reverseDisplayTransformation(double value) const;
+    /** The same with the numbers given. */
     static double reverseDisplayTransformation(double value, double factor, double offset);
 
 protected:
     /** Called for each change of a property; subclasses call the base first. */
     virtual void PropertyChanged(const QString& name, const QVariant& value);
 
+    /** Lists a property as one that the control takes, or takes it off the list. */
     void DefineProperty(const QString& name);
-    void UndefineProperty(const QString& name);
+    void UndefineProperty(const QString& name); ///< Likewise.
     /** Copies every defined property that is set to @p target. */
     void PropagateProperties(QObject* target);
     /** Copies one defined property to @p target, which may be null. */
@@ -182,21 +196,23 @@ protected:
      * is appended to the value's name.
      */
     values::ValueBool* CreateValueBoolean(const QString& name);
-    values::NumericDouble* CreateValueNumericFloat(const QString& name, int index);
-    values::NumericInt* CreateValueNumericInt(const QString& name, int index);
+    values::NumericDouble* CreateValueNumericFloat(const QString& name, int index); ///< Likewise.
+    values::NumericInt* CreateValueNumericInt(const QString& name, int index);      ///< Likewise.
+    /** Likewise. */
     values::ValueSelection* CreateValueSelection(const QString& name,
                                                  QExplicitlySharedDataPointer<ZorvaEnum> enumeration);
-    values::ValueString* CreateValueString(const QString& name);
+    values::ValueString* CreateValueString(const QString& name); ///< Likewise.
     /** Carries limits and step from the properties (display units) to @p value, which may be null. */
     void ConfigureValueNumeric(values::IValueNumeric* value);
+    /** The attribute "unit", if the row has one. */
     void WriteUnitAttribute(QXmlStreamWriter& writer) const;
 
     /** @p value with trailing zeros cut, then @p suffix; see the tooltips for the uncut form. */
     QString formatString(double value, int decimals, QString suffix);
     /** Range tooltips of numeric controls; null @p control is allowed. */
     void SetDoubleTooltip(QWidget* control);
-    void SetIntTooltip(QWidget* control);
-    void SetInt64Tooltip(QWidget* control);
+    void SetIntTooltip(QWidget* control);   ///< Likewise.
+    void SetInt64Tooltip(QWidget* control); ///< Likewise.
 
     // What all kinds do alike with values, controls and parameter XML.
 
@@ -269,6 +285,7 @@ protected:
     void WriteTextElement(QXmlStreamWriter& writer, const QString& text, bool withUnit) const;
     /** A property as text: whole numbers never get an exponent. */
     static QString VariantText(const QVariant& value);
+    /** The property @p name as VariantText(). */
     QString PropertyText(const char* name) const;
     /** Puts @p value below GetVTNodePath(); false, and a note in the trace, if its place is taken. */
     bool EnterTree(values::ValueBase* value);
@@ -278,8 +295,10 @@ protected:
     const QString& ControlName() const;
     /** The row's sheet and formular; null without a widget. */
     ZorvaSheet* GetSheet() const;
+    /** See GetSheet(). */
     ZorvaFormular* GetFormular() const;
 
+    /** The row; null for the sheet's own delegate. Not owned. */
     ZorvaWidget* widget; // not owned
 
 private:
@@ -302,16 +321,27 @@ private:
     void SetRangeTooltip(QWidget* control, const QString& lowest, const QString& highest);
 
 protected:
+    /** See SetXmlPath(). */
     QString xmlPath;
+    /** See GetXmlTagName(). */
     QString xmlTagName;
+    /** See SetVTPath(). */
     QString vtPath;
+    /** See GetAllTags(). */
     QStringList allTags;
+    /** What is forwarded to the control, in the order of definition. */
     QStringList definedProperties;
+    /** What CustomProperties blocks and setCustomProperty() stored. */
     QMap<QString, QVariant> customProperties;
+    /** The property "applyMode"; stored only. */
     eApplyMode applyMode;
+    /** Whether the row takes part in parameter XML and can be marked. */
     bool generateParameterXml;
+    /** Whether the row is marked. */
     bool modified;
+    /** False while the row's group is collapsed. */
     bool groupVisible;
+    /** The caption; owned by the layout's parent widget, null without one. */
     QPointer<QLabel> label; // owned by the layout's parent widget
 
 protected:

@@ -58,21 +58,31 @@ public:
     QWidget* GetGUI();
     /** Only while the top widget exists. */
     void Show();
+    /** Hides the top widget, while there is one. */
     void Hide();
 
+    /** The form's own gate of input; rows react while all gates are open. */
     void EnableInput(bool enable);
-    bool IsInputEnabled();
+    bool IsInputEnabled(); ///< Likewise.
+    /** Shows or hides the rows of a headline, itself included; nothing to do with collapsing. */
     void ShowGroup(const QString& headline, bool visible);
+    /**
+     * Gives the rows with these whole XML paths the flag, all others its opposite; an empty list means all
+     * rows.
+     */
     void SelectWidgets(const QStringList& list, bool select);
+    /** Announces pending changes, if there are any. */
     void applyNow();
 
     /** Registers the name as translation context unless it is empty; an earlier one stays registered. */
     void SetName(const QString& newName);
+    /** Name, version and path of the form, as set or read; empty before. */
     const QString& GetName() const { return name; }
-    const QString& GetVersion() const { return version; }
-    const QString& GetVTPath() const { return vtPath; }
+    const QString& GetVersion() const { return version; } ///< Likewise.
+    const QString& GetVTPath() const { return vtPath; }   ///< Likewise.
+    /** The form's one sheet and its script; they live as long as the form. */
     ZorvaSheet& GetSheet() { return sheet; }
-    ZorvaScript& GetScript() { return script; }
+    ZorvaScript& GetScript() { return script; } ///< Likewise.
     /** Never null: a miss gives the formular's one empty enumeration. */
     QExplicitlySharedDataPointer<ZorvaEnum> GetEnum(const QString& enumName);
     /** What GetEnum() returns on a miss, to be compared by identity. */
@@ -88,17 +98,23 @@ public:
 
     /** Value of the widget at @p path (XML path or bare tag); null if there is none. */
     values::ValueBase* GetVTValue(const QString& path) const;
-    /** Copies the form's state into the host's @p target; the widget's value, or null. */
+    /** Copies the form's state into the host's @p target; the widget's value, or null. @p observer is the
+     *  originator of what is written there: it is not told, null tells all. */
     values::ValueBase* GetVTValue(values::ValueBase* target, IObserver* observer, bool initialize,
                                   values::ValueBase* source);
-    /** The same for each target by its own name, from the last to the first. */
+    /** The same for each target by its own name, from the last to the first. @p observer as above. */
     void GetVTValues(QList<values::ValueBase*> targets, IObserver* observer, bool initialize);
-    /** Writes @p text to a row; false if there is no such row or the text is equal. */
+    /** Writes @p text to a row; false if there is no such row or the text is equal. @p observer is the
+     * originator: it is not told, null tells all. */
     bool SetVTValue(const QString& path, const QString& text, IObserver* observer, bool apply);
+    /**
+     * The same with name and text of @p value; @p observer is the originator and is not told, null tells all.
+     */
     bool SetVTValue(values::ValueBase* value, IObserver* observer, bool apply);
     /** Takes the range or the items of the host's @p source into the row. */
     void InitVTValue(const QString& path, values::ValueBase* source);
-    /** Makes @p target like @p source, if they are of one type; a selection keeps its own choice. */
+    /** Makes @p target like @p source, if they are of one type; a selection keeps its own choice. @p observer
+     * is the originator of the changes to @p target: it is not told, null tells all. */
     static void InitVTValue(values::ValueBase* target, values::ValueBase* source, IObserver* observer);
     /** Refills an enumeration; rows take it at their next resync. @p valueTexts may be null. */
     void InitEnumeration(const QString& enumName, values::ValueSelection* selection,
@@ -110,9 +126,10 @@ public:
     void DebugScript();
     /** Sets a global of the script. A QObject stays the caller's and may be null. */
     void SetScriptValue(const QString& globalName, const QString& value);
+    /** The same for other types; an object that dies leaves errors in the script, no crash. */
     void SetScriptValue(const QString& globalName, double value);
-    void SetScriptValue(const QString& globalName, bool value);
-    void SetScriptValue(const QString& globalName, QObject* value);
+    void SetScriptValue(const QString& globalName, bool value);     ///< Likewise.
+    void SetScriptValue(const QString& globalName, QObject* value); ///< Likewise.
     /** The globals of the script by name. */
     QMap<QString, QScriptValue> GetScriptValues();
 
@@ -131,6 +148,9 @@ Q_SIGNALS:
     void si_parametersModified();
 
 public Q_SLOTS:
+    /**
+     * Takes text size, collapsed groups and the input gate from the configuration object, if there is one.
+     */
     void RestoreConfiguration();
 
 private Q_SLOTS:

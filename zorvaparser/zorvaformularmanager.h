@@ -27,6 +27,7 @@ class ZORVAPARSER_EXPORT ZorvaFormularManager : public QObject
     Q_OBJECT
 
 public:
+    /** How forms are shared with the host; null stands for none. */
     using FormularPointer = QExplicitlySharedDataPointer<ZorvaFormular>;
 
     ZorvaFormularManager();
@@ -46,23 +47,28 @@ public:
     QList<QString> GetNames();
     /** Text of a description, empty if unknown. */
     QString GetZorva(const QString& name);
+    /** The form that is shown, null and empty without one. */
     FormularPointer GetCurrentFormular();
-    QString GetCurrentName();
+    QString GetCurrentName(); ///< Likewise.
 
+    /** To and from the form that is shown; nothing, and a null text, without one. */
     QString GetEmptyXmlElement();
-    QString GetXmlString(bool modifiedOnly);
-    void SetXmlString(const QString& xml);
+    QString GetXmlString(bool modifiedOnly); ///< Likewise.
+    void SetXmlString(const QString& xml);   ///< Likewise.
 
     /** For all forms, present and later; @p object may be null and is not owned. */
     void SetConfigObject(QObject* object, const QString& key);
     /** Node below which each form gets its own; one trailing slash is dropped. */
     void SetVTPath(const QString& path);
-    /** Writes the row named like @p value and applies at once; false without a form or a change. */
+    /** Writes the row named like @p value and applies at once; false without a form or a change. @p observer
+     * is the originator: it is not told, null tells all. */
     bool SetVTValue(values::ValueBase* value, IObserver* observer);
-    /** Copies the current form into @p values; without one, blanks them if @p initialize. */
+    /** Copies the current form into @p values; without one, blanks them if @p initialize. @p observer is the
+     *  originator of what is written there. */
     void GetVTValues(QList<values::ValueBase*> targets, IObserver* observer, bool initialize);
     /** Whether forms created later get an apply bar. */
     void EnableApplyUi(bool enable);
+    /** Marks the sheet of the form that is shown, and starts its pause if @p autoApply. */
     void SetCurrentModified(bool autoApply);
     /** Whether a selected row has something to send; clears the sheet's mark if none has. */
     bool isWidgetModified();
@@ -72,6 +78,7 @@ Q_SIGNALS:
     void si_parametersModified();
 
 public Q_SLOTS:
+    /** Lets the form that is shown read its configuration again. */
     void RestoreConfiguration();
 
 private:

@@ -20,14 +20,19 @@ class ZORVAPARSER_EXPORT ZorvaParser
 {
 public:
     ZorvaParser() = default;
+    /** Parsers hold nothing; they may be copied at will. */
     ZorvaParser(const ZorvaParser&) = default;
-    ZorvaParser& operator=(const ZorvaParser&) = default;
+    ZorvaParser& operator=(const ZorvaParser&) = default; ///< Likewise.
     virtual ~ZorvaParser() = default;
 
+    /**
+     * The form that @p reader or @p text holds; null if there is no root element. See the class on who owns
+     * it.
+     */
     ZorvaFormular* ParseZORVA(QXmlStreamReader& reader);
     /** The document's own encoding declaration counts. */
-    ZorvaFormular* ParseZORVA(const QByteArray& bytes);
-    ZorvaFormular* ParseZORVA(const QString& text);
+    ZorvaFormular* ParseZORVA(const QByteArray& bytes); ///< Likewise.
+    ZorvaFormular* ParseZORVA(const QString& text);     ///< Likewise.
     /** Null also for a file that is missing, unreadable or empty. */
     ZorvaFormular* ParseZORVAFile(const QString& fileName);
 };

@@ -14,15 +14,17 @@ class ZORVAPARSER_EXPORT ZorvaScript
 {
 public:
     ZorvaScript() = default;
+    /** Copies hold the same text. */
     ZorvaScript(const ZorvaScript&) = default;
-    ZorvaScript& operator=(const ZorvaScript&) = default;
+    ZorvaScript& operator=(const ZorvaScript&) = default; ///< Likewise.
     virtual ~ZorvaScript() = default;
 
     /** Entered on the start tag of "Script"; replaces language and code. */
     void ParseZORVA(QXmlStreamReader& reader);
 
+    /** As the description gave them. */
     const QString& GetLanguage() const { return language; }
-    const QString& GetCode() const { return code; }
+    const QString& GetCode() const { return code; } ///< Likewise.
 
 private:
     QString language;

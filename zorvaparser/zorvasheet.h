@@ -30,20 +30,23 @@ public:
     /** Who switches input: the form is usable while all three agree. */
     enum eEnableScope { ekFormularEnableScope = 0, ekHostEnableScope = 1, ekValuesEnableScope = 2 };
 
+    /** How rows are shared; null stands for none. */
     using WidgetPointer = QExplicitlySharedDataPointer<ZorvaWidget>;
 
     /** @p formular is not owned and outlives the sheet. */
     explicit ZorvaSheet(ZorvaFormular* formular);
     virtual ~ZorvaSheet();
+    /** Copies share the rows. */
     ZorvaSheet(const ZorvaSheet&) = default;
-    ZorvaSheet& operator=(const ZorvaSheet&) = default;
+    ZorvaSheet& operator=(const ZorvaSheet&) = default; ///< Likewise.
 
     /** Entered on the start tag of "Sheet"; widgets are appended, the name is replaced. */
     void ParseZORVA(QXmlStreamReader& reader);
     /** Entered on the start tag of an overlay's "Sheet": changes properties of existing widgets. */
     void ParseChangedZORVA(QXmlStreamReader& reader);
+    /** Hands the call to every row, in the order of the description. */
     void CreateValueTree(const QString& path);
-    void ResyncValueTree();
+    void ResyncValueTree(); ///< Likewise.
     /** Builds the surface and the rows; the rows only once. */
     void CreateGUI(bool createApplyUi);
     /** Only the named widgets (by name or tag), or all but them; the others are deselected. */
@@ -52,19 +55,23 @@ public:
     QWidget* GetGUI();
     /** The sheet's own delegate; never null. */
     ZorvaDelegate* GetDelegate();
+    /** The form, null for a sheet without one; the sheet's name; its path in the value tree. */
     ZorvaFormular* GetFormular() const { return formular; }
-    const QString& GetName() const { return name; }
-    const QString& GetVTPath() const { return vtPath; }
+    const QString& GetName() const { return name; }     ///< Likewise.
+    const QString& GetVTPath() const { return vtPath; } ///< Likewise.
 
+    /** How many rows there are, inserted ones included. */
     int GetWidgetCount() const { return widgets.count(); }
     /** @p index is not checked. */
     WidgetPointer GetWidgetAt(int index) const;
     /** By XML path, or by bare tag: the first such widget in list order; null on a miss. */
     WidgetPointer GetWidget(const QString& path);
+    /** The position of a row, by XML path, bare tag or record; -1 if there is none. */
     int IndexOfWidget(const QString& path) const;
-    int IndexOfWidget(WidgetPointer widget) const;
+    int IndexOfWidget(WidgetPointer widget) const; ///< Likewise.
     /** The first widget of the class @p className, null if there is none. Not owned by the caller. */
     ZorvaWidget* FindWidget(const QString& className) const;
+    /** All rows of that class, in order. */
     QList<WidgetPointer> FindWidgetsOfClass(const QString& className);
     /** A row for the host's own @p widget; shown by a later CreateGUI(). Appends if @p index is negative. */
     WidgetPointer InsertWidget(QString widgetName, QString labelText, QWidget* widget, int index);
@@ -75,27 +82,34 @@ public:
     void ShowGroup(const QString& headlineName, bool visible);
     /** Opens or collapses the group of @p headline. */
     void setGroupVisible(ZorvaWidget* headline, bool visible);
+    /** The names of the collapsed headlines, in order. */
     QStringList GetCollapsed();
     /** Collapses the headlines in @p list and opens all others. */
     void SetCollapsed(const QStringList& list);
     /** Text size in points; 0 or less does nothing. */
     void SetFontSize(int size);
 
+    /** One of the gates of input; rows react while all are open. */
     void EnableInput(bool enable, eEnableScope scope);
-    bool IsInputEnabled(eEnableScope scope) const;
+    bool IsInputEnabled(eEnableScope scope) const; ///< Likewise.
     /** While inactive, modified marks do not reach the sheet. */
     bool isActive() const { return active; }
+    /** While false, marks reach neither bar nor pause. */
     void setActive(bool flag);
     /** The sheet's own mark. */
     bool isModified();
     /** True if the sheet is marked and a selected row stands behind it. */
     bool isWidgetModified() const;
+    /** Marks the sheet and starts the pause if @p autoApply, or takes the mark away. */
     void setModified(bool autoApply);
-    void resetModified();
+    void resetModified(); ///< Likewise.
+    /** Announces pending changes, if there are any. */
     void applyNow();
+    /** Stops the pause; what is pending stays so. */
     void killAutoApplyTimer();
+    /** Whether a change applies itself after the pause. */
     bool isAutoApplyEnabled();
-    void setAutoApplyEnabled(bool enable);
+    void setAutoApplyEnabled(bool enable); ///< Likewise.
 
     /** Writes the root element; with values also the groups and leaves. */
     void GetXml(QXmlStreamWriter& writer, bool withValues, bool modifiedOnly) const;

@@ -30,9 +30,10 @@ public:
 
     /** Entered on the start tag of "Widget"; @p index numbers a nameless widget. */
     void ParseZORVA(QXmlStreamReader& reader, int index);
+    /** Hands the call to the delegate. */
     void CreateValueTree(const QString& vtPath);
-    void CreateGUI(FloatGroupLayout* layout);
-    void ResyncValueTree();
+    void CreateGUI(FloatGroupLayout* layout); ///< Likewise.
+    void ResyncValueTree();                   ///< Likewise.
     /** Writes the row unless deselected, and clears its mark. */
     void GetXml(QXmlStreamWriter& writer, bool modifiedOnly) const;
     /** Reads the row and clears its mark. */
@@ -40,16 +41,20 @@ public:
     /** Makes this the record of a host's own @p widget, which stays the host's until it is laid out. */
     void SetExtWidget(QString name, QString labelText, QWidget* widget);
 
+    /** The delegate's mark. */
     bool isModified();
-    void resetModified();
+    void resetModified(); ///< Likewise.
     /** A deselected row takes no part in parameter XML. */
     bool IsSelected() const { return selected; }
+    /** A row that is not selected takes no part in parameter XML. */
     void SetSelected(bool select);
 
+    /** Name and class, as in the description; a missing name is made up. */
     const QString& GetName() const { return name; }
-    const QString& GetClass() const { return className; }
+    const QString& GetClass() const { return className; } ///< Likewise.
     /** True for the rows that head a group. */
     bool IsHeadline() const { return headline; }
+    /** See ZorvaDelegate::GetXmlTagName(). */
     const QString& GetXmlTagName() const;
     /** Every class name that has a control kind of its own, sorted; any other gives a bare caption. */
     static QStringList GetKnownClasses();
@@ -59,6 +64,7 @@ public:
     ZorvaSheet* GetSheet() const { return sheet; }
     /** The sheet dies. */
     void LeaveSheet() { sheet = nullptr; }
+    /** The form; null once the sheet is gone. */
     ZorvaFormular* GetFormular() const;
 
 private:

@@ -9,6 +9,7 @@
 /// resolved to 1 mHz.
 namespace FrequencyText {
 
+/// The unit a frequency is shown in; Automatic is the largest that leaves 1 or more.
 enum class Unit { Automatic, Hertz, Kilohertz, Megahertz, Gigahertz };
 
 /// Hertz in one unit; 1 for Automatic.

@@ -33,6 +33,7 @@ public:
     bool Bind(values::ValueBase* value);
     /// Null if nothing is bound or the value has gone.
     values::ValueBase* Value() const { return m_value; }
+    /// True once the value has gone; false while one is bound or none ever was.
     bool IsLost() const { return m_lost; }
 
     /// To be asked first in the control's Update: true if the notice concerns

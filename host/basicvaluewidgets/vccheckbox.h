@@ -29,19 +29,22 @@ public:
 
     /// Blocks mouse, keyboard and shortcuts; the value still shows.
     bool isReadOnly() const { return m_readOnly; }
+    /// Blocks the user's toggles; the value goes on to be shown.
     void setReadOnly(bool readOnly);
 
 public Q_SLOTS:
+    /// The host's gate; a control whose value is gone stays disabled.
     void setEnabled(bool enabled);
 
 protected:
     void ApplyRecordedState(const QVariant& state) override;
+    /// Qt's own: the looks of a value that may be away, and toggles that readOnly blocks.
     bool event(QEvent* event) override;
-    void changeEvent(QEvent* event) override;
-    bool hitButton(const QPoint& position) const override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void nextCheckState() override;
-    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;              ///< Likewise.
+    bool hitButton(const QPoint& position) const override; ///< Likewise.
+    void keyPressEvent(QKeyEvent* event) override;         ///< Likewise.
+    void nextCheckState() override;                        ///< Likewise.
+    void paintEvent(QPaintEvent* event) override;          ///< Likewise.
 
 private:
     values::ValueBool* boolean() const;

@@ -37,25 +37,29 @@ public:
 
     /// Blocks mouse, keyboard and wheel; the value still shows.
     bool isReadOnly() const { return m_readOnly; }
+    /// Blocks the user's choice; the value goes on to be shown.
     void setReadOnly(bool readOnly);
 
     /// As wide as the widest entry within the ends of FieldSize, beyond which
     /// the entry is elided; measured once for equal controls.
     QSize sizeHint() const override;
+    /// Wide enough for the common width of all controls.
     QSize minimumSizeHint() const override;
     /// The list is as wide as its entries need.
     void showPopup() override;
 
 public Q_SLOTS:
+    /// The host's gate; a control whose value is gone stays disabled.
     void setEnabled(bool enabled);
 
 protected:
     void ApplyRecordedState(const QVariant& state) override;
+    /// Qt's own: the looks of a value that may be away, and input that readOnly blocks.
     bool event(QEvent* event) override;
-    void changeEvent(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;          ///< Likewise.
+    void keyPressEvent(QKeyEvent* event) override;     ///< Likewise.
+    void mousePressEvent(QMouseEvent* event) override; ///< Likewise.
+    void paintEvent(QPaintEvent* event) override;      ///< Likewise.
     /// Steps only with the focus; otherwise the form below scrolls.
     void wheelEvent(QWheelEvent* event) override;
 

@@ -35,6 +35,7 @@ class BASICVALUEWIDGETS_EXPORT VCLineEdit : public QLineEdit,
     Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
 
 public:
+    /// What the text is: as it stands, or a frequency with its unit.
     enum LineEditType { ekPlainText = 0, ekFrequencyText = 1 };
 
     /// name is the object name, null for none.
@@ -48,6 +49,7 @@ public:
 
     /// The unit in which the frequency type shows its number.
     void SetFrequencyUnit(FrequencyText::Unit unit);
+    /// The unit that the shown frequency has.
     FrequencyText::Unit GetFrequencyUnit() const { return m_unit; }
 
     /// As wide as every field; measured once for equal controls.
@@ -56,6 +58,7 @@ public:
 public Q_SLOTS:
     /// Makes typed text final at once; nothing on text that nobody touched.
     void endEdit();
+    /// The host's gate; a control whose value is gone stays disabled.
     void setEnabled(bool enabled);
 
 Q_SIGNALS:
@@ -65,11 +68,13 @@ Q_SIGNALS:
 
 protected:
     void ApplyRecordedState(const QVariant& state) override;
+    /// Qt's own: when text that is being typed becomes final.
     bool event(QEvent* event) override;
-    void changeEvent(QEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;        ///< Likewise.
+    void focusOutEvent(QFocusEvent* event) override; ///< Likewise.
+    void keyPressEvent(QKeyEvent* event) override;   ///< Likewise.
 
+    /// The value this edit is bound to, not owned; null without one.
     values::ValueBase* boundValue() const { return m_binding.Value(); }
     /// Null unless a numeric value is bound.
     values::IValueNumeric* boundNumber() const;

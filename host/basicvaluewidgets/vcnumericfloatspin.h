@@ -58,6 +58,7 @@ public:
     /// A suffix that begins with a letter is shown one blank off the number;
     /// the getter gives what was set.
     void setSuffix(const QString& suffix);
+    /// The text behind the number, as set.
     QString suffix() const { return m_suffix; }
     /// Decimals shown, 0 to 15.
     void setAdditionalPrecision(int decimals);
@@ -69,10 +70,12 @@ public:
     void SetDisplayScalingFactor(double factor);
     /// Another name of SetDisplayScalingFactor.
     void SetFactor(double factor) { SetDisplayScalingFactor(factor); }
+    /// Added to the number for display, after the factor.
     void SetDisplayAdditveOffset(double offset);
-    double displayAdditiveOffset() const { return m_offset; }
+    double displayAdditiveOffset() const { return m_offset; } ///< Likewise.
     /// True leaves typing as the only way to change the number.
     void disableStep(bool disable);
+    /// Names the line edit within as well.
     void setObjectName(const QString& name);
     /// QWIDGETSIZE_MAX and above lift an earlier fixed width; the control then
     /// reports its ordinary width.
@@ -81,29 +84,35 @@ public:
     /// Limits in value units. With a value bound they can narrow its limits,
     /// not widen them, and last until the value tells of new limits.
     double valueMinimum() const { return m_minimum; }
+    /// The limits in value units, as a row propagates them.
     double valueMaximum() const { return m_maximum; }
-    void setValueMinimum(double minimum);
-    void setValueMaximum(double maximum);
+    void setValueMinimum(double minimum); ///< Likewise.
+    void setValueMaximum(double maximum); ///< Likewise.
 
     /// Measured once for equal controls.
     QSize sizeHint() const override;
+    /// Wide enough for the common width of all controls.
     QSize minimumSizeHint() const override;
+    /// Qt's own, on display numbers: stepping within the limits, reading and writing text, refusing with a
+    /// hint.
     void stepBy(int steps) override;
-    QValidator::State validate(QString& input, int& position) const override;
-    double valueFromText(const QString& text) const override;
-    QString textFromValue(double number) const override;
-    void fixup(QString& input) const override;
+    QValidator::State validate(QString& input, int& position) const override; ///< Likewise.
+    double valueFromText(const QString& text) const override;                 ///< Likewise.
+    QString textFromValue(double number) const override;                      ///< Likewise.
+    void fixup(QString& input) const override;                                ///< Likewise.
 
 public Q_SLOTS:
+    /// The host's gate; a control whose value is gone stays disabled.
     void setEnabled(bool enabled);
 
 protected:
     void ApplyRecordedState(const QVariant& state) override;
+    /// Qt's own: when a number that is being typed is committed, and which steps the limits leave.
     bool event(QEvent* event) override;
-    void changeEvent(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-    StepEnabled stepEnabled() const override;
+    void changeEvent(QEvent* event) override;        ///< Likewise.
+    void keyPressEvent(QKeyEvent* event) override;   ///< Likewise.
+    void focusOutEvent(QFocusEvent* event) override; ///< Likewise.
+    StepEnabled stepEnabled() const override;        ///< Likewise.
     /// Steps only with the focus; otherwise the form below scrolls.
     void wheelEvent(QWheelEvent* event) override;
 

@@ -20,8 +20,9 @@ public:
     /// A window below parent (null for none) with the property page in it; it
     /// deletes itself on closing. Null if there is no page.
     virtual QWidget* CreateContextProperty(QWidget* parent, const char* name);
+    /// Allows the context menu or the property page; both are kept for controls that have one.
     virtual void EnableContextMenu(bool enable);
-    virtual void EnablePropertyPage(bool enable);
+    virtual void EnablePropertyPage(bool enable); ///< Likewise.
     /// Null until a menu was set.
     virtual ResortPopupMenu* GetContextMenu();
     /// A new page, owned by parent or the caller. Null if pages are switched
@@ -29,9 +30,10 @@ public:
     virtual QWidget* GetPropertyPage(QWidget* parent, const char* name);
     /// Null takes the menu away. takeOwnership: the control deletes it.
     virtual void SetContextMenu(ResortPopupMenu* menu, bool takeOwnership);
+    /// Whether there is one, and whether it may open.
     virtual bool hasContextMenu() const;
-    virtual bool hasEnabledContextMenu() const;
-    virtual bool hasPropertyPage() const;
+    virtual bool hasEnabledContextMenu() const; ///< Likewise.
+    virtual bool hasPropertyPage() const;       ///< Likewise.
 
 protected:
     Control() = default;

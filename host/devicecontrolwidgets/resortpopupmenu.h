@@ -12,6 +12,7 @@ class DEVICECONTROLWIDGETS_EXPORT ResortPopupMenu : public QMenu
     Q_OBJECT
 
 public:
+    /// An empty menu; @p parent owns it and may be null.
     explicit ResortPopupMenu(QWidget* parent = nullptr);
 
     /// Equal texts keep their order; separators stay where they are.

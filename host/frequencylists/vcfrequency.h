@@ -39,34 +39,43 @@ public:
     /// Bind the numeric value at a tree path. False if there is none; the path
     /// is tried again whenever the control is shown. An empty path unbinds.
     bool SetFrequency_ValuePath(const QString& path);
+    /// Where the bandwidth lies that the page keys step by; false if there is nothing yet, and tried again at
+    /// each show.
     bool SetBandwidth_ValuePath(const QString& path);
 
     /// False: the frequency shows, but nothing here changes it.
     void EnableInput(bool enable);
+    /// Whether the user's input is blocked.
     bool isReadOnly() const { return m_readOnly; }
     /// Works like EnableInput with the opposite sense; both have to allow input.
     void setReadOnly(bool readOnly);
     /// Greys the three buttons, or gives them back.
     void EnableButtons(bool enable);
+    /// The same as EnableButtons(false).
     void DisableButtons() { EnableButtons(false); }
 
+    /// The buttons, owned by this control; null where the form of the control has none.
     VCButton* GetTuneButton() const { return m_tuneButton; }
-    VCMiniFrequency* GetFrequencyButtonCtrl() const { return m_frequencyButton; }
-    VCMiniFrequency* GetHistoryButtonCtrl() const { return m_historyButton; }
+    VCMiniFrequency* GetFrequencyButtonCtrl() const { return m_frequencyButton; } ///< Likewise.
+    VCMiniFrequency* GetHistoryButtonCtrl() const { return m_historyButton; }     ///< Likewise.
 
     /// Newest first, each once, ten at the most.
     const QVector<double>& History() const { return m_history; }
+    /// Shows the frequency in @p unit from now on.
     void SetUnit(FrequencyText::Unit unit);
 
     void Update(Observable* observable, TChangeCode code) override;
+    /// Allows the context menu.
     void EnableContextMenu(bool enable) override;
 
 public Q_SLOTS:
+    /// One of the two gates of input; EnableInput() is the other.
     void setEnabled(bool enabled);
     /// Writes the frequency as the user's choice and remembers it.
     void slotSetFrequencyValue(double hertz);
     /// One bandwidth, or one step of the value if no bandwidth is bound.
     void slotIncrement();
+    /// One step down at the cursor's digit, as the arrow key does.
     void slotDecrement();
     /// Numbers that are not finite are left out.
     void slotAddToHistory(double hertz);
@@ -77,10 +86,11 @@ Q_SIGNALS:
 
 protected:
     QWidget* MakePropertyPage(QWidget* parent) override;
+    /// Qt's own: looks, menu, and the look for a bandwidth at each show.
     bool event(QEvent* event) override;
-    void changeEvent(QEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;                 ///< Likewise.
+    void contextMenuEvent(QContextMenuEvent* event) override; ///< Likewise.
+    void showEvent(QShowEvent* event) override;               ///< Likewise.
 
 private:
     void makeButtons(bool compact, bool withHistory);

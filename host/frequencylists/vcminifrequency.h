@@ -14,6 +14,7 @@ public:
     /// name is the object name, null for none.
     VCMiniFrequency(QWidget* parent, const char* name);
 
+    /// The same as setEnabled().
     void enable(bool enable) { setEnabled(enable); }
 };
 

@@ -10,6 +10,7 @@
 class GUIBASE_EXPORT SuffixedDouble
 {
 public:
+    /// Which prefix a number is printed with; automatic is the largest that leaves 1 or more.
     enum ESuffix : int { ekAutomatic = 0, ekNone = 1, ekKilo = 2, ekMega = 3, ekGiga = 4 };
 
     /// base is the step between two prefixes (1000, or 1024 for bytes); below 2
@@ -19,6 +20,7 @@ public:
     /// A number outside ESuffix means automatic: the largest prefix that
     /// leaves 1 or more.
     void SetSuffix(ESuffix suffix) { m_suffix = suffix; }
+    /// The prefix that numbers are printed with.
     ESuffix GetSuffix() const { return m_suffix; }
 
     /// Up to 3, 6, 9 or 12 decimals for no prefix, k, M, G. Numbers that are

@@ -11,12 +11,14 @@
 class GUIBASE_EXPORT TypedNumber
 {
 public:
+    /// Takes the text apart; it may be anything.
     explicit TypedNumber(const QString& text);
 
     /// False if the text does not begin with a number; the rest is empty then.
     bool IsNumber() const { return m_isNumber; }
     /// What stands behind the number, without blanks around it.
     const QString& Unit() const { return m_unit; }
+    /// Whether the number was typed with a point or comma.
     bool HasPoint() const;
     /// The number times ten to \a power, rounded once; 0 if it is none, or too
     /// large for a double.

@@ -19,11 +19,14 @@ public:
     UndoRecordingControlBase(const UndoRecordingControlBase&) = delete;
     UndoRecordingControlBase& operator=(const UndoRecordingControlBase&) = delete;
 
+    /// Whether there is an edit to take back, or one to do again.
     bool CanUndo() const { return m_position > 0; }
-    bool CanRedo() const { return m_position < m_edits.size(); }
+    bool CanRedo() const { return m_position < m_edits.size(); } ///< Likewise.
     /// Both return false if there is nothing to walk to.
     bool Undo();
+    /// Does the next edit again; false if there is none.
     bool Redo();
+    /// Forgets all edits; nothing of the control changes.
     void ClearUndo();
 
 protected:

@@ -10,8 +10,8 @@
 /// and G, numbered from 0. One step is three powers of ten.
 namespace UnitPrefix {
 
-constexpr int Count = 4;
-constexpr int PowersPerStep = 3;
+constexpr int Count = 4;         ///< how many there are
+constexpr int PowersPerStep = 3; ///< powers of ten from one to the next
 
 /// "", "k", "M" or "G"; empty for any other number.
 GUIBASE_EXPORT QString Text(int step);

@@ -61,8 +61,12 @@ bool convertNumber(From from, To* to)
 template <typename T>
 struct VALUEFRAMEWORK_EXPORT FormatBool
 {
+    /// What a Value needs to know of its type: its number, its text, and back; fromText() leaves the value if
+    /// it cannot read.
     static constexpr ValueType Type = TypeBool;
+    /// Likewise.
     static QString toText(T value) { return value ? QStringLiteral("true") : QStringLiteral("false"); }
+    /// Likewise.
     static bool fromText(const QString& text, T* value)
     {
         double number = 0.0;
@@ -79,8 +83,11 @@ struct VALUEFRAMEWORK_EXPORT FormatBool
 template <typename T>
 struct VALUEFRAMEWORK_EXPORT FormatString
 {
+    /// What a Value needs to know of its type: its number, its text, and back; fromText() leaves the value if
+    /// it cannot read.
     static constexpr ValueType Type = TypeString;
-    static QString toText(const T& value) { return value; }
+    static QString toText(const T& value) { return value; } ///< Likewise.
+    /// Likewise.
     static bool fromText(const QString& text, T* value)
     {
         *value = text;
@@ -92,8 +99,11 @@ struct VALUEFRAMEWORK_EXPORT FormatString
 template <typename T>
 struct VALUEFRAMEWORK_EXPORT FormatInt
 {
+    /// What a Value needs to know of its type: its number, its text, and back; fromText() leaves the value if
+    /// it cannot read.
     static constexpr ValueType Type = sizeof(T) == sizeof(qint64) ? TypeInt64 : TypeInt;
-    static QString toText(T value) { return numberText(static_cast<qint64>(value)); }
+    static QString toText(T value) { return numberText(static_cast<qint64>(value)); } ///< Likewise.
+    /// Likewise.
     static bool fromText(const QString& text, T* value)
     {
         qint64 number = 0;
@@ -105,8 +115,11 @@ struct VALUEFRAMEWORK_EXPORT FormatInt
 template <typename T>
 struct VALUEFRAMEWORK_EXPORT FormatFloat
 {
+    /// What a Value needs to know of its type: its number, its text, and back; fromText() leaves the value if
+    /// it cannot read.
     static constexpr ValueType Type = TypeDouble;
-    static QString toText(T value) { return numberText(static_cast<double>(value)); }
+    static QString toText(T value) { return numberText(static_cast<double>(value)); } ///< Likewise.
+    /// Likewise.
     static bool fromText(const QString& text, T* value)
     {
         double number = 0.0;
@@ -119,7 +132,9 @@ struct VALUEFRAMEWORK_EXPORT FormatFloat
 template <typename T, typename Format>
 struct VALUEFRAMEWORK_EXPORT StreamFormat
 {
+    /// The text of a value, and the value of a text; read() is false and changes nothing if it cannot.
     static QString write(const T& value) { return Format::toText(value); }
+    /// Likewise.
     static bool read(const QString& text, T* value)
     {
         const QString core = std::is_same<T, QString>::value ? text : text.trimmed();

@@ -27,9 +27,10 @@ class VALUEFRAMEWORK_EXPORT IValue
 public:
     virtual ~IValue();
 
+    /// The value as anybody may read it: its last path part, its TypeXxx number, its content as text.
     virtual const QString& GetName() const = 0;
-    virtual ValueType GetType() const = 0;
-    virtual QString GetStringValue() const = 0;
+    virtual ValueType GetType() const = 0;      ///< Likewise.
+    virtual QString GetStringValue() const = 0; ///< Likewise.
     /// False if the text cannot be read; then nothing changes.
     virtual bool SetStringValue(QString text, IObserver* originator) = 0;
 };
@@ -52,6 +53,7 @@ public:
 
     /// `item` is not owned; null tells nobody.
     virtual void SetDeleteObserver(ITreeItem* item) = 0;
+    /// Where the item reports its end; null outside a tree.
     virtual ITreeItem* GetDeleteObserver() const = 0;
 };
 
@@ -61,6 +63,7 @@ class VALUEFRAMEWORK_EXPORT IHasTimerCallback
 public:
     virtual ~IHasTimerCallback();
 
+    /// Timer @p timerId has come round.
     virtual void TimerCallback(int timerId) = 0;
 };
 
@@ -80,8 +83,11 @@ class VALUEFRAMEWORK_EXPORT ISupportTransaction
 public:
     virtual ~ISupportTransaction();
 
+    /// Holds changes back until the outermost end, which sends @p code; @p originator is not told, null tells
+    /// all.
     virtual void StartTransaction(IObserver* originator) = 0;
-    virtual void EndTransaction(TChangeCode code, IObserver* originator) = 0;
+    virtual void EndTransaction(TChangeCode code, IObserver* originator) = 0; ///< Likewise.
+    /// Whether a transaction is open.
     virtual bool IsTransactionActive() const = 0;
 };
 

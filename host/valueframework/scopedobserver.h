@@ -21,6 +21,7 @@ class ValueBase;
 class VALUEFRAMEWORK_EXPORT ScopedObserver
 {
 public:
+    /// What is called for each notice that was asked for.
     using Callback = std::function<void(ValueBase& value, TChangeCode code)>;
 
     /// Observes nothing.
@@ -30,8 +31,9 @@ public:
     /// and name may be asked then. `callback` may destroy the value and this
     /// object, or give it something else to observe.
     ScopedObserver(ValueBase* value, Callback callback);
+    /// Hands the observation on; the one moved from observes nothing.
     ScopedObserver(ScopedObserver&& other) noexcept;
-    ScopedObserver& operator=(ScopedObserver&& other) noexcept;
+    ScopedObserver& operator=(ScopedObserver&& other) noexcept; ///< Likewise.
     ScopedObserver(const ScopedObserver&) = delete;
     ScopedObserver& operator=(const ScopedObserver&) = delete;
     ~ScopedObserver();

@@ -52,6 +52,7 @@ public:
     /// observers add there meanwhile stays.
     int RemoveNode(const QString& nodePath);
 
+    /// Whether no value is left in the node and below it.
     bool IsEmpty() const { return m_valueCount == 0; }
     /// Values without a name count too.
     int GetValueCount() const { return m_valueCount; }

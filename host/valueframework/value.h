@@ -19,6 +19,7 @@ public:
     using ValueBase::ValueBase;
     ~Value() override { this->retire(); }
 
+    /// The content, whatever a transaction holds back.
     T GetValue() const { return m_content; }
     /// Tells of `ChangeCode::Content`. True if the content changed.
     virtual bool SetValue(T value, IObserver* originator)
@@ -29,8 +30,9 @@ public:
         return true;
     }
 
+    /// As the interface says.
     ValueType GetType() const override { return Format::Type; }
-    QString GetStringValue() const override { return Stream::write(m_content); }
+    QString GetStringValue() const override { return Stream::write(m_content); } ///< Likewise.
     bool SetStringValue(QString text, IObserver* originator) override
     {
         T value = m_content;

@@ -34,6 +34,7 @@ public:
     explicit ValueBase(const QString& name, TValueState state = ValueState::Normal);
     ~ValueBase() override;
 
+    /// The name in its node; empty for a value without one.
     const QString& GetName() const override { return m_name; }
     /// Renames, in the tree too, and tells of `ChangeCode::Name`. False if the
     /// node already has a value of that name; then nothing changes.
@@ -41,6 +42,7 @@ public:
     /// "/node/name"; empty for a value that has no name or is not in the tree.
     QString GetPathName() const;
 
+    /// Normal, or GoingAway while it dies.
     TValueState GetState() const { return m_state; }
     /// Tells of `ChangeCode::State`.
     void SetState(TValueState state, IObserver* originator);
@@ -63,9 +65,11 @@ public:
     bool AddObserver(IObserver* observer) override;
     bool MakeFirstObserver(IObserver* observer) override;
 
+    /// Holds notifications back; nests. @p originator is the one who starts, and may be null.
     void StartTransaction(IObserver* originator) override;
     /// The outermost end always sends `code`, once; without a start nothing happens.
     void EndTransaction(TChangeCode code, IObserver* originator) override;
+    /// Whether a transaction is open.
     bool IsTransactionActive() const override { return m_transactionDepth > 0; }
     /// A transaction that lasts as long as the result and sends `codes` then.
     ValueTransaction CreateTransaction(std::initializer_list<TChangeCode> codes, IObserver* originator);
@@ -73,10 +77,13 @@ public:
     /// The context in which controls translate the value's texts, in UTF-8; null or
     /// empty for none. Tells of `ChangeCode::Name`.
     void SetTranslationNamespace(const char* context, IObserver* originator);
+    /// The context in which names are translated; a new one sends code 4 to all but @p originator, who may be
+    /// null.
     void SetTranslationNamespace(const QByteArray& context, IObserver* originator);
-    const QByteArray& GetTranslationNamespace() const { return m_translationNamespace; }
+    const QByteArray& GetTranslationNamespace() const { return m_translationNamespace; } ///< Likewise.
 
     void SetDeleteObserver(ITreeItem* item) override { m_deleteObserver = item; }
+    /// The node the value hangs in; null outside the tree.
     ITreeItem* GetDeleteObserver() const override { return m_deleteObserver; }
 
     /// Does nothing; a value that needs a timer overrides it.

@@ -18,22 +18,25 @@ namespace values {
 class VALUEFRAMEWORK_EXPORT CommentedRange
 {
 public:
+    /// The range's number, and its frequencies in hertz.
     unsigned int GetID() const { return m_id; }
-    double GetRangeStart() const { return m_start; }
-    double GetRangeStop() const { return m_stop; }
-    double GetFrequency() const { return m_frequency; }
-    double GetBandwidth() const { return m_bandwidth; }
+    double GetRangeStart() const { return m_start; }    ///< Likewise.
+    double GetRangeStop() const { return m_stop; }      ///< Likewise.
+    double GetFrequency() const { return m_frequency; } ///< Likewise.
+    double GetBandwidth() const { return m_bandwidth; } ///< Likewise.
 
+    /// Sets one of them; nobody is told.
     void SetID(unsigned int id) { m_id = id; }
-    void SetRangeStart(double hertz);
-    void SetRangeStop(double hertz);
-    void SetFrequency(double hertz);
-    void SetBandwidth(double hertz);
+    void SetRangeStart(double hertz); ///< Likewise.
+    void SetRangeStop(double hertz);  ///< Likewise.
+    void SetFrequency(double hertz);  ///< Likewise.
+    void SetBandwidth(double hertz);  ///< Likewise.
 
     /// By start, then by stop.
     bool operator<(const CommentedRange& other) const;
+    /// Ranges are equal if all they hold is.
     bool operator==(const CommentedRange& other) const;
-    bool operator!=(const CommentedRange& other) const { return !(*this == other); }
+    bool operator!=(const CommentedRange& other) const { return !(*this == other); } ///< Likewise.
 
 private:
     double m_start = 0.0;
@@ -46,6 +49,7 @@ private:
 /// A range as text: start, stop, frequency and bandwidth, a blank between them.
 struct VALUEFRAMEWORK_EXPORT CommentedRangeItemFormat
 {
+    /// The range in words, for traces and tests.
     static QString toText(const CommentedRange& range);
     /// False, and `range` untouched, unless the text is four numbers.
     static bool fromText(const QString& text, CommentedRange* range);
@@ -54,8 +58,9 @@ struct VALUEFRAMEWORK_EXPORT CommentedRangeItemFormat
 /// Where a range keeps its id.
 struct VALUEFRAMEWORK_EXPORT CommentedRangeItemAdapter
 {
+    /// The number that a range brings along and takes.
     static unsigned int id(const CommentedRange& range) { return range.GetID(); }
-    static void setId(CommentedRange* range, unsigned int id) { range->SetID(id); }
+    static void setId(CommentedRange* range, unsigned int id) { range->SetID(id); } ///< Likewise.
 };
 
 /// What maps of items have in common, whatever the items are.
@@ -65,6 +70,7 @@ public:
     using ValueBase::ValueBase;
     ~ValueItemMapBase() override;
 
+    /// How many ranges there are.
     virtual int GetItemCount() const = 0;
     /// Removes all items and tells of `ChangeCode::ItemsRemoved`.
     virtual void Clear(IObserver* originator) = 0;
@@ -73,6 +79,7 @@ public:
     /// One above the highest key, 0 in an empty map; the lowest free one if there is none above.
     virtual unsigned int CreateNewUniqueKey() const = 0;
 
+    /// As the interface says.
     ValueType GetType() const override { return TypeRangeMap; }
 };
 
@@ -82,14 +89,18 @@ template <typename Item, typename ItemFormat, typename ItemAdapter>
 class VALUEFRAMEWORK_EXPORT ValueFrequencyItemMap : public ValueItemMapBase
 {
 public:
+    /// The ranges by key, in the order of the keys.
     using Data = std::map<unsigned int, Item>;
 
     using ValueItemMapBase::ValueItemMapBase;
     ~ValueFrequencyItemMap() override { this->retire(); }
 
+    /// The ranges by key, in the order of the keys.
     const Data& data() const { return m_items; }
+    /// How many ranges there are.
     int GetItemCount() const override { return static_cast<int>(m_items.size()); }
 
+    /// Removes all and sends code 8 to all but @p originator, who may be null; silent if there are none.
     void Clear(IObserver* originator) override
     {
         if (m_items.empty())
@@ -119,6 +130,7 @@ public:
         return key;
     }
 
+    /// Removes one and sends code 8 to all but @p originator, who may be null; false without such a key.
     bool EraseAt(unsigned int key, IObserver* originator) override
     {
         if (m_items.erase(key) == 0)
@@ -127,8 +139,10 @@ public:
         return true;
     }
 
+    /// The highest key plus 1.
     unsigned int CreateNewUniqueKey() const override { return freeKey(m_items); }
 
+    /// The ranges as text that SetStringValue() reads.
     QString GetStringValue() const override
     {
         QStringList texts;
@@ -137,6 +151,7 @@ public:
         return texts.join(QLatin1Char(';'));
     }
 
+    /// False, and nothing changed, if the text cannot be read. @p originator is not told, null tells all.
     bool SetStringValue(QString text, IObserver* originator) override
     {
         Data items;
@@ -152,6 +167,7 @@ public:
         return true;
     }
 
+    /// Takes the ranges of @p other, or of its text if that is of another type; false if it cannot be read.
     bool Assign(const ValueBase& other) override
     {
         const ValueFrequencyItemMap* same = dynamic_cast<const ValueFrequencyItemMap*>(&other);
@@ -160,6 +176,7 @@ public:
         become(same->m_items, nullptr);
         return true;
     }
+    /// Whether @p other, which may be null, is of this type and has the same ranges.
     bool Compare(const ValueBase* other) const override
     {
         const ValueFrequencyItemMap* same = dynamic_cast<const ValueFrequencyItemMap*>(other);
@@ -216,6 +233,7 @@ class VALUEFRAMEWORK_EXPORT ValueCommentedRangeMap
 public:
     /// Without a name.
     ValueCommentedRangeMap();
+    /// An empty map of that name, outside the tree.
     explicit ValueCommentedRangeMap(QString name, TValueState state = ValueState::Normal);
     ~ValueCommentedRangeMap() override;
 };

@@ -18,28 +18,36 @@ class VALUEFRAMEWORK_EXPORT IValueNumeric
 public:
     virtual ~IValueNumeric();
 
+    /// Limits, step and content, whatever the type of the number.
     double GetMin() const { return minAsDouble(); }
-    double GetMax() const { return maxAsDouble(); }
-    double GetStep() const { return stepAsDouble(); }
-    double GetValue() const { return valueAsDouble(); }
+    double GetMax() const { return maxAsDouble(); }     ///< Likewise.
+    double GetStep() const { return stepAsDouble(); }   ///< Likewise.
+    double GetValue() const { return valueAsDouble(); } ///< Likewise.
+    /// Sets one of them; true if it changed. @p originator is the one who is not told; null tells all.
     bool SetMin(double min, IObserver* originator) { return setMinFromDouble(min, originator); }
+    /// Likewise.
     bool SetMax(double max, IObserver* originator) { return setMaxFromDouble(max, originator); }
+    /// Likewise.
     bool SetStep(double step, IObserver* originator) { return setStepFromDouble(step, originator); }
+    /// Likewise.
     bool SetValue(double value, IObserver* originator) { return setValueFromDouble(value, originator); }
 
     /// This number as the value it is; never null.
     virtual ValueBase* AsValueBase() = 0;
+    /// The value itself, never null.
     virtual const ValueBase* AsValueBase() const = 0;
 
 protected:
+    /// What the getters of the interface ask the type for.
     virtual double minAsDouble() const = 0;
-    virtual double maxAsDouble() const = 0;
-    virtual double stepAsDouble() const = 0;
-    virtual double valueAsDouble() const = 0;
+    virtual double maxAsDouble() const = 0;   ///< Likewise.
+    virtual double stepAsDouble() const = 0;  ///< Likewise.
+    virtual double valueAsDouble() const = 0; ///< Likewise.
+    /// What the setters of the interface hand to the type; @p originator is not told, null tells all.
     virtual bool setMinFromDouble(double min, IObserver* originator) = 0;
-    virtual bool setMaxFromDouble(double max, IObserver* originator) = 0;
-    virtual bool setStepFromDouble(double step, IObserver* originator) = 0;
-    virtual bool setValueFromDouble(double value, IObserver* originator) = 0;
+    virtual bool setMaxFromDouble(double max, IObserver* originator) = 0;     ///< Likewise.
+    virtual bool setStepFromDouble(double step, IObserver* originator) = 0;   ///< Likewise.
+    virtual bool setValueFromDouble(double value, IObserver* originator) = 0; ///< Likewise.
 };
 
 /// A number that is kept between a minimum and a maximum.
@@ -57,22 +65,29 @@ class VALUEFRAMEWORK_EXPORT ValueNumeric : public Value<T, Format, Stream>, publ
     using OtherNumber = std::enable_if_t<std::is_arithmetic<N>::value && !std::is_same<N, T>::value>;
 
 public:
+    /// What holds the number.
     using Base = Value<T, Format, Stream>;
     using Base::Base;
     ~ValueNumeric() override { this->retire(); }
 
+    /// The content.
     using Base::GetValue;
+    /// The limits, and the step, in value units.
     T GetMin() const { return m_min; }
-    T GetMax() const { return m_max; }
-    T GetStep() const { return m_step; }
+    T GetMax() const { return m_max; }   ///< Likewise.
+    T GetStep() const { return m_step; } ///< Likewise.
 
     /// Tells of `ChangeCode::Content` if the number, kept within the limits, is new.
     bool SetValue(T value, IObserver* originator) override
     {
         return convertNumber(value, &value) && Base::SetValue(bounded(value), originator);
     }
+    /// Sets one of them with code 6, and 3 if the content had to follow; @p originator is not told, null
+    /// tells all.
     bool SetMin(T min, IObserver* originator) { return SetMinMax(min, m_max, m_step, originator); }
+    /// Likewise.
     bool SetMax(T max, IObserver* originator) { return SetMinMax(m_min, max, m_step, originator); }
+    /// Likewise.
     bool SetStep(T step, IObserver* originator) { return SetMinMax(m_min, m_max, step, originator); }
     /// Limits and step in one go, told once.
     bool SetMinMax(T min, T max, T step, IObserver* originator)
@@ -89,29 +104,34 @@ public:
     }
 
     template <typename N, typename = OtherNumber<N>>
+    /// The same for numbers of other types, which saturate at the ends of this one.
     bool SetValue(N value, IObserver* originator)
     {
         T number = T();
         return convertNumber(value, &number) && SetValue(number, originator);
     }
+    /// Likewise.
     template <typename N, typename = OtherNumber<N>>
     bool SetMin(N min, IObserver* originator)
     {
         T number = T();
         return convertNumber(min, &number) && SetMin(number, originator);
     }
+    /// Likewise.
     template <typename N, typename = OtherNumber<N>>
     bool SetMax(N max, IObserver* originator)
     {
         T number = T();
         return convertNumber(max, &number) && SetMax(number, originator);
     }
+    /// Likewise.
     template <typename N, typename = OtherNumber<N>>
     bool SetStep(N step, IObserver* originator)
     {
         T number = T();
         return convertNumber(step, &number) && SetStep(number, originator);
     }
+    /// Likewise.
     template <typename Min, typename Max, typename Step>
     bool SetMinMax(Min min, Max max, Step step, IObserver* originator)
     {
@@ -137,16 +157,21 @@ public:
     }
 
     ValueBase* AsValueBase() override { return this; }
+    /// As the interface says.
     const ValueBase* AsValueBase() const override { return this; }
 
 protected:
-    double minAsDouble() const override { return static_cast<double>(m_min); }
-    double maxAsDouble() const override { return static_cast<double>(m_max); }
-    double stepAsDouble() const override { return static_cast<double>(m_step); }
-    double valueAsDouble() const override { return static_cast<double>(this->GetValue()); }
+    double minAsDouble() const override { return static_cast<double>(m_min); }              ///< Likewise.
+    double maxAsDouble() const override { return static_cast<double>(m_max); }              ///< Likewise.
+    double stepAsDouble() const override { return static_cast<double>(m_step); }            ///< Likewise.
+    double valueAsDouble() const override { return static_cast<double>(this->GetValue()); } ///< Likewise.
+    /// Likewise.
     bool setMinFromDouble(double min, IObserver* originator) override { return SetMin(min, originator); }
+    /// Likewise.
     bool setMaxFromDouble(double max, IObserver* originator) override { return SetMax(max, originator); }
+    /// Likewise.
     bool setStepFromDouble(double step, IObserver* originator) override { return SetStep(step, originator); }
+    /// Likewise.
     bool setValueFromDouble(double value, IObserver* originator) override
     {
         return SetValue(value, originator);

@@ -23,9 +23,11 @@ public:
     ValuePtr& operator=(const ValuePtr&) = delete;
     ~ValuePtr() override { ValuePtr::Set(nullptr); }
 
+    /// The value pointed to; null once it has gone.
     T* Get() const { return m_value; }
-    T* operator->() const { return m_value; }
-    T& operator*() const { return *m_value; }
+    T* operator->() const { return m_value; } ///< Likewise.
+    T& operator*() const { return *m_value; } ///< Likewise.
+    /// Whether there is a value.
     explicit operator bool() const { return m_value != nullptr; }
 
     /// Leaves the old value and watches the new one, which may be null. One that

@@ -17,15 +17,18 @@ namespace values {
 class VALUEFRAMEWORK_EXPORT SelectionItem
 {
 public:
+    /// An entry: the name shown, the number it stands for, the key a host knows it by.
     explicit SelectionItem(const QString& name, double value = 0.0, long key = 0);
-    SelectionItem(const SelectionItem&) = default;
+    SelectionItem(const SelectionItem&) = default; ///< Likewise.
 
+    /// Name, number and key of the entry.
     const QString& GetName() const { return m_name; }
-    double GetValue() const { return m_value; }
-    long GetKey() const { return m_key; }
+    double GetValue() const { return m_value; } ///< Likewise.
+    long GetKey() const { return m_key; }       ///< Likewise.
 
+    /// Entries are equal if all three are.
     bool operator==(const SelectionItem& other) const;
-    bool operator!=(const SelectionItem& other) const { return !(*this == other); }
+    bool operator!=(const SelectionItem& other) const { return !(*this == other); } ///< Likewise.
 
 private:
     QString m_name;
@@ -43,11 +46,13 @@ private:
 class VALUEFRAMEWORK_EXPORT ValueSelection : public ValueBase
 {
 public:
+    /// An empty list of that name, outside the tree.
     explicit ValueSelection(const QString& name, TValueState state = ValueState::Normal);
     ~ValueSelection() override;
 
     /// Makes room for `count` items in all at once; tells nobody.
     void Reserve(long count);
+    /// Appends an entry and sends code 5 to all but @p originator, who may be null.
     void AddItem(const QString& name, double value, long key, IObserver* originator);
     /// Takes ownership of `item`; null is ignored.
     void AddItem(SelectionItem* item, IObserver* originator);
@@ -57,19 +62,23 @@ public:
     void AddItemsFrom(const ValueSelection& other, IObserver* originator);
     /// Removes and deletes `item`. False if it is null or not of this selection.
     bool DeleteItem(SelectionItem* item, IObserver* originator);
+    /// Removes all entries and sends code 8 to all but @p originator; the choice's name is remembered.
     void DeleteItems(IObserver* originator);
 
     // All return whether there is such an item; choosing the current one is silent.
 
+    /// By name, exactly; false if there is none. @p originator is not told; null tells all.
     bool Select(const QString& name, IObserver* originator);
     /// `name` may be null: false.
     bool Select(const wchar_t* name, IObserver* originator);
     /// Exact: the first item of that value; otherwise the item with the smallest
     /// value not below `value`, the first of equals.
     bool Select(double value, IObserver* originator, bool exact);
+    /// By key, or by position from 0; false if there is none. @p originator is not told; null tells all.
     bool Select(long key, IObserver* originator);
+    /// Likewise.
     bool Select(int key, IObserver* originator) { return Select(static_cast<long>(key), originator); }
-    bool SelectIndex(long index, IObserver* originator);
+    bool SelectIndex(long index, IObserver* originator); ///< Likewise.
 
     /// Null if nothing is current.
     SelectionItem* GetCurrentItem() const { return GetItemIndex(m_current); }
@@ -78,19 +87,22 @@ public:
     /// 0 if nothing is current.
     double GetCurrentValue() const;
 
+    /// How many entries there are.
     long GetItemCount() const { return static_cast<long>(m_items.size()); }
     /// The item at a position; null if out of range. Owned by the selection, like all items handed out.
     SelectionItem* GetItemIndex(long index) const;
+    /// By name, number or key, exactly; null if there is none. Owned by the selection.
     SelectionItem* GetItem(const QString& name) const;
-    SelectionItem* GetItem(double value) const;
-    SelectionItem* GetItem(long key) const;
-    SelectionItem* GetItem(int key) const { return GetItem(static_cast<long>(key)); }
+    SelectionItem* GetItem(double value) const;                                       ///< Likewise.
+    SelectionItem* GetItem(long key) const;                                           ///< Likewise.
+    SelectionItem* GetItem(int key) const { return GetItem(static_cast<long>(key)); } ///< Likewise.
 
     /// -1 if there is no such name.
     long GetKeyForItemName(const QString& name) const;
     /// Null string if there is no such key.
     QString GetItemNameForKey(long key) const;
 
+    /// As the interface says.
     ValueType GetType() const override { return TypeSelection; }
     /// Empty if nothing is current.
     QString GetStringValue() const override;

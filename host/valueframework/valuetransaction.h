@@ -20,8 +20,9 @@ class VALUEFRAMEWORK_EXPORT ValueTransaction
 public:
     /// Starts a transaction on `value` (may be null); `originator` is not told at the end.
     ValueTransaction(ValueBase* value, std::initializer_list<TChangeCode> codes, IObserver* originator);
+    /// Hands the open transactions on; the one moved from ends none.
     ValueTransaction(ValueTransaction&& other) noexcept;
-    ValueTransaction& operator=(ValueTransaction&& other) noexcept;
+    ValueTransaction& operator=(ValueTransaction&& other) noexcept; ///< Likewise.
     ValueTransaction(const ValueTransaction&) = delete;
     ValueTransaction& operator=(const ValueTransaction&) = delete;
     ~ValueTransaction();

@@ -14,7 +14,7 @@ class CompoundTranslator;
 class QTranslator;
 
 /// Which translation contexts are in use in this process. A context counts its
-/// registrations; while it has one, <context>_<locale>.qm is installed from the
+/// registrations; while it has one, `<context>_<locale>.qm` is installed from the
 /// first folder that has one: those that the host added, the last one first, then
 /// "translations" beside the application. Made on first use and never destroyed,
 /// so that code of any library may register while it is loaded; files are read
@@ -23,6 +23,7 @@ class QTranslator;
 class VELKAPPSTARTUP_EXPORT TranslationCenter
 {
 public:
+    /// The process's one.
     static TranslationCenter& Instance();
     TranslationCenter(const TranslationCenter&) = delete;
     TranslationCenter& operator=(const TranslationCenter&) = delete;

@@ -11,12 +11,14 @@
 class VELKAPPSTARTUP_EXPORT VelkApplication
 {
 public:
+    /// Announces the program's arguments to modules, for as long as it lives; the first is the program.
     VelkApplication(int argc, const char* const* argv);
-    explicit VelkApplication(QStringList arguments);
+    explicit VelkApplication(QStringList arguments); ///< Likewise.
     virtual ~VelkApplication();
     VelkApplication(const VelkApplication&) = delete;
     VelkApplication& operator=(const VelkApplication&) = delete;
 
+    /// The one that lives; there must be one.
     static VelkApplication& Instance();
 
     /// The program first, as on the command line.

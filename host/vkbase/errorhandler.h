@@ -45,6 +45,7 @@ public:
     /// `TraceErrors` at first, or what the environment variable VELK_TRACE_MASK
     /// says (decimal, or hexadecimal with 0x).
     int GetTraceMask() const override;
+    /// Which lines are written: an or of the Trace... bits.
     void SetTraceMask(int mask);
 
     void HandleException(const VKException& exception) override;

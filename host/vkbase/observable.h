@@ -63,8 +63,9 @@ public:
     /// Gives one claim back; the last one takes `observer` out.
     void ReleaseObserver(IObserver* observer);
 
+    /// Who observes, for assertions and tests.
     bool HasObserver(const IObserver* observer) const { return m_observers.Contains(observer); }
-    int GetObserverCount() const { return m_observers.Count(); }
+    int GetObserverCount() const { return m_observers.Count(); } ///< Likewise.
 
     /// Tells every observer but `originator` (may be null) of `code`, each once.
     /// Observers may add, remove and destroy observers and this very object

@@ -13,6 +13,7 @@ class VKBASE_EXPORT ObserverList
 {
 public:
     // A value mostly has two observers, its row and its control.
+    /// The observers in order; null where one has left during a round.
     using Places = QVarLengthArray<IObserver*, 2>;
 
     ObserverList() noexcept;
@@ -20,7 +21,9 @@ public:
     ObserverList& operator=(const ObserverList&) = delete;
     ~ObserverList();
 
+    /// How many observers there are.
     int Count() const { return m_placeOf.isEmpty() ? m_places.size() : m_placeOf.size(); }
+    /// Whether @p observer is in the list.
     bool Contains(const IObserver* observer) const { return find(observer) >= 0; }
     /// In order; null where one has left.
     const Places& GetPlaces() const { return m_places; }
@@ -31,6 +34,7 @@ public:
     void MoveToFront(IObserver* observer);
     /// False if `observer` is not there.
     bool Remove(const IObserver* observer);
+    /// Forgets all observers.
     void Clear();
 
 private:

@@ -15,19 +15,21 @@ public:
     /// `file` is a source file's base name, `line` a line in it; `code` is free.
     VKException(const QString& message, const QString& file, const QString& className, const QString& method,
                 unsigned line, unsigned code);
+    /// Copies share nothing that could throw.
     VKException(const VKException&) = default;
-    VKException& operator=(const VKException&) = default;
+    VKException& operator=(const VKException&) = default; ///< Likewise.
     ~VKException() override;
 
     /// The message in UTF-8.
     const char* what() const noexcept override;
 
+    /// What went wrong and where, as given to the constructor.
     const QString& GetMessage() const { return m_message; }
-    const QString& GetFile() const { return m_file; }
-    const QString& GetClassName() const { return m_className; }
-    const QString& GetMethod() const { return m_method; }
-    unsigned GetLine() const { return m_line; }
-    unsigned GetCode() const { return m_code; }
+    const QString& GetFile() const { return m_file; }           ///< Likewise.
+    const QString& GetClassName() const { return m_className; } ///< Likewise.
+    const QString& GetMethod() const { return m_method; }       ///< Likewise.
+    unsigned GetLine() const { return m_line; }                 ///< Likewise.
+    unsigned GetCode() const { return m_code; }                 ///< Likewise.
 
 private:
     QString m_message;

@@ -21,6 +21,7 @@ class ZORVAPARSER_EXPORT ZorvaFrequencyRangeEdit : public ZorvaDelegate
     Q_OBJECT
 
 public:
+    /** @p widget is the owning row, never owned nor null. */
     explicit ZorvaFrequencyRangeEdit(ZorvaWidget* widget);
     ~ZorvaFrequencyRangeEdit() override;
 
@@ -35,31 +36,47 @@ public:
     QPair<qint64, qint64> getCurrentRange() const;
 
 Q_SIGNALS:
+    /** Behind rangeChanged(). */
     void editingFinished();
+    /** The user or the tree changed one of the two, in hertz. */
     void rangeChanged(qlonglong startFrequency, qlonglong stopFrequency);
+    /** Never comes; kept for forms that connect to it. */
     void returnPressed();
     /** Never emitted, both of them: scripts connect to them. */
     void startFrequencyUnitChanged(QString unit);
+    /** Never comes; kept for forms that connect to it. */
     void stopFrequencyUnitChanged(QString unit);
 
 public Q_SLOTS:
     /** These three do nothing: descriptions and scripts call them. */
     void addValidBand(QString a_name, qlonglong a_lowBound, qlonglong a_highBound);
+    /** Does nothing; kept for forms that call it. */
     void clearValidBands();
-    void autosetUnitScale();
+    void autosetUnitScale(); ///< Likewise.
+    /** Gives the first control the keyboard focus, once there is one. */
     void setFocus() override;
+    /** Limits of both frequencies, in hertz. */
     void setMaximum(qlonglong value);
-    void setMinimum(qlonglong value);
+    void setMinimum(qlonglong value); ///< Likewise.
+    /** Sets both, in hertz; no signal, no mark. */
     void setRange(qlonglong a_startFrequency, qlonglong a_stopFrequency);
+    /** Sets the one, in hertz; no signal, no mark. */
     void setStartFrequency(qlonglong fValue);
+    /** The element that the start is written to and read from. */
     void setStartFrequencyParameterXmlTag(QString sTag);
+    /** Stored for scripts. */
     void setStartFrequencyUnitScale(QString a_unitstring);
-    void setStartFrequencyUnitScale(qulonglong a_value);
+    void setStartFrequencyUnitScale(qulonglong a_value); ///< Likewise.
+    /** Sets the one, in hertz; no signal, no mark. */
     void setStopFrequency(qlonglong fValue);
+    /** The element that the stop is written to and read from. */
     void setStopFrequencyParameterXmlTag(QString sTag);
+    /** Stored for scripts. */
     void setStopFrequencyUnitScale(QString a_unitstring);
-    void setStopFrequencyUnitScale(qulonglong a_value);
+    void setStopFrequencyUnitScale(qulonglong a_value); ///< Likewise.
+    /** Stored for scripts. */
     void setUnitHidden(bool flag);
+    /** Commits text that is still being typed in either control. */
     void forceFinishEditing() override;
 
 private Q_SLOTS:

@@ -15,6 +15,7 @@ class ZORVAPARSER_EXPORT ZorvaHidden : public ZorvaDelegate
     Q_OBJECT
 
 public:
+    /** @p widget is the owning row, never owned nor null. */
     explicit ZorvaHidden(ZorvaWidget* widget);
     ~ZorvaHidden() override;
 
@@ -25,9 +26,11 @@ public:
     void Update(Observable* observable, TChangeCode code) override;
 
 Q_SIGNALS:
+    /** A script, the tree or parameters set the text. */
     void valueChanged(QString value);
 
 public Q_SLOTS:
+    /** Sets the text, marks the row and tells. */
     void setValue(QString value);
 
 protected:

@@ -20,6 +20,7 @@ class ZORVAPARSER_EXPORT ZorvaLineEdit : public ZorvaDelegate
     Q_OBJECT
 
 public:
+    /** @p widget is the owning row, never owned nor null. */
     explicit ZorvaLineEdit(ZorvaWidget* widget);
     ~ZorvaLineEdit() override;
 
@@ -30,24 +31,31 @@ public:
     values::ValueBase* GetVTValue() const override;
     void Update(Observable* observable, TChangeCode code) override;
 
+    /** What the control shows, or else the property of that name. */
     QString inputMask();
-    QString text();
-    int maxLength() const;
+    QString text();        ///< Likewise.
+    int maxLength() const; ///< Likewise.
+    /** What the control says; of no meaning before there is one. */
     bool isEnabled() const;
-    bool isReadOnly() const;
+    bool isReadOnly() const; ///< Likewise.
 
 Q_SIGNALS:
+    /** The user made the text final, or pressed Return. */
     void editingFinished();
-    void returnPressed();
+    void returnPressed(); ///< Likewise.
+    /** The text that is shown changed. */
     void textChanged(QString text);
     /** While typing, and once more when the text is final. */
     void textEdited(QString text);
 
 public Q_SLOTS:
+    /** Sets the property of that name; no signal, no mark. */
     void setInputMask(QString inputMask);
-    void setMaxLength(int maxLength);
-    void setText(QString text);
+    void setMaxLength(int maxLength); ///< Likewise.
+    void setText(QString text);       ///< Likewise.
+    /** Gives the control the keyboard focus, once there is one. */
     void setFocus() override;
+    /** Makes text final that is still being typed. */
     void forceFinishEditing() override;
 
 protected:
