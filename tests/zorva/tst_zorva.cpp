@@ -1,24 +1,29 @@
-#include <QProcess>
+#include "zorvarun.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
 
-/// What one run of the program left behind.
-struct Run
+QString readme()
 {
-    int code = -1;
-    QString output;
-    QString errors;
-};
+    QFile file(QStringLiteral(ZORVA_SOURCE_DIR "/README.md"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
 
-Run runZorva(const QStringList& arguments)
+/// What the completion offers for the last of the words.
+QStringList completions(const QStringList& words)
 {
-    QProcess process;
-    process.start(QStringLiteral(ZORVA_PROGRAM), arguments);
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
-        return Run();
-    return {process.exitCode(), QString::fromLocal8Bit(process.readAllStandardOutput()),
-            QString::fromLocal8Bit(process.readAllStandardError())};
+    const QString script =
+        QStringLiteral("source \"$1\"; shift; COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); _zorva; "
+                       "printf '%s\\n' \"${COMPREPLY[@]}\"");
+    const QStringList arguments = {QStringLiteral("-c"), script, QStringLiteral("bash"),
+                                   QStringLiteral(ZORVA_SOURCE_DIR "/packaging/completions/zorva"),
+                                   QStringLiteral(ZORVA_PROGRAM)};
+    return runProgram(QStringLiteral("bash"), arguments + words)
+        .output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
 } // namespace
@@ -33,7 +38,24 @@ private Q_SLOTS:
     void frame();
     void everySubcommandHasHelp();
     void kindsTellsAllAboutOne();
+    void completion_data();
+    void completion();
+    void theReadmeTellsTheTruth();
+
+private:
+    QStringList subcommands() const;
 };
+
+QStringList TestZorva::subcommands() const
+{
+    const QString overview = runZorva({QStringLiteral("--help")}).output;
+    const QString list =
+        overview.section(QStringLiteral("Subcommands:\n"), 1).section(QStringLiteral("\n\n"), 0, 0);
+    QStringList names;
+    for (const QString& line : list.split(QLatin1Char('\n')))
+        names << line.trimmed().section(QLatin1Char(' '), 0, 0);
+    return names;
+}
 
 void TestZorva::frame_data()
 {
@@ -66,7 +88,7 @@ void TestZorva::frame()
     QFETCH(int, code);
     QFETCH(QString, output);
     QFETCH(QString, errors);
-    const Run run = runZorva(arguments);
+    const ZorvaRun run = runZorva(arguments);
     QCOMPARE(run.code, code);
     QVERIFY2(output.isEmpty() ? run.output.isEmpty() : run.output.contains(output), qPrintable(run.output));
     QVERIFY2(errors.isEmpty() ? run.errors.isEmpty() : run.errors.contains(errors), qPrintable(run.errors));
@@ -74,17 +96,63 @@ void TestZorva::frame()
 
 void TestZorva::everySubcommandHasHelp()
 {
-    const QString overview = runZorva({QStringLiteral("--help")}).output;
-    const QString list =
-        overview.section(QStringLiteral("Subcommands:\n"), 1).section(QStringLiteral("\n\n"), 0, 0);
-    const QStringList lines = list.split(QLatin1Char('\n'));
-    QVERIFY(!lines.isEmpty());
-    for (const QString& line : lines) {
-        const QString name = line.trimmed().section(QLatin1Char(' '), 0, 0);
-        const Run run = runZorva({name, QStringLiteral("--help")});
+    QVERIFY(subcommands().size() > 3);
+    for (const QString& name : subcommands()) {
+        const ZorvaRun run = runZorva({name, QStringLiteral("--help")});
         QCOMPARE(run.code, 0);
         QVERIFY2(run.output.startsWith(QStringLiteral("Usage: zorva %1").arg(name)), qPrintable(run.output));
     }
+}
+
+void TestZorva::completion_data()
+{
+    QTest::addColumn<QStringList>("words");
+    QTest::addColumn<QStringList>("offered");
+    const auto words = [](const char* text) { return QString::fromLatin1(text).split(QLatin1Char(',')); };
+    QTest::newRow("subcommand") << words("for") << words("format");
+    QTest::newRow("several subcommands") << words("") << words("check,format,kinds,new,schema,--help");
+    QTest::newRow("option of all") << words("--v") << words("--version");
+    QTest::newRow("option of one") << words("format,--in") << words("--in-place");
+    QTest::newRow("option without a form") << words("new,--k") << words("--kind");
+    QTest::newRow("class") << words("kinds,Combo") << words("ComboBox");
+    QTest::newRow("nothing there") << words("kinds,Nonsense") << QStringList();
+}
+
+void TestZorva::completion()
+{
+    QFETCH(QStringList, words);
+    QFETCH(QStringList, offered);
+    const QStringList found = completions(words);
+    for (const QString& word : offered)
+        QVERIFY2(found.contains(word), qPrintable(found.join(QLatin1Char(' '))));
+    if (offered.size() < 2)
+        QCOMPARE(found, offered);
+}
+
+// The answer that the page shows is the one that the program gives.
+void TestZorva::theReadmeTellsTheTruth()
+{
+    const QString page = readme();
+    const QString form = page.section(QStringLiteral("```xml\n"), 1).section(QStringLiteral("```"), 0, 0);
+    const QString answer =
+        page.section(QStringLiteral("answers\n\n```\n"), 1).section(QStringLiteral("```"), 0, 0);
+    QVERIFY(form.contains(QStringLiteral("class=\"CheckBox\"")));
+    QVERIFY(!answer.isEmpty());
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("first.zorva")));
+    const QStringList check = {QStringLiteral("check"), QStringLiteral("first.zorva")};
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(form.toUtf8());
+    file.close();
+    const ZorvaRun clean = runZorva(check, QByteArray(), folder.path());
+    QCOMPARE(clean.code, 0);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(
+        QString(form).replace(QStringLiteral("\"CheckBox\""), QStringLiteral("\"Checkbox\"")).toUtf8());
+    file.close();
+    const ZorvaRun run = runZorva(check, QByteArray(), folder.path());
+    QCOMPARE(run.code, 1);
+    QCOMPARE(run.output, answer);
 }
 
 void TestZorva::kindsTellsAllAboutOne()
