@@ -118,8 +118,9 @@ QString CompoundTranslator::translate(const char* context, const char* sourceTex
     // A text that nobody has with its comment may be there without one.
     const Places exact = m_placesOfHash.value(hashOf(sourceText, disambiguation));
     const Places plain = m_placesOfHash.value(hashOf(sourceText, nullptr));
-    std::pair<const Places*, int> lists[] = {
-        {&exact, exact.size()}, {&plain, plain.size()}, {&m_alwaysAsked, m_alwaysAsked.size()}};
+    std::pair<const Places*, int> lists[] = {{&exact, int(exact.size())},
+                                             {&plain, int(plain.size())},
+                                             {&m_alwaysAsked, int(m_alwaysAsked.size())}};
     for (int place = takeLast(lists); place >= 0; place = takeLast(lists)) {
         const Part part = m_parts.at(place);
         const QString text = part ? part->translate(context, sourceText, disambiguation, n) : QString();
