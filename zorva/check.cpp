@@ -5,8 +5,10 @@
 #include <author/check/families.h>
 #include <author/check/report.h>
 #include <author/check/ruletexts.h>
+#include <author/check/scripttrial.h>
 #include <author/document/description.h>
 
+#include <QCoreApplication>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
@@ -151,6 +153,7 @@ public:
     explicit Run(const Arguments& arguments)
         : m_failOn(arguments.failOn)
         , m_report(makeReport(arguments.format))
+        , m_scripts(QCoreApplication::applicationFilePath(), {QStringLiteral("serve-scripts")})
     {
     }
 
@@ -193,7 +196,7 @@ private:
             complain(QStringLiteral("cannot read \"%1\": %2").arg(name, file.errorString()));
             return;
         }
-        const CheckedFile checked = check(name, bytes);
+        const CheckedFile checked = check(name, bytes, &m_scripts);
         m_report->add(checked);
         m_found = m_found || checked.has(m_failOn);
         ++m_checked;
@@ -207,6 +210,7 @@ private:
 
     Severity m_failOn;
     std::unique_ptr<Report> m_report;
+    ScriptRunner m_scripts;
     int m_checked = 0;
     bool m_found = false;
     bool m_failed = false;

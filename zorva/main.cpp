@@ -32,7 +32,7 @@ const Subcommand* find(const QString& name)
         if (name == QLatin1String(command->name))
             return command;
     }
-    return nullptr;
+    return name == QLatin1String(serveScriptsCommand.name) ? &serveScriptsCommand : nullptr;
 }
 
 int failWithNames(const QString& message)

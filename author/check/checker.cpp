@@ -16,9 +16,9 @@ bool CheckedFile::has(Severity severity) const
                        [severity](const Finding& finding) { return finding.severity >= severity; });
 }
 
-CheckedFile check(const QString& file, const QByteArray& bytes)
+CheckedFile check(const QString& file, const QByteArray& bytes, ScriptRunner* runner)
 {
-    Subject subject{SourceText(bytes)};
+    Subject subject(SourceText(bytes), runner);
     for (const Family* const family : families()) {
         if (family->check)
             family->check(subject);

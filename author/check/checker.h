@@ -12,6 +12,8 @@
 namespace Orvane {
 namespace Author {
 
+class ScriptRunner;
+
 /** What is to be said about one description. */
 struct CheckedFile
 {
@@ -25,8 +27,11 @@ struct CheckedFile
     bool has(Severity severity) const;
 };
 
-/** Looks at the bytes of a description with every rule. Gives findings for any bytes whatsoever. */
-CheckedFile check(const QString& file, const QByteArray& bytes);
+/**
+ * Looks at the bytes of a description with every rule. Gives findings for any bytes whatsoever.
+ * @p runner runs the script; without one it is only read.
+ */
+CheckedFile check(const QString& file, const QByteArray& bytes, ScriptRunner* runner = nullptr);
 
 } // namespace Author
 } // namespace Orvane

@@ -7,8 +7,9 @@ namespace Author {
 
 const QVector<const Family*>& families()
 {
-    static const QVector<const Family*> all{&documentFamily, &typesFamily, &namesFamily, &enumerationsFamily,
-                                            &rowsFamily,     &pathsFamily, &reachFamily, &suppressionFamily};
+    static const QVector<const Family*> all{&documentFamily,     &typesFamily, &namesFamily,
+                                            &enumerationsFamily, &rowsFamily,  &pathsFamily,
+                                            &scriptFamily,       &reachFamily, &suppressionFamily};
     return all;
 }
 

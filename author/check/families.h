@@ -21,6 +21,7 @@ extern const Family namesFamily;
 extern const Family enumerationsFamily;
 extern const Family rowsFamily;
 extern const Family pathsFamily;
+extern const Family scriptFamily;
 extern const Family reachFamily;
 extern const Family suppressionFamily;
 

@@ -1,6 +1,7 @@
 #include "subject.h"
 
 #include "families.h"
+#include "scripttrial.h"
 #include "writtenrow.h"
 
 namespace Orvane {
@@ -19,9 +20,10 @@ QString severityName(Severity severity)
     return QStringLiteral("note");
 }
 
-Subject::Subject(const SourceText& source)
+Subject::Subject(const SourceText& source, ScriptRunner* runner)
     : m_description(source)
     , m_reading(m_description)
+    , m_runner(runner)
 {
 }
 
@@ -30,6 +32,11 @@ const WrittenForm& Subject::written() const
     if (!m_written)
         m_written = std::make_shared<WrittenForm>(*this);
     return *m_written;
+}
+
+ScriptTrial Subject::tryScript() const
+{
+    return m_runner ? m_runner->run(source().engineBytes()) : ScriptTrial();
 }
 
 QVector<int> Subject::elements(const char* name) const

@@ -15,13 +15,16 @@
 namespace Orvane {
 namespace Author {
 
+class ScriptRunner;
 class WrittenForm;
+struct ScriptTrial;
 
 /** One description under examination: what the rules look at, and where they report. */
 class Subject
 {
 public:
-    explicit Subject(const SourceText& source);
+    /** @p runner, which is not owned, runs the script; null leaves it unrun. */
+    explicit Subject(const SourceText& source, ScriptRunner* runner = nullptr);
 
     const SourceText& source() const { return m_description.source(); }
     /** As the author meant it. */
@@ -30,6 +33,8 @@ public:
     const EngineReading& reading() const { return m_reading; }
     /** Its rows with their properties; made at the first use. */
     const WrittenForm& written() const;
+    /** How the live form's script runs at start-up. */
+    ScriptTrial tryScript() const;
     const KindTable& kinds() const { return KindTable::instance(); }
 
     const SourceElement& element(int index) const { return m_description.element(index); }
@@ -50,6 +55,7 @@ public:
 private:
     Description m_description;
     EngineReading m_reading;
+    ScriptRunner* m_runner; // not owned
     mutable std::shared_ptr<WrittenForm> m_written;
     QVector<Finding> m_findings;
 };

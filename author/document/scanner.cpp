@@ -78,8 +78,9 @@ void Scanner::scanText()
 
 void Scanner::checkReferences(Range range)
 {
-    for (int i = m_text.indexOf(QLatin1Char('&'), range.begin); i >= 0 && i < range.end;
-         i = m_text.indexOf(QLatin1Char('&'), i + 1)) {
+    for (int i = range.begin; i < range.end; ++i) {
+        if (m_text.at(i) != QLatin1Char('&'))
+            continue;
         const Reference reference = referenceAt(m_text, i);
         if (!reference.isKnown())
             complain({i, reference.end}, QStringLiteral("`%1` is no reference that XML knows; write `&amp;` "

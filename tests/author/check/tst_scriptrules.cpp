@@ -1,0 +1,77 @@
+#include "checktest.h"
+
+#include <QTest>
+
+namespace {
+
+/// A form with a check box "row" and an enumeration "E" with "A"; the script begins in line 12.
+QString formWith(const char* code, const char* language)
+{
+    return QStringLiteral("<KVParamGui version=\"1.0\">\n<Enums>\n<Enum name=\"E\">\n"
+                          "<EnumValue><DisplayName>1</DisplayName><EnumIdentifier>A</EnumIdentifier>"
+                          "<Value>1</Value></EnumValue>\n</Enum>\n</Enums>\n<Sheet name=\"sheet\">\n"
+                          "<Widget name=\"row\" class=\"CheckBox\">\n"
+                          "<Property name=\"labelText\"><String>A</String></Property>"
+                          "<Property name=\"enabled\"><Bool>true</Bool></Property>"
+                          "<Property name=\"visible\"><Bool>true</Bool></Property>"
+                          "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n</Widget>\n"
+                          "</Sheet>\n<Script language=\"%1\"><![CDATA[E;\n%2\n]]></Script>\n</KVParamGui>\n")
+        .arg(QString::fromLatin1(language), QString::fromUtf8(code));
+}
+
+} // namespace
+
+class tst_scriptrules : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void rules_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("places");
+        const auto row = [](const char* what, const char* code, const char* places,
+                            const char* language = "QtScript") {
+            QTest::newRow(what) << formWith(code, language) << QString::fromLatin1(places);
+        };
+        row("all is well", "row.toggled.connect(function(on) { print(on ? E.A : row.checked); });", "");
+        row("a syntax error",
+            "var a = 1;\n"
+            "var = 2;",
+            "script-syntax 14:1");
+        row("an unclosed brace", "function f() {", "script-syntax 13:1");
+        row("a name that is not there", "function f() { print(rwo.checked); }", "unknown-global 13:22");
+        row("a built-in name", "function f() { return Math.max(parseInt(\"1\"), isNaN(undefined)); }", "");
+        row("names of the script itself",
+            "var a = 1, b = a; function f(c) { for (var d in c) try { a = d; } catch (e) { print(e, b); } }",
+            "");
+        row("a name in an object literal", "var o = { key: 1, other: { deep: 2 } }; print(o.key);", "");
+        row("a name in a text and a pattern", "var t = \"nothing.here\" + /no\\/thing/g; // nothing.here",
+            "");
+        row("typeof a name", "if (typeof hostThing != \"undefined\") print(1);", "");
+        row("a slot that is not there", "function f() { row.setCheked(true); }", "unknown-member 13:20");
+        row("a property that is not there", "function f() { return row.chekced; }", "unknown-member 13:27");
+        row("an identifier that is not there", "function f() { return E.B; }", "unknown-member 13:25");
+        row("a signal that is not there", "function f() { row.togled.connect(f); }", "unknown-signal 13:20");
+        row("a slot for a signal", "function f() { row.setChecked.connect(f); }", "unknown-signal 13:20");
+        row("focus at start-up", "row.setFocus();", "early-control 13:5");
+        row("focus in a handler", "row.toggled.connect(function() { row.setFocus(); });", "");
+        row("an escape in small letters", "var t = \"{{lf}}\";", "escape-case 13:10");
+        row("an escape", "var t = 1;{{LF}}var u = 2;", "");
+        row("another language", "var t;", "script-language 12:19", "Python");
+        row("two mistakes",
+            "function f() { row.nothing(); }\n"
+            "function g() { nowhere(); }",
+            "unknown-member 13:20, unknown-global 14:16");
+    }
+
+    void rules()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, places);
+        QCOMPARE(placesIn(text), places);
+    }
+};
+
+QTEST_MAIN(tst_scriptrules)
+#include "tst_scriptrules.moc"

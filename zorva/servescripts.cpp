@@ -1,0 +1,18 @@
+#include "subcommand.h"
+
+#include <author/check/scripttrial.h>
+
+namespace {
+
+int run(const QStringList&)
+{
+    Orvane::Author::serveScripts();
+    return Clean;
+}
+
+} // namespace
+
+const Subcommand serveScriptsCommand = {
+    "serve-scripts",   "",  "Runs the scripts of forms for zorva check, which starts it and talks to it.\n",
+    Subcommand::Forms, run,
+};
