@@ -32,7 +32,7 @@ public:
     ScriptRunner(const ScriptRunner&) = delete;
     ScriptRunner& operator=(const ScriptRunner&) = delete;
 
-    /** Milliseconds and bytes that one script may take. */
+    /** Milliseconds of processor time and bytes that one script may take. */
     void setBounds(int time, qint64 memory);
     /** Brings the form of a description, as the engine reads its file, to life. */
     ScriptTrial run(const QByteArray& description);
@@ -41,6 +41,8 @@ private:
     bool start();
     void stop();
     qint64 memoryInUse() const;
+    /** Milliseconds of the processor since it was started; -1 where nobody tells. */
+    qint64 processorTime() const;
     ScriptTrial await();
 
     QString m_program;

@@ -148,14 +148,19 @@ void Scanner::skipBlanks()
         ++m_position;
 }
 
+QString Scanner::kept(const QString& name)
+{
+    return *m_names.insert(name);
+}
+
 void Scanner::scanStartTag()
 {
     SourceElement element;
     element.tag.begin = m_position++;
     const int nameBegin = m_position;
     scanName();
-    element.qualifiedName = m_text.mid(nameBegin, m_position - nameBegin);
-    element.name = withoutPrefix(element.qualifiedName);
+    element.qualifiedName = kept(m_text.mid(nameBegin, m_position - nameBegin));
+    element.name = kept(withoutPrefix(element.qualifiedName));
     m_inTag = true;
     m_tagSlipped = false;
     scanAttributes(element);
@@ -214,7 +219,7 @@ bool Scanner::scanAttribute(SourceElement& element)
     attribute.nameRange.begin = m_position;
     scanName();
     attribute.nameRange.end = m_position;
-    attribute.name = m_text.mid(attribute.nameRange.begin, m_position - attribute.nameRange.begin);
+    attribute.name = kept(m_text.mid(attribute.nameRange.begin, m_position - attribute.nameRange.begin));
     skipBlanks();
     if (!at("=")) {
         complain(attribute.nameRange, QStringLiteral("the attribute `%1` has no value").arg(attribute.name));

@@ -4,6 +4,7 @@
 #include "description.h"
 
 #include <QHash>
+#include <QSet>
 
 namespace Orvane {
 namespace Author {
@@ -27,6 +28,8 @@ private:
     bool scanAttribute(SourceElement& element);
     void scanEndTag();
     void scanName();
+    /** The same text, but one copy for all elements: a document has few names. */
+    QString kept(const QString& name);
     void skipBlanks();
     void checkReferences(Range range);
 
@@ -40,6 +43,7 @@ private:
     Description& m_description;
     const QString m_text;
     int m_position = 0;
+    QSet<QString> m_names;
     bool m_inTag = false;
     bool m_tagSlipped = false;       // the tag that is being read has been complained of
     QVector<int> m_open;             // elements that are not ended yet
