@@ -15,15 +15,25 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+    /// The height of the control that the text stands beside: the middles of both
+    /// are level as far as the label has room. -1: none, as in any label.
+    void setLevel(int controlHeight);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     /// Whether the hints depend on the bare text alone.
     bool isBare() const;
     QSize bareHint() const;
+    int textTop(int textHeight) const;
 
     // What was measured last.
     mutable QString m_text;
     mutable QFont m_font;
     mutable QSize m_textSize;
+
+    int m_level = -1;
 };
 
 #endif

@@ -14,6 +14,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QScrollArea>
 
 #include <algorithm>
@@ -295,12 +296,26 @@ void FloatGroupLayout::initialize()
 
 bool FloatGroupLayout::eventFilter(QObject* watched, QEvent* event)
 {
+    if (m_scrollArea && watched == m_scrollArea && event->type() == QEvent::FontChange)
+        remeasureHeads();
     if (m_scrollArea && watched == m_scrollArea && event->type() == QEvent::Resize) {
         invalidate();
         QLayout::update();
         return true;
     }
     return QObject::eventFilter(watched, event);
+}
+
+// Their titles are in the font of the sheet, of which a box with a style sheet of
+// its own hears nothing.
+void FloatGroupLayout::remeasureHeads() const
+{
+    for (int i = 0; i < m_items.count(); ++i) {
+        QWidget* head =
+            (m_flags.at(i) & FlagSectionHead) && m_items.at(i) ? m_items.at(i)->widget() : nullptr;
+        if (head)
+            head->updateGeometry();
+    }
 }
 
 void FloatGroupLayout::addItem(QLayoutItem* item)
@@ -355,9 +370,30 @@ void FloatGroupLayout::setGeometry(const QRect& rect)
         if (!item)
             continue;
         item->setGeometry(m_hints.at(i));
+        levelCaption(i);
         if (m_flags.at(i) & FlagList)
             setListGeometry(item);
     }
+}
+
+// Has the caption ahead of a field stand level with its first line.
+void FloatGroupLayout::levelCaption(int field)
+{
+    if (field == 0 || !(m_flags.at(field - 1) & FlagLabel) || (m_flags.at(field) & FlagNewRow))
+        return;
+    QLayoutItem* labelItem = m_items.at(field - 1);
+    auto* caption = labelItem ? dynamic_cast<CaptionLabel*>(labelItem->widget()) : nullptr;
+    if (!caption)
+        return;
+    const QRect place = m_hints.at(field);
+    const QLayout* list = (m_flags.at(field) & FlagList) && m_items.at(field)->widget()
+                              ? m_items.at(field)->widget()->layout()
+                              : nullptr;
+    int level = list && list->count() > 0 ? list->itemAt(0)->sizeHint().height() : place.height();
+    if (level > 2 * maximumLabelHeight)
+        level = maximumLabelHeight; // a table: its head is the first line
+    const bool beside = isVisible(place) && place.top() == m_hints.at(field - 1).top();
+    caption->setLevel(beside ? level : -1);
 }
 
 bool FloatGroupLayout::hasHeightForWidth() const
@@ -555,13 +591,36 @@ void FloatGroupLayout::gatherHints() const
 {
     // Kept apart until complete: a hint may be computed by a control that
     // invalidates the layout while it is asked.
+    if (!m_reuseItemHints)
+        askItems();
     QVector<QRect> hints;
     hints.reserve(m_items.count());
-    for (int i = 0; i < m_items.count(); ++i) {
-        const QLayoutItem* item = m_items.at(i);
-        hints.append(QRect(QPoint(0, 0), item ? item->sizeHint() : QSize(0, 0)));
-    }
+    for (const QSize& hint : qAsConst(m_itemHints))
+        hints.append(QRect(QPoint(0, 0), hint));
     m_hints = std::move(hints);
+}
+
+void FloatGroupLayout::askItems() const
+{
+    QVector<QSize> hints;
+    hints.reserve(m_items.count());
+    uint key = 1;
+    for (const QLayoutItem* item : m_items) {
+        const QSize hint = item ? item->sizeHint() : QSize(0, 0);
+        hints.append(hint);
+        key = (key * 31 + uint(hint.width())) * 31 + uint(hint.height());
+    }
+    m_itemHints = std::move(hints);
+    m_hintsKey = key;
+}
+
+int FloatGroupLayout::rearrange(int width) const
+{
+    const bool isSettled =
+        m_hints.count() == m_items.count() && m_itemHints.count() == m_items.count() && !m_items.isEmpty();
+    const QScopedValueRollback<bool> reuse(m_reuseItemHints, isSettled);
+    clearHints();
+    return sizeHint(width, 0).height();
 }
 
 int FloatGroupLayout::widestFirstField() const

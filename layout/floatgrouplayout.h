@@ -109,6 +109,12 @@ public:
     /// Size in one column whatever the width of the scroll area is; the
     /// arrangement stays as it is.
     QSize columnSize() const;
+    /// Settles the arrangement at another width; items are asked for their hints
+    /// only if the present one is not settled.
+    int rearrange(int width) const;
+    /// Stands for the hints of all items as the last arrangement found them: equal
+    /// as long as they are, whatever the width was.
+    uint hintsKey() const { return m_hintsKey; }
 
     /// Pixels after each item of a row, from the next arrangement on.
     void setHorizontalSpacing(int spacing);
@@ -132,7 +138,9 @@ private:
     QSize sizeHint(int width, int columns) const;
     bool scanItems(QList<FloatGroupColumn>& sections) const;
     void gatherHints() const;
+    void askItems() const;
     int widestFirstField() const;
+    void remeasureHeads() const;
     QSize arrange(int width, int columns) const;
     int scanSections(QList<FloatGroupColumn>& columns, QList<FloatGroupColumn>& sections, int columnCount,
                      int width) const;
@@ -140,6 +148,7 @@ private:
     int getSectionIndex(QList<FloatGroupColumn>& columns, int item) const;
     bool skipSection(int item) const;
     void setListGeometry(QLayoutItem* item);
+    void levelCaption(int field);
 
     int m_verticalSpacing = 4;
     int m_horizontalSpacing = 4;
@@ -150,6 +159,9 @@ private:
     mutable QSize m_sizeHint{0, 0};      // of the last arrangement
     mutable int m_generation = 0;        // counts the changes of m_hints
     mutable int m_widestFirst = -1;      // of the arrangement; -1 until asked for
+    mutable uint m_hintsKey = 0;
+    mutable QVector<QSize> m_itemHints; // what the arrangement was made from
+    mutable bool m_reuseItemHints = false;
 };
 
 #endif

@@ -25,25 +25,6 @@ int arrangedHeight(QWidget* content, int width)
     return content->heightForWidth(width);
 }
 
-// Settles the arrangement for the new size before the scroll area asks for a
-// size hint, which would settle a single column, tall enough to flash a bar.
-//
-// A form may be taller at the full width than at the width beside the bar,
-// since fewer columns pack the sections differently. The bar would then come
-// and go for ever; held at the narrower width the form needs none.
-void settleArrangement(QWidget* content, const QSize& room, int fullWidth, int barWidth)
-{
-    const int narrowWidth = fullWidth - barWidth;
-    const auto fits = [&](int width) { return arrangedHeight(content, width) <= room.height(); };
-    const bool barStands = room.width() < fullWidth;
-    const bool flips =
-        barStands ? fits(narrowWidth) && !fits(fullWidth) : !fits(fullWidth) && fits(narrowWidth);
-    if (!flips)
-        return;
-    arrangedHeight(content, narrowWidth);
-    content->setMaximumWidth(narrowWidth);
-}
-
 } // namespace
 
 FloatScrollArea::FloatScrollArea(QWidget* parent)
@@ -76,6 +57,57 @@ QSize FloatScrollArea::sizeHint() const
     return QSize(width, column.height() + 2 * frameWidth()).boundedTo(room);
 }
 
+bool FloatScrollArea::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest)
+        reconsider();
+    return QScrollArea::event(event);
+}
+
+void FloatScrollArea::reconsider()
+{
+    QWidget* content = widget();
+    const auto* layout = content ? qobject_cast<const FloatGroupLayout*>(content->layout()) : nullptr;
+    if (!layout || verticalScrollBarPolicy() != Qt::ScrollBarAsNeeded)
+        return;
+    const bool isHeld = content->maximumWidth() < QWIDGETSIZE_MAX;
+    const bool barStands = viewport()->width() < maximumViewportSize().width();
+    if ((!isHeld && !barStands) || m_settledHints == layout->hintsKey())
+        return;
+    if (settle())
+        release(content);
+}
+
+// Whether the rows fit at that width; a row that is wider brings the other bar.
+bool FloatScrollArea::fits(int width)
+{
+    const auto* layout = qobject_cast<const FloatGroupLayout*>(widget()->layout());
+    const int needed = layout ? layout->rearrange(width) : arrangedHeight(widget(), width);
+    const bool isWide = widget()->layout()->sizeHint().width() > width;
+    const int lost = isWide ? horizontalScrollBar()->sizeHint().height() : 0;
+    return needed <= maximumViewportSize().height() - lost;
+}
+
+// Settles the arrangement before the scroll area asks for a size hint, which
+// would settle a single column, tall enough to flash a bar. True if the rows fit
+// at the full width.
+//
+// A form may be taller at the full width than at the width beside the bar,
+// since fewer columns pack the sections differently. The bar would then come
+// and go for ever; held at the narrower width the form needs none.
+bool FloatScrollArea::settle()
+{
+    const int fullWidth = maximumViewportSize().width();
+    const int narrowWidth = fullWidth - verticalScrollBar()->sizeHint().width();
+    widget()->layout()->invalidate();
+    const bool fitsWhole = fits(fullWidth);
+    const bool isHeld = !fitsWhole && fits(narrowWidth);
+    widget()->setMaximumWidth(isHeld ? narrowWidth : QWIDGETSIZE_MAX);
+    if (const auto* layout = qobject_cast<const FloatGroupLayout*>(widget()->layout()))
+        m_settledHints = layout->hintsKey();
+    return fitsWhole;
+}
+
 void FloatScrollArea::resizeEvent(QResizeEvent* event)
 {
     if (QWidget* content = widget()) {
@@ -92,8 +124,7 @@ void FloatScrollArea::resizeEvent(QResizeEvent* event)
 void FloatScrollArea::arrange(const QSize& room)
 {
     if (verticalScrollBarPolicy() == Qt::ScrollBarAsNeeded)
-        settleArrangement(widget(), room, maximumViewportSize().width(),
-                          verticalScrollBar()->sizeHint().width());
+        settle();
     else
         arrangedHeight(widget(), room.width());
 }

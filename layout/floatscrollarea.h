@@ -25,11 +25,19 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    /// On a change of the content: a width that was held, or a bar that stands,
+    /// ends with its need.
+    bool event(QEvent* event) override;
     /// Called for each new size of the viewport: has the content arranged anew.
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void arrange(const QSize& room);
+    void reconsider();
+    bool settle();
+    bool fits(int width);
+
+    uint m_settledHints = 0; // of the content when its width was settled
 };
 
 #endif

@@ -1,10 +1,18 @@
 #include "headlinebox_p.h"
 
 #include <QEvent>
+#include <QMouseEvent>
+#include <QPointer>
 #include <QStyleOptionGroupBox>
 #include <QStylePainter>
 
 #include <limits>
+
+namespace {
+
+constexpr int gap = 6; // pixels between indicator, title and hairline
+
+} // namespace
 
 void HeadlineBox::keepMargins(const QMargins& margins)
 {
@@ -17,20 +25,76 @@ void HeadlineBox::keepMargins(const QMargins& margins)
     setContentsMargins(m_margins);
 }
 
+// The sheet's font: the style sheet of the indicator keeps the box from following
+// a new text size.
+QFont HeadlineBox::titleFont() const
+{
+    QFont font = parentWidget() ? parentWidget()->font() : this->font();
+    font.setWeight(QFont::DemiBold);
+    return font;
+}
+
+QSize HeadlineBox::indicatorSize() const
+{
+    if (!isCheckable())
+        return {0, 0};
+    return {style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, this),
+            style()->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, this)};
+}
+
+QRect HeadlineBox::indicatorRect() const
+{
+    const QSize size = indicatorSize();
+    return {QPoint(0, (height() - size.height()) / 2), size};
+}
+
+QRect HeadlineBox::titleRect() const
+{
+    const int left = isCheckable() ? indicatorSize().width() + gap : 0;
+    const int wanted = QFontMetrics(titleFont()).horizontalAdvance(title()) + 1;
+    return {left, 0, qMin(wanted, width() - left), height()};
+}
+
 QSize HeadlineBox::minimumSizeHint() const
 {
-    constexpr int air = 2; // pixels above and below the title
-    int height = fontMetrics().height();
-    if (isCheckable())
-        height = qMax(height, style()->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, this));
-    return {QGroupBox::minimumSizeHint().width(), height + 2 * air};
+    constexpr int air = 2;       // pixels above and below the title
+    constexpr int shortest = 20; // pixels of hairline
+    if (title().isEmpty())
+        return {shortest, fontMetrics().height() + 2 * air};
+    const QFontMetrics metrics(titleFont());
+    const QSize indicator = indicatorSize();
+    return {indicator.width() + metrics.horizontalAdvance(title()) + 2 * gap + shortest,
+            qMax(metrics.height(), indicator.height()) + 2 * air};
 }
 
 bool HeadlineBox::event(QEvent* event)
 {
     if (event->type() == QEvent::ContentsRectChange && contentsMargins() != m_margins)
         setContentsMargins(m_margins);
+    if (event->type() == QEvent::Shortcut)
+        return true; // the box made one of an "&" in its title
     return QGroupBox::event(event);
+}
+
+void HeadlineBox::mousePressEvent(QMouseEvent* event)
+{
+    m_pressed = isCheckable() && event->button() == Qt::LeftButton;
+    if (!m_pressed)
+        QGroupBox::mousePressEvent(event);
+}
+
+void HeadlineBox::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool clicks = m_pressed && event->button() == Qt::LeftButton && rect().contains(event->pos());
+    m_pressed = false;
+    if (!clicks) {
+        QGroupBox::mouseReleaseEvent(event);
+        return;
+    }
+    const QPointer<HeadlineBox> alive(this);
+    setChecked(!isChecked());
+    if (alive)
+        Q_EMIT clicked(isChecked());
 }
 
 // Drawn by parts: styles that know no flat boxes, and style sheets, draw an
@@ -42,34 +106,54 @@ void HeadlineBox::paintEvent(QPaintEvent*)
     initStyleOption(&option);
     if (isCheckable())
         paintIndicator(painter, option);
-    const int left = title().isEmpty() ? 0 : paintTitle(painter, option);
-    painter.setPen(palette().color(QPalette::Mid));
-    if (left < width())
-        painter.drawLine(left, height() / 2, width() - 1, height() / 2);
+    if (!title().isEmpty())
+        paintTitle(painter, option);
+    paintLine(painter);
+}
+
+// Between text and background, so that it can be seen in dark palettes as well.
+QColor HeadlineBox::lineColor() const
+{
+    constexpr double share = 0.35; // of the text
+    const QColor text = palette().color(QPalette::Active, QPalette::WindowText);
+    const QColor ground = palette().color(QPalette::Active, QPalette::Window);
+    const auto mixed = [](int a, int b) { return qRound(share * a + (1 - share) * b); };
+    return {mixed(text.red(), ground.red()), mixed(text.green(), ground.green()),
+            mixed(text.blue(), ground.blue())};
+}
+
+void HeadlineBox::paintLine(QStylePainter& painter) const
+{
+    const int left = title().isEmpty() ? 0 : titleRect().right() + gap;
+    if (left >= width())
+        return;
+    const QRect line(left, height() / 2, width() - left, 1);
+    painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), line), lineColor());
 }
 
 void HeadlineBox::paintIndicator(QStylePainter& painter, const QStyleOptionGroupBox& option) const
 {
     QStyleOptionButton indicator;
     indicator.QStyleOption::operator=(option);
-    indicator.rect = style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxCheckBox, this);
+    indicator.rect = QStyle::visualRect(layoutDirection(), rect(), indicatorRect());
     painter.drawPrimitive(QStyle::PE_IndicatorCheckBox, indicator);
 }
 
-int HeadlineBox::paintTitle(QStylePainter& painter, const QStyleOptionGroupBox& option) const
+void HeadlineBox::paintTitle(QStylePainter& painter, const QStyleOptionGroupBox& option) const
 {
-    constexpr int gap = 6; // pixels between title and hairline
-    QRect text = style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, this);
-    text.setWidth(qMax(text.width(), fontMetrics().horizontalAdvance(title()) + 1));
-    painter.drawItemText(text, Qt::TextShowMnemonic | Qt::AlignLeft | Qt::AlignVCenter, palette(),
-                         isEnabled(), title(), QPalette::WindowText);
+    const QRect place = QStyle::visualRect(layoutDirection(), rect(), titleRect());
+    const QFont font = titleFont();
+    painter.setFont(font);
+    const QString shown = QFontMetrics(font).elidedText(title(), Qt::ElideRight, place.width());
+    const Qt::Alignment leading = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
+    painter.drawItemText(place, int(leading | Qt::AlignVCenter) | Qt::TextSingleLine, palette(), isEnabled(),
+                         shown, QPalette::WindowText);
     if (option.state & QStyle::State_HasFocus) {
         QStyleOptionFocusRect focus;
         focus.QStyleOption::operator=(option);
-        focus.rect = text;
+        focus.rect = place;
         painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
     }
-    return text.right() + gap;
 }
 
 // The group box would compute its margins here and nothing else. As each change

@@ -6,8 +6,10 @@
 class QStyleOptionGroupBox;
 class QStylePainter;
 
-/// The box of a headline: its title and a hairline behind it, which without a
-/// title is all there is. Its contents margins carry the distance to the row
+/// The box of a headline: its title, a shade stronger than the rows and in their
+/// size, at the leading edge in every style, and a hairline behind it, which
+/// without a title is all there is. A click anywhere on the line toggles it. As
+/// in captions, "&" is a character like any other. Its contents margins carry the distance to the row
 /// above, so they stay as given, whereas a plain group box computes its own on
 /// every new size, font, style sheet and check box. Without a meta-object of
 /// its own: to style sheets and look-ups it is a QGroupBox.
@@ -22,15 +24,24 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    QFont titleFont() const;
+    QSize indicatorSize() const;
+    /// Rectangles as in a layout from left to right.
+    QRect indicatorRect() const;
+    QRect titleRect() const;
+    QColor lineColor() const;
     void paintIndicator(QStylePainter& painter, const QStyleOptionGroupBox& option) const;
-    /// Returns where the hairline may begin.
-    int paintTitle(QStylePainter& painter, const QStyleOptionGroupBox& option) const;
+    void paintTitle(QStylePainter& painter, const QStyleOptionGroupBox& option) const;
+    void paintLine(QStylePainter& painter) const;
 
     QMargins m_margins;
+    bool m_pressed = false;
 };
 
 #endif

@@ -8,10 +8,23 @@
 #include <vkbase/errorhandler.h>
 #include <vkbase/qtrace.h>
 
+#include <QAbstractSpinBox>
 #include <QCoreApplication>
+#include <QPushButton>
+#include <QTextDocumentFragment>
 #include <QXmlStreamWriter>
 
 namespace Orvane {
+
+namespace {
+
+QString PlainText(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText().simplified()
+                                     : text;
+}
+
+} // namespace
 
 ZorvaDelegate::ZorvaDelegate(ZorvaWidget* owningWidget)
     : widget(owningWidget)
@@ -52,6 +65,7 @@ void ZorvaDelegate::Retranslate()
 {
     if (label)
         Markup::show(label, Translate(PropertyText("labelText")));
+    UpdateNames();
 }
 
 void ZorvaDelegate::GetXml(QXmlStreamWriter&) const {}
@@ -180,6 +194,43 @@ void ZorvaDelegate::PlaceControl(FloatGroupLayout* layout, QWidget* control)
 {
     layout->addWidget(control);
     layout->addGroup();
+    NameControl(control);
+}
+
+void ZorvaDelegate::NameControl(QWidget* control, const QString& part)
+{
+    // A label speaks for itself, and a host's widget may have a name already.
+    if (!control || qobject_cast<QLabel*>(control) || !control->accessibleName().isEmpty())
+        return;
+    namedControls.append({control, part});
+    ApplyName(namedControls.constLast());
+    // Qt offers the tool tip as description, mark-up and all. Number controls tell their range.
+    if (Qt::mightBeRichText(control->toolTip()) && !qobject_cast<QAbstractSpinBox*>(control))
+        control->setAccessibleDescription(PlainText(control->toolTip()));
+}
+
+void ZorvaDelegate::ApplyName(const NamedControl& named)
+{
+    if (!named.control)
+        return;
+    const auto* const button = qobject_cast<const QPushButton*>(named.control);
+    const QString part = button ? button->text().remove(QLatin1Char('&')) : named.part;
+    const QString caption = label ? GetTranslated("labelText") : widget->GetXmlTagName();
+    QStringList words{PlainText(caption), part};
+    if (button && !label && !part.isEmpty())
+        words.removeFirst(); // its text says more than the tag
+    words.removeAll(QString());
+    const QString name = words.join(QLatin1String(", "));
+    named.control->setAccessibleName(name);
+    // A compound control hands the focus on, and the name with it.
+    if (QWidget* const inner = named.control->focusProxy())
+        inner->setAccessibleName(name);
+}
+
+void ZorvaDelegate::UpdateNames()
+{
+    for (const NamedControl& named : qAsConst(namedControls))
+        ApplyName(named);
 }
 
 QString ZorvaDelegate::FallbackToolTip()

@@ -14,6 +14,7 @@
 #include <QPointer>
 #include <QStringList>
 #include <QVariant>
+#include <QVector>
 
 class FloatGroupLayout;
 class QXmlStreamReader;
@@ -275,8 +276,16 @@ protected:
 
     /** Marks the row; false if the host dropped the form in answer, and this row with it. */
     bool MarkModified();
-    /** Adds @p control to @p layout and ends the row. */
-    static void PlaceControl(FloatGroupLayout* layout, QWidget* control);
+    /** Adds @p control to @p layout, names it by the caption and ends the row. */
+    void PlaceControl(FloatGroupLayout* layout, QWidget* control);
+    /**
+     * Gives @p control, which may be null, the row's caption as accessible name, with
+     * @p part behind it if the row has several; follows setLabelText(). Its description
+     * becomes its tool tip without mark-up.
+     */
+    void NameControl(QWidget* control, const QString& part = QString());
+    /** Names all named controls anew. */
+    void UpdateNames();
     /** The label's text, or else the row's tag: what a control shows as tool tip for want of a better one. */
     QString FallbackToolTip();
     /** Gives the keyboard focus to @p control, which may be null. */
@@ -351,8 +360,17 @@ protected:
 private:
     friend class ZorvaSheet; // which tells its rows
 
+    struct NamedControl
+    {
+        QPointer<QWidget> control;
+        QString part;
+    };
+
+    void ApplyName(const NamedControl& named);
+
     // What the control shows in place of a property that is held back.
     QMap<QString, QVariant> heldBackLooks;
+    QVector<NamedControl> namedControls;
 };
 
 } // namespace Orvane

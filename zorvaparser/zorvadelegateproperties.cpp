@@ -141,6 +141,7 @@ void ZorvaDelegate::PropertyChanged(const QString& name, const QVariant& value)
     } else if (name == QLatin1String("labelText")) {
         if (label)
             Markup::show(label, Translate(VariantText(value)));
+        UpdateNames();
     } else if (name == QLatin1String("visible")) {
         if (label && definedProperties.contains(name))
             label->setVisible(value.toBool());

@@ -16,6 +16,7 @@
 #include <vkbase/qtrace.h>
 
 #include <QAction>
+#include <QMainWindow>
 #include <QScriptEngineDebugger>
 #include <QScriptValueIterator>
 #include <QXmlStreamReader>
@@ -26,6 +27,24 @@ namespace Orvane {
 namespace {
 
 const QLatin1String rootTag("KVParamGui");
+
+/** How the user left the last debugger of this process; null before that. */
+QByteArray& debuggerGeometry()
+{
+    static QByteArray geometry;
+    return geometry;
+}
+
+/** Room for the source beside the docks, which would take all of Qt's first size. */
+void prepareDebuggerWindow(QMainWindow* window)
+{
+    constexpr int sourceWidth = 400; // pixels
+    constexpr QSize firstSize(1100, 750);
+    if (QWidget* const source = window->centralWidget())
+        source->setMinimumWidth(sourceWidth);
+    if (!window->restoreGeometry(debuggerGeometry()))
+        window->resize(firstSize);
+}
 
 void traceInitFailure(unsigned short line)
 {
@@ -137,6 +156,8 @@ ZorvaFormular::ZorvaFormular()
 
 ZorvaFormular::~ZorvaFormular()
 {
+    if (scriptDebugger)
+        debuggerGeometry() = scriptDebugger->standardWindow()->saveGeometry();
     delete scriptDebugger;
     if (!name.isEmpty())
         TranslationCenter::Instance().Unregister(name);
@@ -481,6 +502,7 @@ void ZorvaFormular::DebugScript()
         return;
     scriptDebugger = new QScriptEngineDebugger;
     scriptDebugger->attachTo(&scriptEngine);
+    prepareDebuggerWindow(scriptDebugger->standardWindow());
     scriptDebugger->action(QScriptEngineDebugger::InterruptAction)->activate(QAction::Trigger);
 }
 

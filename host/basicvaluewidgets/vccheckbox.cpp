@@ -1,6 +1,8 @@
 #include "basicvaluewidgets/vccheckbox.h"
 
+#include "basicvaluewidgets/fieldsize.h"
 #include "basicvaluewidgets/refreshguard_p.h"
+#include "basicvaluewidgets/sizehintcache_p.h"
 
 #include <QButtonGroup>
 #include <QKeyEvent>
@@ -133,6 +135,14 @@ void VCCheckBox::write(bool checked)
 void VCCheckBox::ApplyRecordedState(const QVariant& state)
 {
     setCheckedCheaply(state.toBool());
+}
+
+QSize VCCheckBox::sizeHint() const
+{
+    return SizeHintCache::Hint(this, text(), [this] {
+        const QSize own = QCheckBox::sizeHint();
+        return QSize(own.width(), qMax(own.height(), FieldSize::CommonHeight(this)));
+    });
 }
 
 bool VCCheckBox::hitButton(const QPoint& position) const

@@ -32,6 +32,9 @@ public:
     /// Blocks the user's toggles; the value goes on to be shown.
     void setReadOnly(bool readOnly);
 
+    /// As high as the fields of one line, so that all rows have one rhythm.
+    QSize sizeHint() const override;
+
 public Q_SLOTS:
     /// The host's gate; a control whose value is gone stays disabled.
     void setEnabled(bool enabled);

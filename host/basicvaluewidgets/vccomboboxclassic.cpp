@@ -230,7 +230,10 @@ QSize VCComboBoxClassic::contentsSize() const
 
 QSize VCComboBoxClassic::sizeHint() const
 {
-    return minimumSizeHint().expandedTo(QSize(FieldSize::CommonWidth(this), 0));
+    const QSize common = SizeHintCache::Hint(this, QStringLiteral("common"), [this] {
+        return QSize(FieldSize::CommonWidth(this), FieldSize::CommonHeight(this));
+    });
+    return minimumSizeHint().expandedTo(common);
 }
 
 QSize VCComboBoxClassic::minimumSizeHint() const

@@ -38,6 +38,7 @@ void VCLineEdit::SetValueBase(values::ValueBase* value)
 {
     ClearUndo();
     m_binding.Bind(value);
+    describeRange();
     refresh();
 }
 
@@ -45,6 +46,8 @@ void VCLineEdit::Update(Observable* observable, TChangeCode code)
 {
     if (!m_binding.Concerns(observable, code))
         return;
+    if (code == ChangeCode::Limits)
+        describeRange();
     const bool typing = m_type == ekFrequencyText && hasFocus() && isModified() && !m_finishing;
     if (code == ChangeCode::Content && !typing)
         refresh();
@@ -163,6 +166,12 @@ QString VCLineEdit::rangeText() const
     const QString from = textOf(lowest());
     const QString to = textOf(highest());
     return from.isEmpty() && to.isEmpty() ? QString() : from + QLatin1String(" ... ") + to;
+}
+
+void VCLineEdit::describeRange()
+{
+    if (m_type == ekFrequencyText)
+        setAccessibleDescription(rangeText());
 }
 
 void VCLineEdit::showReading()
@@ -310,7 +319,8 @@ QSize VCLineEdit::sizeHint() const
     const QChar contents[] = {QChar(ushort(hasFrame())), QChar(ushort(around.top())),
                               QChar(ushort(around.bottom()))};
     return SizeHintCache::Hint(this, QString(contents, 3), [this] {
-        return QSize(FieldSize::CommonWidth(this), QLineEdit::sizeHint().height());
+        const int height = qMax(QLineEdit::sizeHint().height(), FieldSize::CommonHeight(this));
+        return QSize(FieldSize::CommonWidth(this), height);
     });
 }
 

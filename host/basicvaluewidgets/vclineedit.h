@@ -96,6 +96,7 @@ private:
     double highest() const;
     FrequencyText::Verdict readTyped(double* hertz) const;
     void showReading();
+    void describeRange();
     QVariant entered() const;
     void refuse(const QString& hint);
     void restore();

@@ -5,6 +5,7 @@
 #include "basicvaluewidgets/readonlylook_p.h"
 #include "basicvaluewidgets/refreshguard_p.h"
 #include "basicvaluewidgets/sizehintcache_p.h"
+#include "basicvaluewidgets/spinaccess_p.h"
 #include "basicvaluewidgets/unittext_p.h"
 
 #include <guibase/typednumber.h>
@@ -51,6 +52,7 @@ VCNumericFloatSpin::VCNumericFloatSpin(QWidget* parent, const char* name, bool w
     , m_maximum(std::numeric_limits<double>::max())
     , m_withButtons(withButtons)
 {
+    SpinAccess::Install(); // before anything asks for the interface
     setObjectName(QString::fromLatin1(name));
     setFocusPolicy(Qt::StrongFocus);
     setKeyboardTracking(false);
@@ -357,6 +359,18 @@ QString VCNumericFloatSpin::shownText(double display) const
     return (prefix() + textFromValue(display) + QDoubleSpinBox::suffix()).trimmed();
 }
 
+QString VCNumericFloatSpin::RangeText() const
+{
+    const auto textOf = [this](double limit) {
+        return std::fabs(limit) < DisplayLimit ? textFromValue(limit) : QString();
+    };
+    const QString from = textOf(minimum());
+    const QString to = textOf(maximum());
+    if (from.isEmpty() && to.isEmpty())
+        return QString();
+    return QStringLiteral("%1 ... %2%3").arg(from, to, QDoubleSpinBox::suffix()).trimmed();
+}
+
 // Empty if the text can be taken.
 QString VCNumericFloatSpin::refusalOf(const QString& typed) const
 {
@@ -577,7 +591,8 @@ QSize VCNumericFloatSpin::contentsSize(bool least) const
     QSize size = style()->sizeFromContents(QStyle::CT_SpinBox, &option,
                                            QSize(width + CursorSpace, edit.height()), this);
     if (!least)
-        size.setWidth(FieldSize::WidthFor(this, size.width()));
+        size = QSize(FieldSize::WidthFor(this, size.width()),
+                     qMax(size.height(), FieldSize::CommonHeight(this)));
     return size;
 }
 

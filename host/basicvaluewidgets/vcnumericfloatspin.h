@@ -89,6 +89,9 @@ public:
     void setValueMinimum(double minimum); ///< Likewise.
     void setValueMaximum(double maximum); ///< Likewise.
 
+    /// "0 ... 40 dB" in display numbers; a side without a limit is left out.
+    QString RangeText() const;
+
     /// Measured once for equal controls.
     QSize sizeHint() const override;
     /// Wide enough for the common width of all controls.

@@ -69,6 +69,7 @@ void VCFrequency::makeButtons(bool compact, bool withHistory)
     for (QWidget* button : {static_cast<QWidget*>(m_frequencyButton), static_cast<QWidget*>(m_historyButton),
                             static_cast<QWidget*>(m_tuneButton)}) {
         layout()->addWidget(button);
+        button->setAccessibleName(button->toolTip());
         button->setVisible(!compact && (withHistory || button != m_historyButton));
     }
     connect(m_frequencyButton, &QAbstractButton::clicked, this, &VCFrequency::openUnitMenu);

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QFrame>
 #include <QLabel>
+#include <QRandomGenerator>
 #include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
@@ -143,6 +144,8 @@ private Q_SLOTS:
     void resize();
     void draggedWhileRowsComeAndGo();
     void shorterBesideTheBarThanAlone();
+    void heldWidthEndsWithItsNeed();
+    void equalsThePlainRuleAtRest();
     void wideRowBringsTheHorizontalBar();
     void hiddenAndResized();
     void fewArrangementsPerResize_data();
@@ -283,6 +286,52 @@ void tst_FloatScrollArea::shorterBesideTheBarThanAlone()
     window.rows.first()->hide();
     VERIFY_SETTLED(window);
     QVERIFY(window.area->resizes - before < 10);
+}
+
+void tst_FloatScrollArea::heldWidthEndsWithItsNeed()
+{
+    Window window;
+    for (int height : {10, 10, 150, 150, 10, 10, 10})
+        window.addSection(1, 92, height);
+    window.resize(425, 220);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    VERIFY_SETTLED(window);
+    QVERIFY(window.content->width() < window.area->viewport()->width());
+    window.rows.at(2)->hide();
+    VERIFY_SETTLED(window);
+    QCOMPARE(window.content->width(), window.area->viewport()->width());
+    window.rows.at(2)->show();
+    VERIFY_SETTLED(window);
+    QVERIFY(!window.area->verticalScrollBar()->isVisible());
+}
+
+// Wherever the plain rule comes to rest, the area equals it: full width without
+// a bar if the rows fit so.
+void tst_FloatScrollArea::equalsThePlainRuleAtRest()
+{
+    Window window;
+    for (int height : {10, 60, 150, 150, 10, 90, 10, 40})
+        window.addSection(1, 92, height);
+    window.resize(425, 220);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QRandomGenerator random(7);
+    for (int step = 0; step < 300; ++step) {
+        QWidget* row = window.rows.at(random.bounded(window.rows.count()));
+        row->setVisible(row->isHidden());
+        if (random.bounded(4) == 0)
+            window.resize(150 + random.bounded(600), 60 + random.bounded(300));
+        VERIFY_SETTLED(window);
+        const QSize full = window.area->maximumViewportSize();
+        window.layout->invalidate();
+        const bool fits = window.content->heightForWidth(full.width()) <= full.height();
+        window.layout->invalidate();
+        if (fits && !window.area->horizontalScrollBar()->isVisible()) {
+            QVERIFY2(!window.area->verticalScrollBar()->isVisible(), qPrintable(QString::number(step)));
+            QCOMPARE(window.content->width(), full.width());
+        }
+    }
 }
 
 void tst_FloatScrollArea::wideRowBringsTheHorizontalBar()

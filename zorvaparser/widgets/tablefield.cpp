@@ -2,6 +2,8 @@
 
 #include <basicvaluewidgets/fieldsize.h>
 
+#include <QAbstractButton>
+#include <QCoreApplication>
 #include <QHeaderView>
 
 namespace Orvane {
@@ -11,6 +13,9 @@ TableField::TableField(int rows, int columns, QWidget* parent)
 {
     setTabKeyNavigation(false);
     setLocale(QLocale::c());
+    // The corner between the headers selects all.
+    if (auto* const corner = findChild<QAbstractButton*>())
+        corner->setAccessibleName(QCoreApplication::translate("TableField", "Select all"));
 }
 
 QSize TableField::sizeHint() const

@@ -58,6 +58,7 @@ void ZorvaDoubleSpinBoxList::CreateGUI(FloatGroupLayout* layout)
         PropagateProperties(control);
         SetDoubleTooltip(control);
         container->layout()->addWidget(control);
+        NameControl(control, QString::number(i + 1));
         controls.append(control);
         enabledStates.append(true);
     }

@@ -76,6 +76,7 @@ void ZorvaFrequencyEdit::CreateMainForm(FloatGroupLayout* layout)
 
     layout->addSpecial();
     PlaceControl(layout, container);
+    NameControl(frequencyControl);
 }
 
 void ZorvaFrequencyEdit::CreateFrequencyControl(QWidget* parent)
@@ -118,6 +119,7 @@ void ZorvaFrequencyEdit::CreateLockButton(QWidget* parent)
     lockButton->setFlat(true);
     lockButton->setFixedSize(20, 18);
     lockButton->hide();
+    lockButton->setAccessibleName(tr("Lock frequency range"));
     connect(lockButton.data(), &QPushButton::toggled, this, &ZorvaFrequencyEdit::SlotLockButtonChecked);
 }
 
@@ -287,6 +289,7 @@ void ZorvaFrequencyEdit::ShowLock(bool locked)
     lockButton->setChecked(locked);
     // The tool tip names what a click would do.
     lockButton->setToolTip(locked ? tr("Unlock frequency range") : tr("Lock frequency range"));
+    lockButton->setAccessibleName(lockButton->toolTip());
     lockButton->setIcon(QIcon(locked ? QStringLiteral(":/ZorvaParser/Locked.svg")
                                      : QStringLiteral(":/ZorvaParser/Unlocked.svg")));
 }

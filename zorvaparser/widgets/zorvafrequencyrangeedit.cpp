@@ -109,6 +109,7 @@ VCLineEdit* ZorvaFrequencyRangeEdit::CreateEdit(FloatGroupLayout* layout, const 
     edit->setToolTip(toolTip);
     PropagateProperties(edit);
     layout->addFieldOfSeveral(edit);
+    NameControl(edit, toolTip);
     return edit;
 }
 

@@ -28,6 +28,7 @@ void ZorvaHeadline::CreateGUI(FloatGroupLayout* layout)
     groupBox->setStyleSheet(
         QStringLiteral("QGroupBox::indicator:unchecked {image: url(:/ZorvaParser/HeadlineClosed.svg);}"
                        "QGroupBox::indicator:checked {image: url(:/ZorvaParser/HeadlineOpened.svg);}"));
+    groupBox->setAccessibleName(title);
     UpdateToolTip();
     connect(groupBox, &QGroupBox::clicked, this, &ZorvaHeadline::slotClicked);
     PropagateProperties(groupBox);

@@ -44,6 +44,7 @@ void ZorvaPushButton::PropertyChanged(const QString& name, const QVariant& value
         return;
     if (name == QLatin1String("text") && pushButton)
         pushButton->setText(Translate(VariantText(value)));
+    UpdateNames();
     PropagateProperty(name, pushButton);
 }
 

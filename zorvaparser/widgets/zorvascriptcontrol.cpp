@@ -83,6 +83,7 @@ QPushButton* ZorvaScriptControl::CreateButton(const char* nameSuffix, const char
     button->setObjectName(ControlName() + QLatin1String(nameSuffix));
     button->setIcon(QPixmap(QString::fromLatin1(image)));
     button->setToolTip(Markup::toolTip(toolTip));
+    button->setAccessibleName(toolTip);
     return button;
 }
 
@@ -135,6 +136,7 @@ void ZorvaScriptControl::ShowLight()
 {
     statusLabel->setPixmap(scriptLoaded ? loadedPixmap : notLoadedPixmap);
     statusLabel->setToolTip(scriptLoaded ? tr("Script loaded") : tr("NO Script loaded"));
+    statusLabel->setAccessibleName(statusLabel->toolTip());
 }
 
 void ZorvaScriptControl::UpdateStatus()

@@ -43,7 +43,7 @@ void ZorvaSheetUi::CreateGUI(bool createApplyUi)
     FloatScrollArea* const area = createApplyUi ? CreateWithApplyBar() : CreateBare();
     area->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(area, &QWidget::customContextMenuRequested, this, &ZorvaSheetUi::showContextMenu);
-    new FormWindow(sheetWidget); // which owns it
+    new FormWindow(sheetWidget, area->widget(), applyButtonBox); // which the top widget owns
     if (createApplyUi || autoApplyEnabled)
         CreateTimer();
 }
@@ -76,6 +76,7 @@ void ZorvaSheetUi::CreateApplyBar()
 {
     applyButtonBox = new QWidget(sheetWidget);
     applyButtonBox->setObjectName(QStringLiteral("applyButtonBox"));
+    applyButtonBox->setAccessibleName(tr("Apply"));
     auto* const horizontal = new QHBoxLayout(applyButtonBox);
     horizontal->setContentsMargins(0, 0, 0, 0);
 

@@ -47,6 +47,7 @@ void ZorvaSpinBoxList::CreateGUI(FloatGroupLayout* layout)
         PropagateProperties(control);
         SetIntTooltip(control);
         container->layout()->addWidget(control);
+        NameControl(control, QString::number(i + 1));
         controls.append(control);
     }
     layout->addList();

@@ -1,0 +1,248 @@
+// Where captions stand, how far rows are apart, and how headings look.
+#include "generatedform.h"
+
+#include <formtest.h>
+#include <layout/floatgrouplayout.h>
+
+#include <QApplication>
+#include <QFont>
+#include <QGroupBox>
+#include <QLabel>
+#include <QScopeGuard>
+
+#include <cmath>
+
+namespace {
+
+/// Top and bottom row of what is drawn in the text colour; invalid if nothing is.
+QRect inkOf(QWidget* widget)
+{
+    const QImage image = widget->grab().toImage();
+    const QRgb ground = image.pixel(image.width() - 1, image.height() - 1);
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) != ground)
+                ink |= QRect(x, y, 1, 1);
+        }
+    }
+    return ink;
+}
+
+double luminance(QRgb colour)
+{
+    const auto linear = [](int part) {
+        const double share = part / 255.0;
+        return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) + 0.0722 * linear(qBlue(colour));
+}
+
+double contrast(QRgb a, QRgb b)
+{
+    const double lighter = qMax(luminance(a), luminance(b));
+    const double darker = qMin(luminance(a), luminance(b));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+} // namespace
+
+class tst_FormLines : public FormTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void rowsHaveOneRhythm_data();
+    void rowsHaveOneRhythm();
+    void captionsAreLevel_data() { rowsHaveOneRhythm_data(); }
+    void captionsAreLevel();
+    void headingsFollowTheTextSize();
+    void headingsStandAtTheLeft_data();
+    void headingsStandAtTheLeft();
+    void lineCanBeSeenInTheDark();
+    void wholeLineToggles();
+    void ampersandIsNoMnemonic();
+
+private:
+    static QString rows();
+};
+
+QString tst_FormLines::rows()
+{
+    return rowXml("SpinBox", "number", {{"labelText", "HHH"}}) +
+           rowXml("ComboBox", "choice", {{"labelText", "HHH"}}) +
+           rowXml("LineEdit", "text", {{"labelText", "HHH"}}) +
+           rowXml("CheckBox", "check", {{"labelText", "HHH"}}) +
+           rowXml("FrequencyEdit", "plain", {{"labelText", "HHH"}, {"MainFreqEdit", false}}) +
+           rowXml("LineEdit", "last", {{"labelText", "HHH"}});
+}
+
+void tst_FormLines::rowsHaveOneRhythm_data()
+{
+    QTest::addColumn<QString>("style");
+    QTest::addColumn<int>("textSize");
+    for (const QString& style : testedStyles()) {
+        for (const int size : {9, 10, 13, 17})
+            QTest::addRow("%s at %d", qPrintable(style), size) << style << size;
+    }
+}
+
+void tst_FormLines::rowsHaveOneRhythm()
+{
+    QFETCH(const QString, style);
+    QFETCH(const int, textSize);
+    QApplication::setStyle(style);
+    QFont font = QApplication::font();
+    const auto restore = qScopeGuard([font] { QApplication::setFont(font); });
+    font.setPointSize(textSize);
+    QApplication::setFont(font);
+    FormFixture form(rows());
+    form.window()->resize(700, 500);
+    form.window()->show();
+    QCoreApplication::processEvents();
+    const char* const names[] = {"number", "choice", "text", "check", "plain", "last"};
+    const int rhythm = form.control<QWidget>("choice")->y() - form.control<QWidget>("number")->y();
+    for (int i = 1; i < 6; ++i) {
+        const int step = form.control<QWidget>(names[i])->y() - form.control<QWidget>(names[i - 1])->y();
+        QVERIFY2(step == rhythm, qPrintable(QStringLiteral("%1 px ahead of %2, not %3")
+                                                .arg(step)
+                                                .arg(QLatin1String(names[i]))
+                                                .arg(rhythm)));
+    }
+}
+
+// Within a pixel, or as low as the given height of a label lets the text stand.
+void tst_FormLines::captionsAreLevel()
+{
+    QFETCH(const QString, style);
+    QFETCH(const int, textSize);
+    QApplication::setStyle(style);
+    QFont font = QApplication::font();
+    const auto restore = qScopeGuard([font] { QApplication::setFont(font); });
+    font.setPointSize(textSize);
+    QApplication::setFont(font);
+    FormFixture form(rows());
+    form.window()->resize(700, 500);
+    form.window()->show();
+    QCoreApplication::processEvents();
+    for (const char* name : {"number", "choice", "text", "check", "plain"}) {
+        auto* control = form.control<QWidget>(name);
+        auto* label = form.control<QLabel>(qPrintable(QStringLiteral("label") + QLatin1String(name)));
+        const QRect ink = inkOf(label);
+        const double middle = label->y() + (ink.top() + ink.bottom() + 1) / 2.0;
+        const double wanted = control->y() + control->height() / 2.0;
+        const int descent = label->fontMetrics().descent();
+        const bool isLowest = ink.bottom() + 1 + descent >= label->height();
+        QVERIFY2(std::fabs(middle - wanted) <= 1.0 || (middle < wanted && isLowest),
+                 qPrintable(QStringLiteral("%1: caption at %2, control at %3, ink %4 to %5 of %6")
+                                .arg(QLatin1String(name))
+                                .arg(middle)
+                                .arg(wanted)
+                                .arg(ink.top())
+                                .arg(ink.bottom())
+                                .arg(label->height())));
+        QVERIFY(ink.height() >= label->fontMetrics().capHeight() - 1);
+    }
+}
+
+void tst_FormLines::headingsFollowTheTextSize()
+{
+    FormFixture form(rowXml("Headline", "head", {{"text", "Heading"}}) +
+                     rowXml("LineEdit", "row", {{"labelText", "Row"}}));
+    form.show();
+    auto* head = form.control<QGroupBox>("head");
+    const int before = inkOf(head).width();
+    const int height = head->height();
+    form.sheet().SetFontSize(20);
+    QTRY_VERIFY(head->height() > height);
+    Q_UNUSED(before)
+}
+
+void tst_FormLines::headingsStandAtTheLeft_data()
+{
+    QTest::addColumn<QString>("style");
+    QTest::addColumn<bool>("mirrored");
+    for (const QString& style : testedStyles()) {
+        for (const bool mirrored : {false, true})
+            QTest::addRow("%s, %d", qPrintable(style), mirrored) << style << mirrored;
+    }
+}
+
+void tst_FormLines::headingsStandAtTheLeft()
+{
+    QFETCH(const QString, style);
+    QFETCH(const bool, mirrored);
+    QApplication::setStyle(style);
+    FormFixture form(rowXml("Headline", "head", {{"text", "Heading"}}) +
+                     rowXml("LineEdit", "row", {{"labelText", "Row"}}));
+    form.window()->setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+    form.show();
+    const QImage image = form.control<QGroupBox>("head")->grab().toImage();
+    const int middle = image.height() / 2;
+    // The hairline alone reaches the far end; above it the ground is bare there.
+    const int far = mirrored ? 2 : image.width() - 3;
+    const int near = mirrored ? image.width() - 1 : 0;
+    const QRgb ground = image.pixel(far, 2);
+    QVERIFY(image.pixel(far, middle) != ground);
+    bool titled = false;
+    for (int x = 0; x < image.width() / 2; ++x) {
+        const int place = qAbs(near - x);
+        for (int y = 0; y < middle - 1; ++y)
+            titled |= image.pixel(place, y) != ground;
+        const int mirror = image.width() - 1 - place;
+        for (int y = 0; y < middle - 1; ++y)
+            QVERIFY2(image.pixel(mirror, y) == ground, "something stands in the free half");
+    }
+    QVERIFY(titled);
+}
+
+void tst_FormLines::lineCanBeSeenInTheDark()
+{
+    for (const bool dark : {false, true}) {
+        QPalette palette = QApplication::palette();
+        if (dark) {
+            palette.setColor(QPalette::Window, QColor(35, 38, 41));
+            palette.setColor(QPalette::WindowText, QColor(239, 240, 241));
+        }
+        FormFixture form(rowXml("Headline", "head", {{"text", "Heading"}}) +
+                         rowXml("LineEdit", "row", {{"labelText", "Row"}}));
+        form.window()->setPalette(palette);
+        form.show();
+        const QImage image = form.control<QGroupBox>("head")->grab().toImage();
+        const QRgb line = image.pixel(image.width() - 3, image.height() / 2);
+        QVERIFY(contrast(line, palette.color(QPalette::Window).rgb()) >= 1.6);
+    }
+}
+
+void tst_FormLines::wholeLineToggles()
+{
+    FormFixture form(rowXml("Headline", "head", {{"text", "Heading"}}) +
+                     rowXml("LineEdit", "row", {{"labelText", "Row"}}));
+    form.show();
+    auto* head = form.control<QGroupBox>("head");
+    QSignalSpy clicked(head, &QGroupBox::clicked);
+    QTest::mouseClick(head, Qt::LeftButton, Qt::NoModifier, QPoint(head->width() - 5, head->height() / 2));
+    QCOMPARE(clicked.count(), 1);
+    QVERIFY(!head->isChecked());
+    QVERIFY(!form.control<QWidget>("row")->isVisible());
+    QTest::mouseClick(head, Qt::LeftButton, Qt::NoModifier, QPoint(3, head->height() / 2));
+    QVERIFY(head->isChecked());
+    QTest::mouseClick(head, Qt::RightButton);
+    QVERIFY(head->isChecked());
+    QTest::keyClick(head, Qt::Key_Space);
+    QVERIFY(!head->isChecked());
+}
+
+void tst_FormLines::ampersandIsNoMnemonic()
+{
+    FormFixture form(rowXml("Headline", "head", {{"text", "Q &A"}}) +
+                     rowXml("LineEdit", "row", {{"labelText", "Row"}}));
+    form.show();
+    auto* head = form.control<QGroupBox>("head");
+    QTest::keyClick(form.window(), Qt::Key_A, Qt::AltModifier);
+    QVERIFY(head->isChecked());
+    QCOMPARE(head->title(), QStringLiteral("Q &A"));
+}
+
+QTEST_MAIN(tst_FormLines)
+#include "tst_formlines.moc"
