@@ -28,7 +28,7 @@ void ZorvaHeadline::CreateGUI(FloatGroupLayout* layout)
     groupBox->setStyleSheet(
         QStringLiteral("QGroupBox::indicator:unchecked {image: url(:/ZorvaParser/HeadlineClosed.svg);}"
                        "QGroupBox::indicator:checked {image: url(:/ZorvaParser/HeadlineOpened.svg);}"));
-    groupBox->setAccessibleName(title);
+    groupBox->setAccessibleName(groupBox->title());
     UpdateToolTip();
     connect(groupBox, &QGroupBox::clicked, this, &ZorvaHeadline::slotClicked);
     PropagateProperties(groupBox);
@@ -45,8 +45,10 @@ void ZorvaHeadline::PropertyChanged(const QString& name, const QVariant& value)
 void ZorvaHeadline::Retranslate()
 {
     ZorvaDelegate::Retranslate();
-    if (groupBox)
+    if (groupBox) {
         groupBox->setTitle(GetTranslated("text"));
+        groupBox->setAccessibleName(groupBox->title());
+    }
     UpdateToolTip();
 }
 
