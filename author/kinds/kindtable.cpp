@@ -27,12 +27,6 @@ bool flagOf(const QJsonObject& object, const char* key)
     return object.value(QLatin1String(key)).toBool();
 }
 
-std::optional<double> numberOf(const QJsonObject& object, const char* key)
-{
-    const QJsonValue value = object.value(QLatin1String(key));
-    return value.isDouble() ? std::optional<double>(value.toDouble()) : std::nullopt;
-}
-
 QStringList textsOf(const QJsonObject& object, const char* key)
 {
     QStringList texts;
@@ -86,8 +80,6 @@ Property readProperty(const QJsonObject& object)
     property.absent = textOf(object, "absent");
     property.unit = textOf(object, "unit");
     property.range = textOf(object, "range");
-    property.lowest = numberOf(object, "lowest");
-    property.highest = numberOf(object, "highest");
     property.choices = textsOf(object, "choices");
     property.refers = textOf(object, "refers");
     property.needs = textsOf(object, "needs");

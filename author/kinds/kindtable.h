@@ -6,8 +6,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <optional>
-
 namespace Orvane {
 namespace Author {
 
@@ -39,14 +37,12 @@ struct Method
 /** One property of a row or of the sheet, plain or custom. */
 struct Property
 {
-    QString name;                 // one that ends in '*' stands for every name that begins so
-    QString type;                 // the element that holds its text: one of KindTable::valueTypes()
-    QString fallback;             // the text that would do the same as its absence; empty if none does
-    QString absent;               // the same in words
-    QString unit;                 // of its number, empty if it has none
-    QString range;                // in words; empty if every text of the type is sensible
-    std::optional<double> lowest; // limits of the number, where they are fixed
-    std::optional<double> highest;
+    QString name;        // one that ends in '*' stands for every name that begins so
+    QString type;        // the element that holds its text: one of KindTable::valueTypes()
+    QString fallback;    // the text that would do the same as its absence; empty if none does
+    QString absent;      // the same in words
+    QString unit;        // of its number, empty if it has none
+    QString range;       // in words; empty if every text of the type is sensible
     QStringList choices; // all texts that mean something; empty if any does
     /**
      * What its text names: "enumeration", "entry" (a Value of the row's enumeration),

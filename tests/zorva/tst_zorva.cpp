@@ -38,6 +38,7 @@ private Q_SLOTS:
     void frame();
     void everySubcommandHasHelp();
     void kindsTellsAllAboutOne();
+    void everySubcommandIsInTheManual();
     void completion_data();
     void completion();
     void theReadmeTellsTheTruth();
@@ -102,6 +103,15 @@ void TestZorva::everySubcommandHasHelp()
         QCOMPARE(run.code, 0);
         QVERIFY2(run.output.startsWith(QStringLiteral("Usage: zorva %1").arg(name)), qPrintable(run.output));
     }
+}
+
+void TestZorva::everySubcommandIsInTheManual()
+{
+    QFile page(QStringLiteral(ZORVA_SOURCE_DIR "/packaging/man/zorva.1"));
+    QVERIFY(page.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(page.readAll());
+    for (const QString& name : subcommands())
+        QVERIFY2(text.contains(QStringLiteral("\n.SS \"zorva %1").arg(name)), qPrintable(name));
 }
 
 void TestZorva::completion_data()

@@ -311,6 +311,60 @@ QSet<QString> candidates()
     return names;
 }
 
+/// A form with every element and attribute of the language.
+QString everything()
+{
+    return QStringLiteral(
+        "<KVParamGui version=\"7\"><Enums><Enum name=\"Modes\"><EnumValue><DisplayName>one</DisplayName>"
+        "<EnumIdentifier>ONE</EnumIdentifier><Value>1</Value></EnumValue></Enum></Enums>"
+        "<Sheet name=\"sheet\"><Properties><Property name=\"parametersXmlRootTag\"><String>Root</String>"
+        "</Property></Properties><CustomProperties><Property name=\"Attribute_a\"><String>b</String>"
+        "</Property></CustomProperties><Widget name=\"row\" class=\"CheckBox\"><Property name=\"checked\">"
+        "<Bool>true</Bool></Property></Widget></Sheet>"
+        "<Script language=\"QtScript\">row.setVisible(false);</Script></KVParamGui>");
+}
+
+/// What the engine made of a whole description.
+QStringList formOf(const QString& description)
+{
+    FormProbe probe(description.toUtf8());
+    if (!probe.isLive())
+        return {QStringLiteral("no form")};
+    ZorvaFormular& formular = probe.formular();
+    QStringList lines = probe.observe();
+    lines << formular.GetVersion() << formular.GetScript().GetCode() << formular.GetScript().GetLanguage();
+    const auto modes = formular.GetEnum(QStringLiteral("Modes"));
+    for (int i = 0; i < modes->GetValueCount(); ++i) {
+        const ZorvaEnumValue& entry = modes->GetValueAt(i);
+        lines << entry.GetDisplayName() << entry.GetEnumIdentifier() << entry.GetValue();
+    }
+    for (int i = 0; i < formular.GetSheet().GetWidgetCount(); ++i) {
+        const ZorvaDelegate* const row = formular.GetSheet().GetWidgetAt(i)->GetDelegate();
+        for (const QByteArray& name : row->dynamicPropertyNames())
+            lines << QString::fromLatin1(name) + QLatin1Char('=') +
+                         row->property(name.constData()).toString();
+    }
+    return lines;
+}
+
+/// Names that the engine's readers of descriptions compare elements or ask attributes for.
+QSet<QString> namesInReaders(const char* pattern)
+{
+    QSet<QString> names;
+    const QRegularExpression literal(QString::fromLatin1(pattern));
+    const QDir folder(QStringLiteral(ZORVA_SOURCE_DIR "/zorvaparser"));
+    for (const QString& name : folder.entryList({QStringLiteral("*.cpp")})) {
+        QFile file(folder.filePath(name));
+        // The test shell reads component lists, which are another language.
+        if (name == QLatin1String("zorvatest.cpp") || !file.open(QIODevice::ReadOnly))
+            continue;
+        auto match = literal.globalMatch(QString::fromUtf8(file.readAll()));
+        while (match.hasNext())
+            names.insert(match.next().captured(1));
+    }
+    return names;
+}
+
 void addClasses()
 {
     QTest::addColumn<QString>("className");
@@ -326,6 +380,9 @@ class TestKindsOfEngine : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void everyElementActs();
+    void everyAttributeActs();
+    void noOtherElementsOrAttributes();
     void everyClassAndNoOther();
     void methods_data() { addClasses(); }
     void methods();
@@ -349,6 +406,48 @@ private Q_SLOTS:
     void scriptGlobals();
     void scriptMembers();
 };
+
+void TestKindsOfEngine::everyElementActs()
+{
+    const QStringList whole = formOf(everything());
+    for (const Element& element : KindTable::instance().elements()) {
+        QString damaged = everything();
+        damaged.replace(QRegularExpression(QStringLiteral("(</?)%1\\b").arg(element.name)),
+                        QStringLiteral("\\1Other"));
+        QVERIFY2(damaged != everything(), qPrintable(element.name));
+        QVERIFY2(formOf(damaged) != whole, qPrintable(element.name));
+    }
+}
+
+void TestKindsOfEngine::everyAttributeActs()
+{
+    const QStringList whole = formOf(everything());
+    for (const Element& element : KindTable::instance().elements()) {
+        for (const Attribute& attribute : element.attributes) {
+            QString damaged = everything();
+            damaged.replace(
+                QRegularExpression(QStringLiteral("(<%1\\b[^>]* )%2=").arg(element.name, attribute.name)),
+                QStringLiteral("\\1other="));
+            QVERIFY2(damaged != everything(), qPrintable(element.name + attribute.name));
+            QVERIFY2(formOf(damaged) != whole, qPrintable(element.name + attribute.name));
+        }
+    }
+}
+
+void TestKindsOfEngine::noOtherElementsOrAttributes()
+{
+    const KindTable& table = KindTable::instance();
+    const QSet<QString> elements = namesInReaders("name\\(\\) == QLatin1String\\(\"(\\w+)\"\\)");
+    QVERIFY(elements.contains(QStringLiteral("Widget")));
+    for (const QString& name : elements)
+        QVERIFY2(table.findElement(name) || table.isValueType(name), qPrintable(name));
+    QSet<QString> attributes;
+    for (const Element& element : table.elements()) {
+        for (const Attribute& attribute : element.attributes)
+            attributes.insert(attribute.name);
+    }
+    QCOMPARE(namesInReaders("\\.value\\(QLatin1String\\(\"(\\w+)\"\\)\\)"), attributes);
+}
 
 void TestKindsOfEngine::everyClassAndNoOther()
 {
