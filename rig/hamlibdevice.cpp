@@ -115,6 +115,12 @@ Answer HamlibDevice::get(const Parameter& parameter)
     case Call::DcsSquelch:
         result = getTone(parameter, &text);
         break;
+    case Call::TuningStep:
+    case Call::Rit:
+    case Call::Xit:
+    case Call::RepeaterOffset:
+        result = getOffset(parameter, &text);
+        break;
     default:
         result = getTuning(parameter, &text);
         break;
@@ -160,7 +166,6 @@ int HamlibDevice::getTone(const Parameter& parameter, QString* text)
 int HamlibDevice::getTuning(const Parameter& parameter, QString* text)
 {
     freq_t frequency = 0;
-    shortfreq_t offset = 0;
     rmode_t mode = RIG_MODE_NONE;
     pbwidth_t width = 0;
     vfo_t vfo = RIG_VFO_NONE;
@@ -194,23 +199,25 @@ int HamlibDevice::getTuning(const Parameter& parameter, QString* text)
         if (current != RIG_ANT_NONE && !(current & RIG_ANT_UNKNOWN))
             *text = QString::number(rig_setting2idx(current) + 1);
         return result;
-    case Call::TuningStep:
-        result = rig_get_ts(m_rig, RIG_VFO_CURR, &offset);
-        break;
-    case Call::Rit:
-        result = rig_get_rit(m_rig, RIG_VFO_CURR, &offset);
-        break;
-    case Call::Xit:
-        result = rig_get_xit(m_rig, RIG_VFO_CURR, &offset);
-        break;
-    case Call::RepeaterOffset:
-        result = rig_get_rptr_offs(m_rig, RIG_VFO_CURR, &offset);
-        break;
     default:
         break;
     }
-    if (text->isEmpty())
-        *text = QString::number(offset);
+    return result;
+}
+
+int HamlibDevice::getOffset(const Parameter& parameter, QString* text)
+{
+    shortfreq_t offset = 0;
+    int result = RIG_OK;
+    if (parameter.call == Call::TuningStep)
+        result = rig_get_ts(m_rig, RIG_VFO_CURR, &offset);
+    else if (parameter.call == Call::Rit)
+        result = rig_get_rit(m_rig, RIG_VFO_CURR, &offset);
+    else if (parameter.call == Call::Xit)
+        result = rig_get_xit(m_rig, RIG_VFO_CURR, &offset);
+    else
+        result = rig_get_rptr_offs(m_rig, RIG_VFO_CURR, &offset);
+    *text = QString::number(offset);
     return result;
 }
 

@@ -36,6 +36,7 @@ private:
     hostkit::Answer answerTo(int result, const QString& text = QString());
     int getNumber(const Parameter& parameter, QString* text);
     int getTuning(const Parameter& parameter, QString* text);
+    int getOffset(const Parameter& parameter, QString* text);
     int getTone(const Parameter& parameter, QString* text);
     int setNumber(const Parameter& parameter, const QString& text);
     int setTuning(const Parameter& parameter, const QString& text);

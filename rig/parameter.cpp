@@ -31,6 +31,55 @@ QString hertzWords(long hertz)
     return QStringLiteral("%1 Hz").arg(hertz);
 }
 
+/** A choice that Hamlib numbers, and its name. */
+struct NumberedName
+{
+    int number;
+    const char* name;
+};
+
+const NumberedName meterNames[] = {{RIG_METER_SWR, "SWR"},     {RIG_METER_COMP, "Compression"},
+                                   {RIG_METER_ALC, "ALC"},     {RIG_METER_IC, "Current"},
+                                   {RIG_METER_DB, "Level"},    {RIG_METER_PO, "Power out"},
+                                   {RIG_METER_VDD, "Voltage"}, {RIG_METER_TEMP, "Temperature"}};
+
+const NumberedName bandNames[] = {
+    {RIG_BAND_160M, "160 m"},     {RIG_BAND_80M, "80 m"},     {RIG_BAND_60M, "60 m"},
+    {RIG_BAND_40M, "40 m"},       {RIG_BAND_30M, "30 m"},     {RIG_BAND_20M, "20 m"},
+    {RIG_BAND_17M, "17 m"},       {RIG_BAND_15M, "15 m"},     {RIG_BAND_12M, "12 m"},
+    {RIG_BAND_10M, "10 m"},       {RIG_BAND_6M, "6 m"},       {RIG_BAND_GEN, "General"},
+    {RIG_BAND_MW, "Medium wave"}, {RIG_BAND_AIR, "Air band"}, {RIG_BAND_144MHZ, "144 MHz"},
+    {RIG_BAND_430MHZ, "430 MHz"}};
+
+const NumberedName announcementNames[] = {{RIG_ANN_OFF, "Off"},        {RIG_ANN_FREQ, "Frequency"},
+                                          {RIG_ANN_RXMODE, "Mode"},    {RIG_ANN_CW, "In CW"},
+                                          {RIG_ANN_ENG, "In English"}, {RIG_ANN_JAP, "In Japanese"}};
+
+template <std::size_t Count>
+QList<Choice> numbered(const NumberedName (&names)[Count])
+{
+    QList<Choice> choices;
+    for (const NumberedName& entry : names)
+        choices.append({text(entry.name), QString::number(entry.number)});
+    return choices;
+}
+
+QString scopeModeName(int mode)
+{
+    switch (mode) {
+    case RIG_SPECTRUM_MODE_CENTER:
+        return QStringLiteral("Centred");
+    case RIG_SPECTRUM_MODE_FIXED:
+        return QStringLiteral("Fixed");
+    case RIG_SPECTRUM_MODE_CENTER_SCROLL:
+        return QStringLiteral("Centred, scrolling");
+    case RIG_SPECTRUM_MODE_FIXED_SCROLL:
+        return QStringLiteral("Fixed, scrolling");
+    default:
+        return QString::number(mode);
+    }
+}
+
 /** Tells over one model's capabilities, part by part. */
 class Survey
 {
@@ -60,6 +109,11 @@ private:
 
     void gatherRanges();
     void addTuning();
+    void addVfos();
+    void addFrequency(double step);
+    QList<Choice> stepChoices() const;
+    void addOffset(const char* path, const char* caption, Call call, bool readable, double lowest,
+                   double highest);
     void addModes();
     void addPassbands(const QStringList& modes);
     void addSettings(setting_t readable, setting_t writable, AddSetting add);
@@ -75,6 +129,7 @@ private:
     Parameter fromWords(const Words& words, bool readable, bool writable) const;
     static void narrow(Parameter& parameter, const gran_t& granularity, bool isFloat);
     QList<Choice> levelChoices(const QString& word) const;
+    QList<Choice> scopeChoices(const QString& word) const;
     static QList<Choice> decibels(const int* list);
     QList<Choice> agcChoices() const;
     QString rangeTip() const;
@@ -148,67 +203,86 @@ void Survey::dropTwins(QList<Choice>& choices)
 
 void Survey::addTuning()
 {
-    if (m_caps.get_vfo || m_caps.set_vfo) {
-        QList<Choice> choices;
-        for (int bit = 0; bit < vfoBits; ++bit) {
-            const vfo_t vfo = RIG_VFO_N(bit);
-            const QString word = m_vfos & vfo ? text(rig_strvfo(vfo)) : QString();
-            if (!word.isEmpty())
-                choices.append({word, word});
-        }
-        if (!choices.isEmpty())
-            add("Tuning/VFO", Call::Vfo, Look::Choice, tuningGroup, "VFO",
-                "Which of the radio's VFOs is used", m_caps.get_vfo, m_caps.set_vfo)
-                ->choices = choices;
-    }
-    QList<Choice> steps;
-    QSet<long> seen;
-    for (int i = 0; i < HAMLIB_TSLSTSIZ && !RIG_IS_TS_END(m_caps.tuning_steps[i]); ++i) {
-        const long step = m_caps.tuning_steps[i].ts;
-        if (step > 0 && !seen.contains(step))
-            steps.append({hertzWords(step), QString::number(step)});
-        seen.insert(step);
-    }
-    if (!m_ranges.isEmpty()) {
-        Parameter* const row = add("Tuning/Frequency", Call::Frequency, Look::Frequency, tuningGroup,
-                                   "Frequency", "", m_caps.get_freq, m_caps.set_freq);
-        if (row) {
-            row->tip = rangeTip();
-            row->minimum = m_ranges.first().startf;
-            for (const freq_range_t& range : qAsConst(m_ranges)) {
-                row->minimum = std::min(row->minimum, range.startf);
-                row->maximum = std::max(row->maximum, range.endf);
-            }
-            row->step = steps.isEmpty() ? 100.0 : steps.first().value.toDouble();
-            row->unit = QStringLiteral("Hz");
-        }
-    }
+    addVfos();
+    const QList<Choice> steps = stepChoices();
+    addFrequency(steps.isEmpty() ? 100.0 : steps.first().value.toDouble());
     if (!steps.isEmpty() && m_caps.set_ts)
         add("Tuning/Step", Call::TuningStep, Look::Choice, tuningGroup, "Tuning step",
             "Step of the radio's tuning knob", m_caps.get_ts, true)
             ->choices = steps;
-    const auto addOffset = [this](const char* path, const char* caption, Call call, bool readable,
-                                  bool writable, double lowest, double highest) {
-        if (!writable || highest <= 0.0)
-            return;
-        Parameter* const row = add(path, call, Look::Number, tuningGroup, caption, "", readable, true);
-        row->minimum = lowest;
-        row->maximum = highest;
-        row->step = 10.0;
-        row->unit = QStringLiteral("Hz");
-    };
     const double rit = static_cast<double>(m_caps.max_rit);
     const double xit = static_cast<double>(m_caps.max_xit);
-    addOffset("Tuning/RIT", "RIT offset", Call::Rit, m_caps.get_rit, m_caps.set_rit, -rit, rit);
-    addOffset("Tuning/XIT", "XIT offset", Call::Xit, m_caps.get_xit, m_caps.set_xit, -xit, xit);
+    if (m_caps.set_rit)
+        addOffset("Tuning/RIT", "RIT offset", Call::Rit, m_caps.get_rit, -rit, rit);
+    if (m_caps.set_xit)
+        addOffset("Tuning/XIT", "XIT offset", Call::Xit, m_caps.get_xit, -xit, xit);
     if (m_caps.set_rptr_shift)
         add("Tuning/RepeaterShift", Call::RepeaterShift, Look::Choice, tuningGroup, "Repeater shift",
             "Where the repeater listens", m_caps.get_rptr_shift, true)
             ->choices = {{QStringLiteral("None"), QStringLiteral("None")},
                          {QStringLiteral("Below (-)"), QStringLiteral("-")},
                          {QStringLiteral("Above (+)"), QStringLiteral("+")}};
-    addOffset("Tuning/RepeaterOffset", "Repeater offset", Call::RepeaterOffset, m_caps.get_rptr_offs,
-              m_caps.set_rptr_offs, 0.0, mostHertzOffset);
+    if (m_caps.set_rptr_offs)
+        addOffset("Tuning/RepeaterOffset", "Repeater offset", Call::RepeaterOffset, m_caps.get_rptr_offs, 0.0,
+                  mostHertzOffset);
+}
+
+void Survey::addVfos()
+{
+    QList<Choice> choices;
+    for (int bit = 0; bit < vfoBits; ++bit) {
+        const vfo_t vfo = RIG_VFO_N(bit);
+        const QString word = m_vfos & vfo ? text(rig_strvfo(vfo)) : QString();
+        if (!word.isEmpty())
+            choices.append({word, word});
+    }
+    if (choices.isEmpty())
+        return;
+    Parameter* const row = add("Tuning/VFO", Call::Vfo, Look::Choice, tuningGroup, "VFO",
+                               "Which of the radio's VFOs is used", m_caps.get_vfo, m_caps.set_vfo);
+    if (row)
+        row->choices = choices;
+}
+
+void Survey::addFrequency(double step)
+{
+    if (m_ranges.isEmpty())
+        return;
+    Parameter* const row = add("Tuning/Frequency", Call::Frequency, Look::Frequency, tuningGroup, "Frequency",
+                               "", m_caps.get_freq, m_caps.set_freq);
+    if (!row)
+        return;
+    row->tip = rangeTip();
+    row->minimum = m_ranges.first().startf;
+    for (const freq_range_t& range : qAsConst(m_ranges)) {
+        row->minimum = std::min(row->minimum, range.startf);
+        row->maximum = std::max(row->maximum, range.endf);
+    }
+    row->step = step;
+    row->unit = QStringLiteral("Hz");
+}
+
+QList<Choice> Survey::stepChoices() const
+{
+    QList<Choice> steps;
+    for (int i = 0; i < HAMLIB_TSLSTSIZ && !RIG_IS_TS_END(m_caps.tuning_steps[i]); ++i) {
+        const long step = m_caps.tuning_steps[i].ts;
+        if (step > 0)
+            steps.append({hertzWords(step), QString::number(step)});
+    }
+    return steps;
+}
+
+void Survey::addOffset(const char* path, const char* caption, Call call, bool readable, double lowest,
+                       double highest)
+{
+    if (highest <= 0.0)
+        return;
+    Parameter* const row = add(path, call, Look::Number, tuningGroup, caption, "", readable, true);
+    row->minimum = lowest;
+    row->maximum = highest;
+    row->step = 10.0;
+    row->unit = QStringLiteral("Hz");
 }
 
 void Survey::addModes()
@@ -372,7 +446,6 @@ QList<Choice> Survey::agcChoices() const
 
 QList<Choice> Survey::levelChoices(const QString& word) const
 {
-    QList<Choice> choices;
     if (word == QLatin1String("PREAMP"))
         return decibels(m_caps.preamp);
     if (word == QLatin1String("ATT"))
@@ -381,24 +454,20 @@ QList<Choice> Survey::levelChoices(const QString& word) const
         return decibels(m_caps.spectrum_attenuator);
     if (word == QLatin1String("AGC"))
         return agcChoices();
-    if (word == QLatin1String("METER")) {
-        const char* const names[] = {"SWR",   "Compression", "ALC",     "Current",
-                                     "Level", "Power out",   "Voltage", "Temperature"};
-        for (int i = 0; i < 8; ++i)
-            choices.append({text(names[i]), QString::number(1 << i)});
-    } else if (word == QLatin1String("BAND_SELECT")) {
-        const char* const names[] = {"160 m", "80 m", "60 m", "40 m", "30 m",    "20 m",       "17 m",
-                                     "15 m",  "12 m", "10 m", "6 m",  "General", "Medium wave"};
-        for (int i = 0; i < 13; ++i)
-            choices.append({text(names[i]), QString::number(i)});
-        choices.append({QStringLiteral("Air band"), QStringLiteral("14")});
-        choices.append({QStringLiteral("144 MHz"), QStringLiteral("15")});
-        choices.append({QStringLiteral("430 MHz"), QStringLiteral("16")});
-    } else if (word == QLatin1String("SPECTRUM_MODE")) {
-        const char* const names[] = {"", "Centred", "Fixed", "Centred, scrolling", "Fixed, scrolling"};
+    if (word == QLatin1String("METER"))
+        return numbered(meterNames);
+    if (word == QLatin1String("BAND_SELECT"))
+        return numbered(bandNames);
+    return word.startsWith(QLatin1String("SPECTRUM_")) ? scopeChoices(word) : QList<Choice>();
+}
+
+QList<Choice> Survey::scopeChoices(const QString& word) const
+{
+    QList<Choice> choices;
+    if (word == QLatin1String("SPECTRUM_MODE")) {
         for (int i = 0; i < HAMLIB_MAX_SPECTRUM_MODES && m_caps.spectrum_modes[i] > 0; ++i) {
             const int mode = m_caps.spectrum_modes[i];
-            choices.append({mode < 5 ? text(names[mode]) : QString::number(mode), QString::number(mode)});
+            choices.append({scopeModeName(mode), QString::number(mode)});
         }
     } else if (word == QLatin1String("SPECTRUM_SPAN")) {
         for (int i = 0; i < HAMLIB_MAX_SPECTRUM_SPANS && m_caps.spectrum_spans[i] > 0; ++i) {
@@ -444,12 +513,7 @@ void Survey::addSetting(int bit, bool readable, bool writable)
         parameter.look = Look::Switch;
     } else if (word == QLatin1String("ANN")) {
         parameter.look = Look::Choice;
-        parameter.choices = {{QStringLiteral("Off"), QStringLiteral("0")},
-                             {QStringLiteral("Frequency"), QStringLiteral("1")},
-                             {QStringLiteral("Mode"), QStringLiteral("2")},
-                             {QStringLiteral("In CW"), QStringLiteral("4")},
-                             {QStringLiteral("In English"), QStringLiteral("8")},
-                             {QStringLiteral("In Japanese"), QStringLiteral("16")}};
+        parameter.choices = numbered(announcementNames);
     } else {
         narrow(parameter, m_caps.parm_gran[bit], !parameter.whole);
     }

@@ -31,9 +31,10 @@ public:
     bool stop();
     /** Reviews the settings in a file once the radio has been read. */
     void restore(const QString& fileName);
+    /** What ties form and radio. */
     hostkit::FormLink& link() { return m_link; }
 
-    /** Where to a review with these questions is on screen; null if none is. */
+    /** The review that is on screen; null if none is. */
     hostkit::ReviewDialog* review() const { return m_review; }
 
 protected:
