@@ -26,6 +26,16 @@ const char* colourOf(Severity severity)
     return severity == Severity::Error ? red : severity == Severity::Warning ? magenta : cyan;
 }
 
+/** @p text with nothing in it that a terminal would obey: a broken file may hold any byte. */
+QString harmless(QString text)
+{
+    for (QChar& c : text) {
+        if (c.category() == QChar::Other_Control && c != QLatin1Char('\t'))
+            c = QChar(QChar::ReplacementCharacter);
+    }
+    return text;
+}
+
 class TextReport : public Report
 {
 public:
@@ -53,10 +63,10 @@ private:
         const QString where = QStringLiteral("%1:%2:%3:").arg(file.file).arg(place.line).arg(place.column);
         QString whole = in(bold, where) + QLatin1Char(' ') +
                         in(colourOf(finding.severity), severityName(finding.severity) + QLatin1Char(':')) +
-                        QLatin1Char(' ') + finding.message + QStringLiteral(" [%1]\n").arg(finding.id) +
-                        excerpt(file.source, finding, place);
+                        QLatin1Char(' ') + harmless(finding.message) +
+                        QStringLiteral(" [%1]\n").arg(finding.id) + excerpt(file.source, finding, place);
         if (!finding.effect.isEmpty())
-            whole += QStringLiteral("    %1\n").arg(finding.effect);
+            whole += QStringLiteral("    %1\n").arg(harmless(finding.effect));
         if (!finding.fix.isEmpty())
             whole += QStringLiteral("    %1\n").arg(fixText(finding));
         return whole;
@@ -77,7 +87,7 @@ private:
         }
         const int length = qMin(finding.range.end - finding.range.begin, from + shown.size() - at);
         mark += in(green, QLatin1Char('^') + QString(qMax(0, length - 1), QLatin1Char('~')));
-        return QStringLiteral("    %1\n    %2\n").arg(shown, mark);
+        return QStringLiteral("    %1\n    %2\n").arg(harmless(shown), mark);
     }
 
     bool m_coloured;

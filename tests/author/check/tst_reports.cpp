@@ -65,6 +65,14 @@ private Q_SLOTS:
         QVERIFY(reported(colouredText, {misspelt}).contains("\x1b[1;31merror:\x1b[0m"));
     }
 
+    void aBrokenFileCannotCommandTheTerminal()
+    {
+        const QByteArray hostile =
+            "<KVParamGui version=\"1.0\"><x name=\"\x1b[2J\"/><\x1b[31m/></KVParamGui>";
+        QVERIFY(reported(plainText, {hostile}).contains("not-well-formed"));
+        QVERIFY(!reported(plainText, {hostile}).contains('\x1b'));
+    }
+
     void longLinesAreCutRoundThePlace()
     {
         const QByteArray long1 = "<KVParamGui version=\"1.0\">" + QByteArray(100000, ' ') + "<Sheets/>" +
