@@ -8,6 +8,7 @@
 
 #include <QLabel>
 #include <QLayout>
+#include <QTextDocument>
 
 namespace hostkit {
 
@@ -31,6 +32,12 @@ QHash<QString, QString> pathsByName(ZorvaFormular& form)
         paths.insert(row->GetName(), path);
     }
     return paths;
+}
+
+/** A tool tip that shows @p words, which a device may have said, letter by letter. */
+QString letterByLetter(const QString& words)
+{
+    return Qt::mightBeRichText(words) ? words.toHtmlEscaped() : words;
 }
 
 } // namespace
@@ -139,12 +146,13 @@ void RowStates::show(const QString& path, Row& row)
     const QString words = why.isEmpty() ? word(shown) : QStringLiteral("%1: %2").arg(word(shown), why);
     if (row.mark) {
         row.mark->setState(shown);
-        row.mark->setToolTip(words);
+        row.mark->setToolTip(letterByLetter(words));
         row.mark->setAccessibleName(words);
     }
     if (row.control) {
-        const QString own = row.toolTip.isEmpty() ? QString() : row.toolTip + QLatin1String("<br>");
-        row.control->setToolTip(own + words.toHtmlEscaped());
+        row.control->setToolTip(row.toolTip.isEmpty()
+                                    ? letterByLetter(words)
+                                    : row.toolTip + QLatin1String("<br>") + words.toHtmlEscaped());
         row.control->setAccessibleDescription(words);
     }
     Q_EMIT changed(path, shown, why);

@@ -34,6 +34,7 @@ Window::Window(const QString& title, const hostkit::FormLink::Form& form, std::s
     setWindowTitle(title);
     setCentralWidget(m_form->GetGUI());
     m_linkText->setObjectName(QStringLiteral("linkState"));
+    m_linkText->setTextFormat(Qt::PlainText); // the device has its say in it
     statusBar()->addPermanentWidget(m_linkText);
     makeMenu();
     poll();
