@@ -279,9 +279,10 @@ void TestVCComboBoxClassic::hintsAreTheStockOnesWithinTheEnds()
     stock.ensurePolished();
     const QSize least = stock.minimumSizeHint().boundedTo(
         QSize(FieldSize::UpperWidth(m_box.get()), stock.sizeHint().height()));
+    const QSize common(FieldSize::CommonWidth(m_box.get()), FieldSize::CommonHeight(m_box.get()));
     QCOMPARE(m_box->minimumSizeHint(), least);
     QCOMPARE(m_box->minimumSizeHint(), least);
-    QCOMPARE(m_box->sizeHint(), least.expandedTo(QSize(FieldSize::CommonWidth(m_box.get()), 0)));
+    QCOMPARE(m_box->sizeHint(), least.expandedTo(common));
 }
 
 void TestVCComboBoxClassic::longEntriesAreWholeInTheList()
