@@ -2,6 +2,9 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QLayout>
+#include <QPointer>
+#include <QWidget>
 
 namespace {
 
@@ -28,40 +31,54 @@ bool updatesWanted(const QWidget* widget)
 
 } // namespace
 
-BulkChange::BulkChange(QWidget* content, Hold hold)
+/// What one guard holds. Lets go by itself when an event loop turns.
+class BulkHold : public QObject
 {
-    if (!content || content->isVisible() == (hold == ComingOnScreen))
-        return;
-    if (hold == PaintingAndLayout)
-        holdLayout(content->layout());
-    holdPainting(content);
+public:
+    /// `content` and `layout` are held where they are not null.
+    BulkHold(QWidget* content, QLayout* layout);
+
+    void release();
+    bool event(QEvent* event) override;
+
+private:
+    void releaseLayout();
+    void releasePainting();
+
+    QPointer<QWidget> m_content;
+    QPointer<QLayout> m_layout;
+};
+
+BulkHold::BulkHold(QWidget* content, QLayout* layout)
+    : m_content(content)
+    , m_layout(layout)
+{
+    if (m_layout)
+        m_layout->setEnabled(false);
+    if (m_content)
+        markUpdatesDisabled(m_content, true);
+    QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
 }
 
-BulkChange::~BulkChange()
+bool BulkHold::event(QEvent* event)
+{
+    if (event->type() != QEvent::User)
+        return QObject::event(event);
+    release();
+    return true;
+}
+
+void BulkHold::release()
 {
     if (m_layout)
         releaseLayout();
     if (m_content)
         releasePainting();
+    m_layout.clear();
+    m_content.clear();
 }
 
-void BulkChange::holdLayout(QLayout* layout)
-{
-    if (!layout || !layout->isEnabled())
-        return;
-    m_layout = layout;
-    m_layout->setEnabled(false);
-}
-
-void BulkChange::holdPainting(QWidget* content)
-{
-    if (!content->updatesEnabled())
-        return;
-    m_content = content;
-    markUpdatesDisabled(content, true);
-}
-
-void BulkChange::releaseLayout()
+void BulkHold::releaseLayout()
 {
     m_layout->setEnabled(true);
     m_layout->update();
@@ -71,7 +88,7 @@ void BulkChange::releaseLayout()
         QCoreApplication::postEvent(owner, new QEvent(QEvent::LayoutRequest));
 }
 
-void BulkChange::releasePainting()
+void BulkHold::releasePainting()
 {
     // Every child shown meanwhile has asked itself for a later update; heard
     // now, that is dropped.
@@ -80,4 +97,21 @@ void BulkChange::releasePainting()
         return;
     markUpdatesDisabled(m_content, false);
     m_content->update();
+}
+
+BulkChange::BulkChange(QWidget* content, Hold hold)
+{
+    if (!content || content->isVisible() == (hold == ComingOnScreen))
+        return;
+    QLayout* const layout = hold == PaintingAndLayout ? content->layout() : nullptr;
+    QLayout* const heldLayout = layout && layout->isEnabled() ? layout : nullptr;
+    QWidget* const heldContent = content->updatesEnabled() ? content : nullptr;
+    if (heldLayout || heldContent)
+        m_hold = std::make_unique<BulkHold>(heldContent, heldLayout);
+}
+
+BulkChange::~BulkChange()
+{
+    if (m_hold)
+        m_hold->release();
 }

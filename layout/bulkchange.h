@@ -1,9 +1,12 @@
 #ifndef ZORVA_LAYOUT_BULKCHANGE_H
 #define ZORVA_LAYOUT_BULKCHANGE_H
 
-#include <QLayout>
-#include <QPointer>
-#include <QWidget>
+#include <QtGlobal>
+
+#include <memory>
+
+class BulkHold;
+class QWidget;
 
 /// Holds arrangement and painting of a shown form while many of its children
 /// change, so that the whole bulk costs one arrangement and one repaint:
@@ -16,7 +19,8 @@
 /// that is not visible are fine and cost nothing. The content and its layout
 /// may die while they are held. What a host asked for itself (updates switched
 /// off, layout switched off) stays as asked. The arrangement follows in the
-/// next turn of the event loop.
+/// next turn of the event loop. If somebody else runs the event loop while the
+/// guard lives, such as a dialog that answers a change, nothing is held any more.
 ///
 /// A guard that holds Painting alone is for changes that move nothing; changes
 /// that do are arranged as if there were none. One for ComingOnScreen is for
@@ -33,13 +37,7 @@ public:
     ~BulkChange();
 
 private:
-    void holdLayout(QLayout* layout);
-    void holdPainting(QWidget* content);
-    void releaseLayout();
-    void releasePainting();
-
-    QPointer<QWidget> m_content; // null unless its painting is held by this guard
-    QPointer<QLayout> m_layout;  // null unless switched off by this guard
+    std::unique_ptr<BulkHold> m_hold; // null unless this guard holds something
 };
 
 #endif

@@ -1,5 +1,7 @@
 #include "zorvadelegate.h"
 
+#include "rowwatch_p.h"
+
 #include <zorvaparser/zorvasheet.h>
 #include <zorvaparser/zorvawidget.h>
 
@@ -39,7 +41,19 @@ ZorvaDelegate::ZorvaDelegate(ZorvaWidget* owningWidget)
     definedProperties = baseProperties;
 }
 
-ZorvaDelegate::~ZorvaDelegate() = default;
+ZorvaDelegate::ZorvaDelegate(ZorvaSheet* sheet)
+    : ZorvaDelegate(static_cast<ZorvaWidget*>(nullptr))
+{
+    ownSheet = sheet;
+}
+
+ZorvaDelegate::~ZorvaDelegate()
+{
+    for (RowWatch* watch = watches; watch; watch = watch->older())
+        watch->forget();
+}
+
+void ZorvaDelegate::LetValuesGo() {}
 
 void ZorvaDelegate::CreateValueTree() {}
 
@@ -118,7 +132,7 @@ void ZorvaDelegate::setCustomProperty(QString name, QVariant value)
     if (value == customProperty(name))
         return;
     customProperties.insert(name, value);
-    Q_EMIT customPropertyChanged(name, value);
+    Raise(&ZorvaDelegate::customPropertyChanged, name, value);
 }
 
 void ZorvaDelegate::setGroupVisible(bool flag)
@@ -183,11 +197,33 @@ void ZorvaDelegate::WriteUnitAttribute(QXmlStreamWriter& writer) const
         writer.writeAttribute(QStringLiteral("unit"), unit);
 }
 
-bool ZorvaDelegate::MarkModified()
+bool ZorvaDelegate::RunWatched(void (*call)(const void*), const void* target)
 {
-    const QPointer<ZorvaDelegate> alive(this);
-    setModified(true);
-    return alive;
+    const RowWatch row(*this);
+    call(target);
+    return static_cast<bool>(row);
+}
+
+bool ZorvaDelegate::TakeContent(const char* name, const QVariant& content)
+{
+    bool changed = false;
+    return Watched([&] { changed = ChangeProperty(name, content); }) && changed;
+}
+
+bool ZorvaDelegate::MarkModified(bool autoApply)
+{
+    return Watched([&] { setModified(autoApply); });
+}
+
+void ZorvaDelegate::ApplyNow()
+{
+    if (ZorvaSheet* const sheet = GetSheet())
+        sheet->applyNow();
+}
+
+bool ZorvaDelegate::IsLetGo() const
+{
+    return FormHold::isLetGo(GetFormular());
 }
 
 void ZorvaDelegate::PlaceControl(FloatGroupLayout* layout, QWidget* control)
@@ -238,6 +274,12 @@ QString ZorvaDelegate::FallbackToolTip()
     return Markup::toolTip(label ? GetTranslated("labelText") : widget->GetXmlTagName());
 }
 
+void ZorvaDelegate::DropLater(QWidget* control)
+{
+    if (control)
+        control->deleteLater();
+}
+
 void ZorvaDelegate::FocusControl(QWidget* control)
 {
     if (control)
@@ -260,12 +302,13 @@ const QString& ZorvaDelegate::ControlName() const
 
 ZorvaSheet* ZorvaDelegate::GetSheet() const
 {
-    return widget ? widget->GetSheet() : nullptr;
+    return widget ? widget->GetSheet() : ownSheet;
 }
 
 ZorvaFormular* ZorvaDelegate::GetFormular() const
 {
-    return widget ? widget->GetFormular() : nullptr;
+    const ZorvaSheet* const sheet = GetSheet();
+    return sheet ? sheet->GetFormular() : nullptr;
 }
 
 } // namespace Orvane

@@ -16,12 +16,15 @@
 #include <QVariant>
 #include <QVector>
 
+#include <utility>
+
 class FloatGroupLayout;
 class QXmlStreamReader;
 class QXmlStreamWriter;
 
 namespace Orvane {
 
+class RowWatch;
 class ZorvaEnum;
 class ZorvaFormular;
 class ZorvaSheet;
@@ -95,8 +98,6 @@ public:
     void Update(Observable* observable, TChangeCode code) override;
     /** The one funnel of property changes. */
     bool event(QEvent* event) override;
-    /** As QObject's own, but the funnel takes the value from here and does not look it up again. */
-    bool setProperty(const char* name, const QVariant& value);
 
     /** Sets the property unless it equals @p value (QVariant comparison); true if set. */
     bool ChangeProperty(const QString& name, QVariant value);
@@ -104,7 +105,7 @@ public:
     bool ChangeProperty(const char* name, const QVariant& value);
     /**
      * Switches a property between forwarded and held back. While it is held back
-     * the control shows @p value (if not null) and the property keeps its own.
+     * the control shows @p value (if not null); the property is not touched.
      */
     void EnableProperty(const QString& name, bool enable, QVariant* value);
     /** Sends the held-back look to controls that were made after it was asked for. */
@@ -166,6 +167,9 @@ public:
     static double reverseDisplayTransformation(double value, double factor, double offset);
 
 protected:
+    /** For the sheet's own delegate, which has no row; @p sheet is not owned. */
+    explicit ZorvaDelegate(ZorvaSheet* sheet);
+
     /** Called for each change of a property; subclasses call the base first. */
     virtual void PropertyChanged(const QString& name, const QVariant& value);
 
@@ -264,18 +268,86 @@ protected:
      * they clamp goes into the property "value" as well, without a mark.
      */
     template <typename V>
-    void ConfigureRowValue(V* value)
+    void ConfigureRowValue(V*& value)
     {
         if (!value)
             return;
         const auto before = value->GetValue();
         ConfigureValueNumeric(value);
-        if (value->GetValue() != before)
+        // An observer may have removed it.
+        if (value && value->GetValue() != before)
             setProperty("value", value->GetValue());
     }
 
-    /** Marks the row; false if the host dropped the form in answer, and this row with it. */
-    bool MarkModified();
+    // Everything below that runs somebody else's code gives false if the row is gone
+    // after it, or its form let go: nothing of the row may be touched then.
+
+    /** Runs @p call, which may raise signals, write values and change properties. */
+    template <typename Call>
+    bool Watched(const Call& call)
+    {
+        return RunWatched([](const void* target) { (*static_cast<const Call*>(target))(); }, &call);
+    }
+    /** As setProperty(). */
+    bool SetProperty(const char* name, const QVariant& value)
+    {
+        return Watched([&] { setProperty(name, value); });
+    }
+    /** Raises @p signal of this row, which is silent once its form is let go. */
+    template <typename Row, typename... Params, typename... Args>
+    bool Raise(void (Row::*signal)(Params...), const Args&... args)
+    {
+        return !IsLetGo() && Watched([&] { (static_cast<Row*>(this)->*signal)(args...); });
+    }
+    /** The same as a step of AnswerChange(). */
+    template <typename Row, typename... Params, typename... Args>
+    auto Signal(void (Row::*signal)(Params...), const Args&... args)
+    {
+        return [this, signal, args...] { return Raise(signal, args...); };
+    }
+    /** Raises @p to of this row whenever @p control raises @p from. */
+    template <typename Control, typename Base, typename Row, typename... Args, typename... Params>
+    void Relay(const Control& control, void (Base::*from)(Args...), void (Row::*to)(Params...))
+    {
+        connect(&*control, from, this, [this, to](Args... args) { Raise(to, args...); });
+    }
+    /** The same for a click, whether or not the button is checked by it. */
+    template <typename Button, typename Row>
+    void RelayClick(const Button& button, void (Row::*to)())
+    {
+        connect(&*button, &std::decay_t<decltype(*button)>::clicked, this, [this, to] { Raise(to); });
+    }
+    /**
+     * The answer to a changed value: @p name takes the new content, and if that is a
+     * change, @p signals are raised in order and the row is marked.
+     */
+    template <typename... Signals>
+    bool AnswerChange(const char* name, const QVariant& content, const Signals&... signals)
+    {
+        return TakeContent(name, content) && (signals() && ...) && MarkModified();
+    }
+    /** The first half of it: true if the property changed and the row is still there. */
+    bool TakeContent(const char* name, const QVariant& content);
+    /** True if @p value, which is let go if it is going away, has a new content. */
+    template <typename V>
+    bool HasNewContent(V*& value, Observable* observable, TChangeCode code)
+    {
+        ForgetValue(value, observable, code);
+        return IsContentChange(value, observable, code);
+    }
+    /** Raises the signal of a pressed Return and lets the sheet apply. */
+    template <typename Row>
+    void ApplyAfter(void (Row::*returnPressed)())
+    {
+        if (Raise(returnPressed))
+            ApplyNow();
+    }
+    /** Lets the sheet apply, if there is one. */
+    void ApplyNow();
+    /** Marks the row. */
+    bool MarkModified(bool autoApply = true);
+    /** True once the host has let the form go from within one of its own signals. */
+    bool IsLetGo() const;
     /** Adds @p control to @p layout, names it by the caption and ends the row. */
     void PlaceControl(FloatGroupLayout* layout, QWidget* control);
     /**
@@ -288,6 +360,8 @@ protected:
     void UpdateNames();
     /** The label's text, or else the row's tag: what a control shows as tool tip for want of a better one. */
     QString FallbackToolTip();
+    /** Deletes @p control, which may be null, once whatever it is doing has come to its end. */
+    static void DropLater(QWidget* control);
     /** Gives the keyboard focus to @p control, which may be null. */
     static void FocusControl(QWidget* control);
     /** One element named by the row's tag, with the unit if @p withUnit. */
@@ -311,6 +385,11 @@ protected:
     ZorvaWidget* widget; // not owned
 
 private:
+    friend class RowWatch;
+
+    /** Lets the control show @p look for a defined property; false if that is not wanted any more. */
+    bool ShowLook(const QString& name, const QVariant& look);
+    bool RunWatched(void (*call)(const void*), const void* target);
     bool ParseProperty(QXmlStreamReader& reader, bool custom);
     /** A description's thousandth name is the last new one that a row takes. */
     void SetParsedProperty(const QByteArray& key, const QVariant& value);
@@ -371,6 +450,15 @@ private:
     // What the control shows in place of a property that is held back.
     QMap<QString, QVariant> heldBackLooks;
     QVector<NamedControl> namedControls;
+    ZorvaSheet* ownSheet = nullptr; // not owned; the sheet's own delegate's alone
+    RowWatch* watches = nullptr;    // not owned: the newest one on the stack
+
+public:
+    /**
+     * Deletes the row's values and leaves them, so that their places in the value tree
+     * are free. Called when a form that was let go has to make room.
+     */
+    virtual void LetValuesGo();
 };
 
 } // namespace Orvane

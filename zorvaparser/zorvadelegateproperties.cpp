@@ -1,6 +1,7 @@
 #include "zorvadelegate.h"
 
 #include "bounds_p.h"
+#include "rowwatch_p.h"
 
 #include <layout/markup.h>
 
@@ -9,55 +10,19 @@
 #include <QScopedValueRollback>
 #include <QXmlStreamReader>
 
-#include <utility>
-
 namespace Orvane {
 
 namespace {
 
 int blockDepth = 0;
 
-/**
- * The write that is on its way to its own change event. Kept here and not in the
- * row, which the host may drop in answer.
- */
-class PropertyWrite
-{
-    Q_DISABLE_COPY(PropertyWrite)
-
-public:
-    PropertyWrite(const QObject* row, const char* name, const QVariant& value)
-        : m_row(row)
-        , m_name(name)
-        , m_value(value)
-    {
-        current = this;
-    }
-    // What stood before is not put back: its property may have been written again.
-    ~PropertyWrite() { current = nullptr; }
-
-    /** Null if nothing is on its way. Whatever is written in answer has an event of its own. */
-    static const PropertyWrite* take() { return std::exchange(current, nullptr); }
-
-    bool isOf(const QObject* row, const QByteArray& name) const { return row == m_row && name == m_name; }
-    const QVariant& value() const { return m_value; }
-
-private:
-    static const PropertyWrite* current;
-
-    const QObject* m_row;
-    const char* m_name;
-    const QVariant& m_value;
-};
-
-const PropertyWrite* PropertyWrite::current = nullptr;
-
 } // namespace
 
 void ZorvaDelegate::ParseProperties(QXmlStreamReader& reader, bool custom)
 {
     const QScopedValueRollback<int> nested(blockDepth, blockDepth + 1);
-    while (!reader.atEnd()) {
+    const RowWatch row(*this);
+    while (row && !reader.atEnd()) {
         const QXmlStreamReader::TokenType token = reader.readNext();
         if (token == QXmlStreamReader::EndElement)
             break;
@@ -73,7 +38,7 @@ void ZorvaDelegate::ParseProperties(QXmlStreamReader& reader, bool custom)
                 reader.skipCurrentElement();
         }
     }
-    if (!custom)
+    if (!custom && row)
         FinishParse();
 }
 
@@ -119,19 +84,11 @@ bool ZorvaDelegate::event(QEvent* event)
 {
     if (event->type() == QEvent::DynamicPropertyChange) {
         const QByteArray key = static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName();
-        const PropertyWrite* const write = PropertyWrite::take();
-        if (!key.startsWith("_q_"))
-            PropertyChanged(QString::fromLatin1(key), write && write->isOf(this, key)
-                                                          ? QVariant(write->value())
-                                                          : property(key.constData()));
+        const auto change = [&] { PropertyChanged(QString::fromLatin1(key), property(key.constData())); };
+        if (!key.startsWith("_q_") && !Watched(change))
+            return true;
     }
     return QObject::event(event);
-}
-
-bool ZorvaDelegate::setProperty(const char* name, const QVariant& value)
-{
-    const PropertyWrite write(this, name, value);
-    return QObject::setProperty(name, value);
 }
 
 void ZorvaDelegate::PropertyChanged(const QString& name, const QVariant& value)
@@ -167,29 +124,30 @@ void ZorvaDelegate::EnableProperty(const QString& name, bool enable, QVariant* v
     if (enable) {
         heldBackLooks.remove(name);
         DefineProperty(name);
-        setProperty(key.constData(), property(key.constData()));
+        if (!SetProperty(key.constData(), property(key.constData())))
+            return;
         // An equal value sends no event, and the control must see the real value again.
         QDynamicPropertyChangeEvent change(key);
         QCoreApplication::sendEvent(this, &change);
         return;
     }
-    if (!definedProperties.contains(name))
-        return;
-    const QVariant kept = property(key.constData());
-    if (value) {
-        heldBackLooks.insert(name, *value);
-        setProperty(key.constData(), *value);
-    }
-    UndefineProperty(name);
-    setProperty(key.constData(), kept);
+    if (definedProperties.contains(name) && (!value || ShowLook(name, *value)))
+        UndefineProperty(name);
+}
+
+bool ZorvaDelegate::ShowLook(const QString& name, const QVariant& look)
+{
+    heldBackLooks.insert(name, look);
+    // Whoever hears of it may open the gate again, and that then stands.
+    return Watched([&] { PropertyChanged(name, look); }) && heldBackLooks.contains(name);
 }
 
 void ZorvaDelegate::PushHeldBackProperties()
 {
     const QMap<QString, QVariant> looks = heldBackLooks;
     for (auto look = looks.cbegin(); look != looks.cend(); ++look) {
+        DefineProperty(look.key());
         QVariant shown = look.value();
-        EnableProperty(look.key(), true, nullptr);
         EnableProperty(look.key(), false, &shown);
     }
 }
@@ -214,10 +172,12 @@ void ZorvaDelegate::PropagateProperties(QObject* target)
 {
     if (!target)
         return;
-    for (const QString& name : qAsConst(definedProperties)) {
+    const QPointer<QObject> alive(target);
+    const QStringList names = definedProperties;
+    for (const QString& name : names) {
         const QByteArray key = name.toLatin1();
         const QVariant value = property(key.constData());
-        if (!value.isNull())
+        if (!value.isNull() && alive)
             target->setProperty(key.constData(), ForControl(name, value));
     }
 }
@@ -227,7 +187,8 @@ void ZorvaDelegate::PropagateProperty(const QString& name, QObject* target)
     if (!target || !definedProperties.contains(name))
         return;
     const QByteArray key = name.toLatin1();
-    const QVariant given = property(key.constData());
+    const auto look = heldBackLooks.constFind(name);
+    const QVariant given = look != heldBackLooks.cend() ? look.value() : property(key.constData());
     if (given.isNull())
         return;
     const QVariant value = ForControl(name, given);

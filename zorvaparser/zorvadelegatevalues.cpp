@@ -140,16 +140,20 @@ void ZorvaDelegate::ConfigureValueNumeric(values::IValueNumeric* value)
 {
     if (!value)
         return;
+    // Each setter tells observers, and one of them may remove the value.
+    values::ValueBase* const told = value->AsValueBase();
+    const ObservableGuard guard(told);
+    const auto isThere = [&] { return !told || guard.Get(); };
     double step = GetDouble("singleStep", 1.0);
     double minimum = GetDouble("minimum", noMinimum);
     double maximum = GetDouble("maximum", noMaximum);
     const double factor = GetDouble("displayScalingFactor", 1.0);
     const double offset = GetDouble("displayAdditiveOffset", 0.0);
-    if (TakeConverted("minimum", "q_internalLastMinimum", minimum, factor, offset))
+    if (TakeConverted("minimum", "q_internalLastMinimum", minimum, factor, offset) && isThere())
         value->SetMin(minimum, this);
-    if (TakeConverted("maximum", "q_internalLastMaximum", maximum, factor, offset))
+    if (TakeConverted("maximum", "q_internalLastMaximum", maximum, factor, offset) && isThere())
         value->SetMax(maximum, this);
-    if (TakeConverted("singleStep", "q_internalLastSingleStep", step, factor, 0.0))
+    if (TakeConverted("singleStep", "q_internalLastSingleStep", step, factor, 0.0) && isThere())
         value->SetStep(step, this);
 }
 

@@ -142,7 +142,13 @@ void ZorvaElement::writeChildren(QXmlStreamWriter& writer, bool modifiedOnly) co
     }
 }
 
-void ZorvaElement::readChildren(QXmlStreamReader& reader) const
+bool ZorvaElement::readWidget(WidgetPointer row, QXmlStreamReader& reader, const std::function<bool()>& goOn)
+{
+    row->ReadXml(reader);
+    return goOn();
+}
+
+void ZorvaElement::readChildren(QXmlStreamReader& reader, const std::function<bool()>& goOn) const
 {
     QVector<const ZorvaElement*> open{this};
     while (!open.isEmpty() && !reader.atEnd()) {
@@ -153,10 +159,10 @@ void ZorvaElement::readChildren(QXmlStreamReader& reader) const
             const ZorvaElement* const element = open.last()->child(reader.name());
             if (!element)
                 reader.skipCurrentElement();
-            else if (element->widget)
-                element->widget->ReadXml(reader);
-            else
+            else if (!element->widget)
                 open.append(element);
+            else if (!readWidget(element->widget, reader, goOn))
+                return;
         }
     }
 }

@@ -11,6 +11,8 @@
 #include <QStringView>
 #include <QVector>
 
+#include <functional>
+
 class QXmlStreamReader;
 class QXmlStreamWriter;
 
@@ -37,8 +39,11 @@ public:
     WidgetPointer findWidget(const QString& path) const;
     /** Writes the groups and leaves below this element, without the element itself. */
     void writeChildren(QXmlStreamWriter& writer, bool modifiedOnly) const;
-    /** Entered on this element's start tag; hands known elements to their widgets. */
-    void readChildren(QXmlStreamReader& reader) const;
+    /**
+     * Entered on this element's start tag; hands known elements to their widgets, as long
+     * as @p goOn says after each that this tree is still wanted.
+     */
+    void readChildren(QXmlStreamReader& reader, const std::function<bool()>& goOn) const;
 
 private:
     using Groups = QSet<const ZorvaElement*>;
@@ -49,6 +54,8 @@ private:
         const ZorvaElement* group; // what the leaf hangs in
     };
 
+    /** Keeps @p row meanwhile, which may lose its tree. */
+    static bool readWidget(WidgetPointer row, QXmlStreamReader& reader, const std::function<bool()>& goOn);
     ZorvaElement* child(QStringView tag) const;
     ZorvaElement* append(const QStringList& childTags);
     /** Called on the root: the groups that a modified row stands below, the root included. */

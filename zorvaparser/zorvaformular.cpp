@@ -1,8 +1,11 @@
 #include "zorvaformular.h"
 
+#include "formhold_p.h"
+#include "guardedrollback_p.h"
 #include "numbertext_p.h"
 #include "scriptguard_p.h"
 #include "textsize_p.h"
+#include "valuewalk_p.h"
 #include "widgets/zorvasheetui.h"
 #include "xmldocuments_p.h"
 #include "xmlwalk_p.h"
@@ -19,6 +22,7 @@
 #include <QMainWindow>
 #include <QScriptEngineDebugger>
 #include <QScriptValueIterator>
+#include <QTimer>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -63,27 +67,51 @@ void applyModeFromScript(const QScriptValue& value, eApplyMode& mode)
     mode = static_cast<eApplyMode>(value.toInt32());
 }
 
+/** Knows whether two values are both still there. */
+class BothValues
+{
+public:
+    BothValues(values::ValueBase* left, values::ValueBase* right)
+        : m_left(left)
+        , m_right(right)
+    {
+    }
+    explicit operator bool() const { return m_left.Get() && m_right.Get(); }
+
+private:
+    const ObservableGuard m_left;
+    const ObservableGuard m_right;
+};
+
 bool isNumeric(const values::ValueBase* value)
 {
     const int type = value->GetType();
     return type == values::TypeInt || type == values::TypeInt64 || type == values::TypeDouble;
 }
 
+// Each write below tells observers, and one of them may remove either value.
+
 void copyNumber(values::ValueBase* target, values::ValueBase* source, IObserver* observer)
 {
+    const BothValues there(target, source);
     auto* const to = dynamic_cast<values::IValueNumeric*>(target);
     const auto* const from = dynamic_cast<const values::IValueNumeric*>(source);
     if (!to || !from)
         return;
     to->SetMin(from->GetMin(), observer);
-    to->SetMax(from->GetMax(), observer);
-    to->SetStep(from->GetStep(), observer);
-    to->SetValue(from->GetValue(), observer);
+    if (there)
+        to->SetMax(from->GetMax(), observer);
+    if (there)
+        to->SetStep(from->GetStep(), observer);
+    if (there)
+        to->SetValue(from->GetValue(), observer);
 }
 
-void appendCopies(values::ValueSelection* target, const values::ValueSelection* source, IObserver* observer)
+void replaceItems(values::ValueSelection* target, values::ValueSelection* source, IObserver* observer)
 {
-    for (long i = 0; i < source->GetItemCount(); ++i)
+    const BothValues there(target, source);
+    target->DeleteItems(observer);
+    for (long i = 0; there && i < source->GetItemCount(); ++i)
         target->AddItem(new values::SelectionItem(*source->GetItemIndex(i)), observer);
 }
 
@@ -101,11 +129,9 @@ bool haveSameItems(const values::ValueSelection* left, const values::ValueSelect
 void copyItems(values::ValueBase* target, values::ValueBase* source, IObserver* observer)
 {
     auto* const to = dynamic_cast<values::ValueSelection*>(target);
-    const auto* const from = dynamic_cast<const values::ValueSelection*>(source);
-    if (!to || !from || haveSameItems(to, from))
-        return;
-    to->DeleteItems(observer);
-    appendCopies(to, from, observer);
+    auto* const from = dynamic_cast<values::ValueSelection*>(source);
+    if (to && from && !haveSameItems(to, from))
+        replaceItems(to, from, observer);
 }
 
 template <typename Numeric>
@@ -114,29 +140,33 @@ void takeRange(ZorvaDelegate* delegate, values::ValueBase* source)
     const auto* const number = dynamic_cast<const Numeric*>(source);
     if (!number)
         return;
+    const ObservableGuard there(source);
     delegate->setProperty("minimum", QVariant::fromValue(number->GetMin()));
-    delegate->setProperty("maximum", QVariant::fromValue(number->GetMax()));
-    delegate->setProperty("singleStep", QVariant::fromValue(number->GetStep()));
+    if (there.Get())
+        delegate->setProperty("maximum", QVariant::fromValue(number->GetMax()));
+    if (there.Get())
+        delegate->setProperty("singleStep", QVariant::fromValue(number->GetStep()));
 }
 
 void takeItems(ZorvaDelegate* delegate, values::ValueBase* source)
 {
     auto* const to = dynamic_cast<values::ValueSelection*>(delegate->GetVTValue());
-    const auto* const from = dynamic_cast<const values::ValueSelection*>(source);
-    if (!to || !from || from->GetItemCount() == 0)
-        return;
-    to->DeleteItems(delegate);
-    appendCopies(to, from, delegate);
+    auto* const from = dynamic_cast<values::ValueSelection*>(source);
+    if (to && from && from->GetItemCount() > 0)
+        replaceItems(to, from, delegate);
 }
 
 /** Sends @p text to a host's selection; one without such an item shrinks to it alone. */
 void selectOrReduce(values::ValueSelection* target, const QString& text, IObserver* observer)
 {
-    if (target->Select(text, observer))
+    const ObservableGuard there(target);
+    if (target->Select(text, observer) || !there.Get())
         return;
     target->DeleteItems(observer);
-    target->AddItem(text, text.toDouble(), 0, observer);
-    target->Select(text, observer);
+    if (there.Get())
+        target->AddItem(text, text.toDouble(), 0, observer);
+    if (there.Get())
+        target->Select(text, observer);
 }
 
 } // namespace
@@ -156,11 +186,45 @@ ZorvaFormular::ZorvaFormular()
 
 ZorvaFormular::~ZorvaFormular()
 {
+    FormHold::forget(this);
+    letGo = true; // nothing is raised any more
     if (scriptDebugger)
         debuggerGeometry() = scriptDebugger->standardWindow()->saveGeometry();
     delete scriptDebugger;
     if (!name.isEmpty())
         TranslationCenter::Instance().Unregister(name);
+}
+
+void ZorvaFormular::ComeToRest()
+{
+    if (keptAlive) {
+        keptAlive = false;
+        letGo = !ref.deref();
+        if (letGo)
+            sheet.LetValuesGo();
+    }
+    // Not at once: what called may be a control or a script of the form.
+    if (letGo || deleteAtRest)
+        deleteLater();
+    deleteAtRest = false;
+}
+
+bool ZorvaFormular::event(QEvent* event)
+{
+    if (event->type() != QEvent::DeferredDelete)
+        return QObject::event(event);
+    if (holds > 0) {
+        deleteAtRest = true;
+        return true;
+    }
+    // A handler that the script connected to an object of the host may still run.
+    if (scriptEngine.isEvaluating()) {
+        constexpr int pause = 50; // milliseconds
+        QTimer::singleShot(pause, this, &QObject::deleteLater);
+        return true;
+    }
+    // Shared again, it is the last holder's to delete.
+    return ref.loadRelaxed() > 0 || QObject::event(event);
 }
 
 void ZorvaFormular::ParseZORVA(QXmlStreamReader& reader)
@@ -206,23 +270,26 @@ void ZorvaFormular::CreateValueTree(QString path)
 {
     vtPath = path;
     // Defaults and what the script presets never count as changes by the user.
-    const bool wasActive = sheet.isActive();
-    sheet.setActive(false);
+    const GuardedRollback<FormHold, bool> inactive(this, sheet.active, false);
     sheet.CreateValueTree(path);
-    InitScript();
-    sheet.setActive(wasActive);
+    if (inactive)
+        InitScript();
 }
 
 void ZorvaFormular::CreateGUI(bool createApplyUi)
 {
+    const FormHold form(this);
     sheet.CreateGUI(createApplyUi);
-    RestoreConfiguration();
+    if (form)
+        RestoreConfiguration();
 }
 
 void ZorvaFormular::CreateGUI(bool createApplyUi, const QStringList& names, bool exclude)
 {
+    const FormHold form(this);
     sheet.CreateGUI(createApplyUi, names, exclude);
-    RestoreConfiguration();
+    if (form)
+        RestoreConfiguration();
 }
 
 QWidget* ZorvaFormular::GetGUI()
@@ -232,13 +299,17 @@ QWidget* ZorvaFormular::GetGUI()
 
 void ZorvaFormular::Show()
 {
+    const FormHold form(this);
     const BulkChange bulk(sheet.Content(), BulkChange::ComingOnScreen);
-    GetGUI()->show();
+    if (QWidget* const window = GetGUI())
+        window->show();
 }
 
 void ZorvaFormular::Hide()
 {
-    GetGUI()->hide();
+    const FormHold form(this);
+    if (QWidget* const window = GetGUI())
+        window->hide();
 }
 
 void ZorvaFormular::EnableInput(bool enable)
@@ -283,7 +354,6 @@ QString ZorvaFormular::WriteXml(bool withValues, bool modifiedOnly)
     QString text;
     QXmlStreamWriter writer(&text);
     writer.setAutoFormatting(true);
-    writer.setCodec("UTF-8");
     sheet.GetXml(writer, withValues, modifiedOnly);
     // The writer begins each element on a line of its own, the first one too.
     if (text.startsWith(QLatin1Char('\n')))
@@ -309,13 +379,14 @@ QString ZorvaFormular::GetXmlString(bool modifiedOnly)
 
 void ZorvaFormular::SetXmlString(const QString& text)
 {
+    const FormHold form(this);
     const QString root = sheet.GetSheetUi()->GetString("parametersXmlRootTag", QStringLiteral("Parameters"));
     const BulkChange bulk(sheet.Content());
     // The reader does not count the mark.
     const QString unmarked = text.startsWith(QChar(QChar::ByteOrderMark)) ? text.mid(1) : text;
     QXmlStreamReader reader(unmarked);
     ApplyDocument(reader, root);
-    if (reader.error() != QXmlStreamReader::NotWellFormedError)
+    if (!form || reader.error() != QXmlStreamReader::NotWellFormedError)
         return;
     // A document has one root, and the reader stumbles over what follows it.
     XmlDocuments documents(unmarked);
@@ -325,14 +396,15 @@ void ZorvaFormular::SetXmlString(const QString& text)
     for (QString document = documents.next(); !document.isNull(); document = documents.next()) {
         QXmlStreamReader further(document);
         ApplyDocument(further, root);
-        if (further.hasError())
+        if (!form || further.hasError())
             return;
     }
 }
 
 void ZorvaFormular::ApplyDocument(QXmlStreamReader& reader, const QString& root)
 {
-    while (!reader.atEnd()) {
+    const FormHold form(this);
+    while (form && !reader.atEnd()) {
         if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == root)
             sheet.ReadXml(reader);
     }
@@ -357,12 +429,18 @@ values::ValueBase* ZorvaFormular::GetVTValue(values::ValueBase* target, IObserve
             target->SetStringValue(QString(), observer);
         return nullptr;
     }
+    const FormHold form(this);
+    const ObservableGuard targetThere(target);
+    const ObservableGuard sourceThere(source);
+    const auto result = [&] { return sourceThere.Get() ? source : nullptr; };
     const QString text = source->GetStringValue();
     if (initialize) {
         InitVTValue(target, source, observer);
+        if (!targetThere.Get() || !sourceThere.Get())
+            return result();
         if (target->GetStringValue() == text) {
             target->HasChanged(ChangeCode::Content, observer);
-            return source;
+            return result();
         }
     }
     auto* const selection = dynamic_cast<values::ValueSelection*>(target);
@@ -370,13 +448,16 @@ values::ValueBase* ZorvaFormular::GetVTValue(values::ValueBase* target, IObserve
         selectOrReduce(selection, text, observer);
     else
         target->SetStringValue(text, observer);
-    return source;
+    return result();
 }
 
 void ZorvaFormular::GetVTValues(QList<values::ValueBase*> targets, IObserver* observer, bool initialize)
 {
-    for (auto target = targets.crbegin(); target != targets.crend(); ++target)
-        GetVTValue(*target, observer, initialize, nullptr);
+    const FormHold form(this);
+    fromLastToFirst(targets, [&](values::ValueBase* target) {
+        if (form)
+            GetVTValue(target, observer, initialize, nullptr);
+    });
 }
 
 bool ZorvaFormular::SetVTValue(const QString& path, const QString& text, IObserver* observer, bool apply)
@@ -384,10 +465,10 @@ bool ZorvaFormular::SetVTValue(const QString& path, const QString& text, IObserv
     values::ValueBase* const value = GetVTValue(path);
     if (!value || value->GetStringValue() == text)
         return false;
-    const QPointer<ZorvaFormular> alive(this);
+    const FormHold form(this);
     value->SetStringValue(text, observer);
     // Without an apply bar the write announces itself, and the host may let the form go.
-    if (apply && alive)
+    if (apply && form)
         sheet.applyNow();
     return true;
 }
@@ -405,6 +486,9 @@ void ZorvaFormular::InitVTValue(const QString& path, values::ValueBase* source)
     if (!widget)
         return;
     ZorvaDelegate* const delegate = widget->GetDelegate();
+    if (source == delegate->GetVTValue())
+        return;
+    const FormHold form(this);
     try {
         switch (source->GetType()) {
         case values::TypeInt:
@@ -467,6 +551,7 @@ void ZorvaFormular::RegisterScriptTypes()
 
 void ZorvaFormular::InitScript()
 {
+    const FormHold form(this);
     if (!script.GetCode().isEmpty())
         scriptGuard->install(sheet, scriptEngine);
     scriptEngine.evaluate(script.GetCode(), QString(), 1);
@@ -479,6 +564,7 @@ void ZorvaFormular::InitScript()
 
 void ZorvaFormular::EvaluateScript(const QString& code)
 {
+    const FormHold form(this);
     scriptGuard->install(sheet, scriptEngine);
     scriptEngine.evaluate(code, QString(), 1);
     if (scriptEngine.hasUncaughtException())
@@ -547,17 +633,22 @@ QMap<QString, QScriptValue> ZorvaFormular::GetScriptValues()
 
 void ZorvaFormular::SetChangedZORVA(const QString& text)
 {
+    const FormHold form(this);
     QXmlStreamReader reader(text);
-    while (!reader.atEnd() && reader.readNextStartElement()) {
+    while (form && !reader.atEnd() && reader.readNextStartElement()) {
         if (reader.name() == rootTag)
             ProcessChangedZORVA(reader);
     }
-    sheet.ResyncValueTree();
+    if (form)
+        sheet.ResyncValueTree();
 }
 
 void ZorvaFormular::ProcessChangedZORVA(QXmlStreamReader& reader)
 {
+    const FormHold form(this);
     walkChildren(reader, [&] {
+        if (!form)
+            return;
         if (reader.name() == QLatin1String("Enums"))
             ParseChangedEnums(reader);
         else if (reader.name() == QLatin1String("Sheet"))
@@ -607,13 +698,18 @@ void ZorvaFormular::RestoreConfiguration()
 {
     if (!configObject)
         return;
+    const FormHold form(this);
     const int size = configObject->property(ConfigName("-fontsize").constData()).toInt();
     if (size > 0)
         sheet.SetFontSize(size);
     else if (GetGUI() && shownTextSize(*GetGUI()) != normalTextSize())
         sheet.SetFontSize(normalTextSize());
+    if (!form || !configObject)
+        return;
     const QString collapsed = configObject->property(ConfigName("-collapsed").constData()).toString();
     sheet.SetCollapsed(collapsed.split(QLatin1Char(',')));
+    if (!form || !configObject)
+        return;
     const QVariant disabled = configObject->property("input-disabled");
     if (disabled.isValid())
         sheet.EnableInput(!disabled.toBool(), ZorvaSheet::ekFormularEnableScope);
@@ -623,10 +719,13 @@ void ZorvaFormular::ApplyConfiguration()
 {
     if (!configObject)
         return;
+    const FormHold form(this);
     QVariant fontSize;
     if (GetGUI() && shownTextSize(*GetGUI()) != normalTextSize())
         fontSize = shownTextSize(*GetGUI());
     configObject->setProperty(ConfigName("-fontsize").constData(), fontSize);
+    if (!form || !configObject)
+        return;
     QVariant collapsed;
     const QStringList names = sheet.GetCollapsed();
     if (!names.isEmpty())
@@ -636,8 +735,10 @@ void ZorvaFormular::ApplyConfiguration()
 
 void ZorvaFormular::sl_fontSize(int size)
 {
+    const FormHold form(this);
     sheet.SetFontSize(size);
-    ApplyConfiguration();
+    if (form)
+        ApplyConfiguration();
 }
 
 } // namespace Orvane

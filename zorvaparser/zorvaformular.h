@@ -33,8 +33,8 @@ class ScriptGuard;
 /**
  * The root object of one live form: sheet, script and enumerations of a
  * description, bound to a path in the value tree. Made by ZorvaParser with a
- * reference count of zero; keep it in a QExplicitlySharedDataPointer. The host
- * drives it: CreateValueTree(), CreateGUI(), Show(). GUI thread only.
+ * reference count of zero; keep it in a QExplicitlySharedDataPointer, which may let
+ * it go even in its own signals. Steps: CreateValueTree(), CreateGUI(). GUI thread only.
  */
 class ZORVAPARSER_EXPORT ZorvaFormular : public QObject, public QSharedData
 {
@@ -54,9 +54,9 @@ public:
     void CreateGUI(bool createApplyUi);
     /** Likewise for only the named widgets, or for all but them. */
     void CreateGUI(bool createApplyUi, const QStringList& names, bool exclude);
-    /** Null before CreateGUI(). The widget belongs to the host, which may embed or delete it at any time. */
+    /** Null before CreateGUI(). The host's to embed and to delete, by deleteLater() in answer to a signal. */
     QWidget* GetGUI();
-    /** Only while the top widget exists. */
+    /** Shows the top widget; nothing without one. */
     void Show();
     /** Hides the top widget, while there is one. */
     void Hide();
@@ -147,6 +147,10 @@ Q_SIGNALS:
     /** Parameters are ready to be fetched. */
     void si_parametersModified();
 
+public:
+    /** A deletion by deleteLater() waits until nothing is under way any more. */
+    bool event(QEvent* event) override;
+
 public Q_SLOTS:
     /**
      * Takes text size, collapsed groups and the input gate from the configuration object, if there is one.
@@ -158,7 +162,10 @@ private Q_SLOTS:
 
 private:
     Q_DISABLE_COPY(ZorvaFormular)
+    friend class FormHold;
 
+    /** The outermost call is over. */
+    void ComeToRest();
     void ParseEnums(QXmlStreamReader& reader);
     void ParseChangedEnums(QXmlStreamReader& reader);
     void PublishEnum(const QExplicitlySharedDataPointer<ZorvaEnum>& enumeration);
@@ -183,6 +190,11 @@ private:
     QPointer<QObject> configObject;        // not owned
     QString configKey;
     std::unique_ptr<ScriptGuard> scriptGuard; // never null; goes before the engine
+    // The calls that are under way, and what the host did to the form meanwhile.
+    int holds = 0;
+    bool keptAlive = false;    // by a reference that they share
+    bool letGo = false;        // nobody else held one at the end, so the event loop deletes the form
+    bool deleteAtRest = false; // deletion was asked for by deleteLater()
 };
 
 } // namespace Orvane

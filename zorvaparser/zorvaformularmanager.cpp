@@ -1,8 +1,9 @@
 #include "zorvaformularmanager.h"
 
-#include <zorvaparser/zorvaparser.h>
+#include "formhold_p.h"
+#include "valuewalk_p.h"
 
-#include <valueframework/valuebase.h>
+#include <zorvaparser/zorvaparser.h>
 
 #include <QWidget>
 
@@ -54,29 +55,34 @@ ZorvaFormularManager::FormularPointer ZorvaFormularManager::GetFormular(const QS
     const auto description = descriptions.constFind(name);
     if (description == descriptions.cend())
         return FormularPointer();
-    ZorvaParser parser;
-    const FormularPointer formular(parser.ParseZORVA(description.value()));
+    ZorvaFormular* const formular = ZorvaParser().ParseZORVA(description.value());
     if (!formular)
-        return formular;
+        return FormularPointer();
     formular->SetName(name);
-    formulars.insert(name, formular);
+    formulars.insert(name, FormularPointer(formular));
+    const QPointer<ZorvaFormularManager> alive(this);
+    const FormHold hold(formular);
     formular->CreateValueTree(vtPath + QLatin1Char('/') + nodeName(name));
+    // What the script raises may make the host reset this manager.
+    if (!alive || formulars.value(name).data() != formular)
+        return FormularPointer();
     formular->CreateGUI(applyUiEnabled);
-    return formular;
+    return alive ? formulars.value(name) : FormularPointer();
 }
 
 void ZorvaFormularManager::LeaveCurrent()
 {
     const quint64 request = requests;
     // Hiding ends a text that is being typed, and what the host does then may drop the form.
-    const FormularPointer leaving = current;
+    const FormHold hold(current.data());
+    ZorvaFormular* const leaving = current.data();
     ZorvaSheet& sheet = leaving->GetSheet();
     sheet.killAutoApplyTimer();
     if (leaving->GetGUI())
         leaving->Hide();
-    if (request != requests || current != leaving)
+    if (request != requests || current.data() != leaving)
         return; // the answer was another form, or none
-    disconnect(leaving.data(), &ZorvaFormular::si_parametersModified, this,
+    disconnect(leaving, &ZorvaFormular::si_parametersModified, this,
                &ZorvaFormularManager::si_parametersModified);
     autoApplyMemory = sheet.isAutoApplyEnabled() ? 1 : -1;
     current.reset();
@@ -87,33 +93,37 @@ bool ZorvaFormularManager::ShowFormular(const QString& name)
     ++requests;
     if (current)
         LeaveCurrent();
-    const FormularPointer wanted = formulars.value(name);
+    ZorvaFormular* const wanted = formulars.value(name).data();
+    const FormHold hold(wanted);
     // Whoever showed a form while the last one was left has asked later.
     if (current)
-        return current == wanted;
-    current = wanted;
+        return current.data() == wanted;
+    current = FormularPointer(wanted);
     if (!wanted)
         return false;
     if (autoApplyMemory != 0)
         wanted->GetSheet().setAutoApplyEnabled(autoApplyMemory >= 1);
-    connect(wanted.data(), &ZorvaFormular::si_parametersModified, this,
+    connect(wanted, &ZorvaFormular::si_parametersModified, this,
             &ZorvaFormularManager::si_parametersModified);
     wanted->SetConfigObject(configObject, configKey);
     // Restoring may end a text that is being typed as well.
-    if (current == wanted && wanted->GetGUI())
+    if (current.data() == wanted && wanted->GetGUI())
         wanted->Show();
-    return current == wanted;
+    return current.data() == wanted;
 }
 
 void ZorvaFormularManager::Reset()
 {
     descriptions.clear();
-    for (const FormularPointer& formular : qAsConst(formulars)) {
+    // Values that go tell observers, and these may come back to this manager.
+    QMap<QString, FormularPointer> released;
+    released.swap(formulars);
+    const FormularPointer left = current;
+    current.reset();
+    for (const FormularPointer& formular : qAsConst(released)) {
         if (formular->GetGUI())
             formular->GetGUI()->deleteLater();
     }
-    formulars.clear();
-    current.reset();
 }
 
 QList<QString> ZorvaFormularManager::GetNames()
@@ -148,6 +158,7 @@ QString ZorvaFormularManager::GetXmlString(bool modifiedOnly)
 
 void ZorvaFormularManager::SetXmlString(const QString& xml)
 {
+    const FormHold hold(current.data());
     if (current)
         current->SetXmlString(xml);
 }
@@ -156,7 +167,8 @@ void ZorvaFormularManager::SetConfigObject(QObject* object, const QString& key)
 {
     configObject = object;
     configKey = key;
-    for (const FormularPointer& formular : qAsConst(formulars))
+    const QMap<QString, FormularPointer> all = formulars;
+    for (const FormularPointer& formular : all)
         formular->SetConfigObject(object, key);
 }
 
@@ -167,6 +179,7 @@ void ZorvaFormularManager::SetVTPath(const QString& path)
 
 bool ZorvaFormularManager::SetVTValue(values::ValueBase* value, IObserver* observer)
 {
+    const FormHold hold(current.data());
     return current && current->SetVTValue(value, observer, true);
 }
 
@@ -174,15 +187,16 @@ void ZorvaFormularManager::GetVTValues(QList<values::ValueBase*> targets, IObser
                                        bool initialize)
 {
     if (current) {
+        const FormHold hold(current.data());
         current->GetVTValues(targets, observer, initialize);
         return;
     }
     if (!initialize)
         return;
-    for (auto target = targets.crbegin(); target != targets.crend(); ++target) {
-        if (*target)
-            (*target)->SetStringValue(QString(), nullptr);
-    }
+    fromLastToFirst(targets, [](values::ValueBase* target) {
+        if (target)
+            target->SetStringValue(QString(), nullptr);
+    });
 }
 
 void ZorvaFormularManager::EnableApplyUi(bool enable)
@@ -192,6 +206,7 @@ void ZorvaFormularManager::EnableApplyUi(bool enable)
 
 void ZorvaFormularManager::SetCurrentModified(bool autoApply)
 {
+    const FormHold hold(current.data());
     if (current)
         current->GetSheet().setModified(autoApply);
 }
@@ -209,6 +224,7 @@ bool ZorvaFormularManager::isWidgetModified()
 
 void ZorvaFormularManager::RestoreConfiguration()
 {
+    const FormHold hold(current.data());
     if (current)
         current->RestoreConfiguration();
 }

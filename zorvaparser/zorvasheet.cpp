@@ -1,6 +1,9 @@
 #include "zorvasheet.h"
 
+#include "formhold_p.h"
+#include "guardedrollback_p.h"
 #include "textsize_p.h"
+#include "typing_p.h"
 #include "widgets/zorvasheetui.h"
 #include "xmlwalk_p.h"
 #include "zorvaelement_p.h"
@@ -9,8 +12,10 @@
 
 #include <layout/bulkchange.h>
 
-#include <QScopedValueRollback>
+#include <QPointer>
 #include <QSet>
+
+#include <algorithm>
 
 namespace Orvane {
 
@@ -46,6 +51,26 @@ ZorvaSheet::~ZorvaSheet()
     widgets.clear();
 }
 
+template <typename Visit>
+void ZorvaSheet::VisitRows(const Visit& visit) const
+{
+    const FormHold form(formular);
+    const QList<WidgetPointer> rows = widgets;
+    for (const WidgetPointer& row : rows) {
+        if (!visit(*row) || !form)
+            return;
+    }
+}
+
+template <typename Act>
+void ZorvaSheet::ForEachRow(const Act& act) const
+{
+    VisitRows([&act](ZorvaWidget& row) {
+        act(row);
+        return true;
+    });
+}
+
 void ZorvaSheet::ParseZORVA(QXmlStreamReader& reader)
 {
     name = reader.attributes().value(QLatin1String("name")).toString();
@@ -70,35 +95,44 @@ void ZorvaSheet::ParseZORVA(QXmlStreamReader& reader)
 
 void ZorvaSheet::ParseChangedZORVA(QXmlStreamReader& reader)
 {
+    const FormHold form(formular);
     const BulkChange bulk(Content());
     walkChildren(reader, [&] {
+        if (!form)
+            return;
         const QString widgetName = reader.attributes().value(QLatin1String("name")).toString();
         if (reader.name() != QLatin1String("Widget")) {
             reader.skipCurrentElement();
             return;
         }
-        BuildListIndex();
+        EnsureListIndex();
         const int index = indexByName.value(widgetName, -1);
         // An unknown widget is not skipped: the walk goes on inside it, and its end
         // tag ends the sheet.
-        if (index >= 0)
-            widgets.at(index)->GetDelegate()->ParseProperties(reader, false);
+        const WidgetPointer row = index < 0 ? WidgetPointer() : widgets.at(index);
+        if (row)
+            row->GetDelegate()->ParseProperties(reader, false);
     });
 }
 
 void ZorvaSheet::CreateValueTree(const QString& path)
 {
     const BulkChange bulk(Content());
+    FormHold::freePlaces();
     vtPath = path;
-    for (const WidgetPointer& widget : qAsConst(widgets))
-        widget->CreateValueTree(path);
+    ForEachRow([&path](ZorvaWidget& row) { row.CreateValueTree(path); });
+}
+
+void ZorvaSheet::LetValuesGo()
+{
+    for (const WidgetPointer& widget : QList<WidgetPointer>(widgets))
+        widget->GetDelegate()->LetValuesGo();
 }
 
 void ZorvaSheet::ResyncValueTree()
 {
     const BulkChange bulk(Content());
-    for (const WidgetPointer& widget : qAsConst(widgets))
-        widget->ResyncValueTree();
+    ForEachRow([](ZorvaWidget& row) { row.ResyncValueTree(); });
 }
 
 void ZorvaSheet::CreateGUI(bool createApplyUi)
@@ -115,19 +149,24 @@ void ZorvaSheet::CreateGUI(bool createApplyUi, const QStringList& names, bool ex
 
 void ZorvaSheet::CreateRows(const QStringList* names, bool exclude)
 {
-    FloatGroupLayout* const layout = sheetUi->GetLayout();
+    const QPointer<FloatGroupLayout> layout = sheetUi->GetLayout();
     if (!layout || layout->count() > 0)
         return;
+    const FormHold form(formular);
     const QSet<QString> listed = names ? toSet(*names) : QSet<QString>();
-    for (const WidgetPointer& widget : qAsConst(widgets)) {
-        const bool isListed = listed.contains(widget->GetName()) || listed.contains(widget->GetXmlTagName());
+    VisitRows([&](ZorvaWidget& row) {
+        const bool isListed = listed.contains(row.GetName()) || listed.contains(row.GetXmlTagName());
         if (names && isListed == exclude)
-            widget->SetSelected(false);
+            row.SetSelected(false);
         else
-            widget->CreateGUI(layout);
-    }
-    for (const WidgetPointer& widget : qAsConst(widgets))
-        widget->GetDelegate()->PushHeldBackProperties();
+            row.CreateGUI(layout);
+        return !layout.isNull();
+    });
+    if (!form)
+        return;
+    ForEachRow([](ZorvaWidget& row) { row.GetDelegate()->PushHeldBackProperties(); });
+    if (!form)
+        return;
     const bool open = enableFormular && enableHost;
     if (!open || !enableValues)
         SetEnableInput(false, open);
@@ -159,7 +198,7 @@ ZorvaSheet::WidgetPointer ZorvaSheet::Lookup(const QString& path) const
     const WidgetPointer widget = rootElement->findWidget(path);
     if (widget || path.contains(QLatin1Char('/')))
         return widget;
-    BuildTagIndex();
+    EnsureTagIndex();
     const int index = indexByTag.value(path, -1);
     return index < 0 ? WidgetPointer() : widgets.at(index);
 }
@@ -176,7 +215,7 @@ int ZorvaSheet::IndexOfWidget(const QString& path) const
 
 int ZorvaSheet::IndexOfWidget(WidgetPointer widget) const
 {
-    BuildListIndex();
+    EnsureListIndex();
     return indexByWidget.value(widget.data(), -1);
 }
 
@@ -226,7 +265,7 @@ void ZorvaSheet::TagsChanged()
     tagIndexValid = false;
 }
 
-void ZorvaSheet::BuildTagIndex() const
+void ZorvaSheet::EnsureTagIndex() const
 {
     if (tagIndexValid)
         return;
@@ -237,7 +276,7 @@ void ZorvaSheet::BuildTagIndex() const
     tagIndexValid = true;
 }
 
-void ZorvaSheet::BuildListIndex() const
+void ZorvaSheet::EnsureListIndex() const
 {
     if (listIndexValid)
         return;
@@ -259,32 +298,53 @@ void ZorvaSheet::SelectWidgets(const QStringList& list, bool select)
     }
 }
 
+// What was half typed may make the host switch this gate itself.
+bool ZorvaSheet::MaySwitch(const bool& gate, bool enable) const
+{
+    return gate != enable && (enable || FinishTyping()) && gate != enable;
+}
+
+bool ZorvaSheet::FinishTyping() const
+{
+    const FormHold form(formular);
+    finishTyping(Content());
+    return static_cast<bool>(form);
+}
+
 void ZorvaSheet::ShowGroup(const QString& headlineName, bool visible)
 {
+    const FormHold form(formular);
+    if (!visible && !FinishTyping())
+        return;
     const BulkChange bulk(Content());
     bool inside = false;
-    for (const WidgetPointer& widget : qAsConst(widgets)) {
-        if (widget->IsHeadline()) {
+    VisitRows([&](ZorvaWidget& row) {
+        if (row.IsHeadline()) {
             if (inside)
-                return;
-            inside = widget->GetName() == headlineName;
+                return false;
+            inside = row.GetName() == headlineName;
         }
         if (inside)
-            widget->GetDelegate()->setVisible(visible);
-    }
+            row.GetDelegate()->setVisible(visible);
+        return true;
+    });
 }
 
 void ZorvaSheet::setGroupVisible(ZorvaWidget* headline, bool visible)
 {
+    const FormHold form(formular);
+    if (!visible && !FinishTyping())
+        return;
     const BulkChange bulk(Content());
     bool inside = false;
-    for (const WidgetPointer& widget : qAsConst(widgets)) {
-        if (inside && widget->IsHeadline())
-            return;
-        inside = inside || widget.data() == headline;
+    VisitRows([&](ZorvaWidget& row) {
+        if (inside && row.IsHeadline())
+            return false;
+        inside = inside || &row == headline;
         if (inside)
-            widget->GetDelegate()->setGroupVisible(visible);
-    }
+            row.GetDelegate()->setGroupVisible(visible);
+        return true;
+    });
 }
 
 QStringList ZorvaSheet::GetCollapsed()
@@ -299,18 +359,25 @@ QStringList ZorvaSheet::GetCollapsed()
 
 void ZorvaSheet::SetCollapsed(const QStringList& list)
 {
+    const FormHold form(formular);
     const BulkChange bulk(Content());
     const QSet<QString> collapsed = toSet(list);
+    const bool closesOne = std::any_of(widgets.cbegin(), widgets.cend(), [&](const WidgetPointer& row) {
+        return row->IsHeadline() && row->GetDelegate()->isGroupVisible() &&
+               collapsed.contains(row->GetName());
+    });
+    if (closesOne && !FinishTyping())
+        return;
     bool inside = false;
     bool visible = true;
-    for (const WidgetPointer& widget : qAsConst(widgets)) {
-        if (widget->IsHeadline()) {
+    ForEachRow([&](ZorvaWidget& row) {
+        if (row.IsHeadline()) {
             inside = true;
-            visible = !collapsed.contains(widget->GetName());
+            visible = !collapsed.contains(row.GetName());
         }
         if (inside)
-            widget->GetDelegate()->setGroupVisible(visible);
-    }
+            row.GetDelegate()->setGroupVisible(visible);
+    });
 }
 
 void ZorvaSheet::SetFontSize(int size)
@@ -335,16 +402,23 @@ void ZorvaSheet::SetFontSize(int size)
 
 void ZorvaSheet::SetEnableInput(bool enable, bool restricted)
 {
+    const FormHold form(formular);
     const BulkChange bulk(Content(), BulkChange::Painting);
-    for (const WidgetPointer& widget : qAsConst(widgets))
-        widget->GetDelegate()->EnableInput(enable, restricted);
-    sheetUi->EnableInput(enable, restricted);
+    // Whoever switches again in answer has the last word.
+    const int turn = ++inputTurn;
+    VisitRows([&](ZorvaWidget& row) {
+        row.GetDelegate()->EnableInput(enable, restricted);
+        return form && turn == inputTurn;
+    });
+    if (form && turn == inputTurn)
+        sheetUi->EnableInput(enable, restricted);
 }
 
 void ZorvaSheet::EnableInput(bool enable, eEnableScope scope)
 {
+    const FormHold form(formular);
     if (scope == ekValuesEnableScope) {
-        if (enable == enableValues)
+        if (!MaySwitch(enableValues, enable))
             return;
         enableValues = enable;
         if (enableFormular && enableHost)
@@ -354,15 +428,15 @@ void ZorvaSheet::EnableInput(bool enable, eEnableScope scope)
     if (scope != ekFormularEnableScope && scope != ekHostEnableScope)
         return;
     bool& own = scope == ekFormularEnableScope ? enableFormular : enableHost;
-    const bool other = scope == ekFormularEnableScope ? enableHost : enableFormular;
-    if (enable == own)
+    const bool& other = scope == ekFormularEnableScope ? enableHost : enableFormular;
+    if (!MaySwitch(own, enable))
         return;
     own = enable;
     if (!other)
         return;
     SetEnableInput(enable, false);
     // The values' gate may still be closed.
-    if (enable && !enableValues)
+    if (form && enable && enableFormular && enableHost && !enableValues)
         SetEnableInput(false, true);
 }
 
@@ -444,16 +518,14 @@ void ZorvaSheet::GetXml(QXmlStreamWriter& writer, bool withValues, bool modified
 void ZorvaSheet::Retranslate()
 {
     const BulkChange bulk(Content());
-    const QList<WidgetPointer> rows = widgets;
-    for (const WidgetPointer& row : rows)
-        row->GetDelegate()->Retranslate();
+    ForEachRow([](ZorvaWidget& row) { row.GetDelegate()->Retranslate(); });
 }
 
 void ZorvaSheet::ReadXml(QXmlStreamReader& reader)
 {
-    const QScopedValueRollback<bool> inactive(active, false);
+    const GuardedRollback<FormHold, bool> inactive(formular, active, false);
     const BulkChange bulk(Content());
-    rootElement->readChildren(reader);
+    rootElement->readChildren(reader, [&inactive] { return static_cast<bool>(inactive); });
 }
 
 } // namespace Orvane

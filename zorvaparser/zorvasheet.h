@@ -129,12 +129,30 @@ public:
     ZorvaSheetUi* GetSheetUi() const { return sheetUi; }
 
 private:
+    friend class FormHold;
+    friend class ZorvaFormular;
+
+    /**
+     * The rows in order, as they stand when the walk begins, until @p visit gives false
+     * or the form is gone: each may run somebody else's code.
+     */
+    template <typename Visit>
+    void VisitRows(const Visit& visit) const;
+    /** The same for all rows. */
+    template <typename Act>
+    void ForEachRow(const Act& act) const;
+    /** Frees the places of all rows in the value tree. */
+    void LetValuesGo();
+    /** Makes final what is half typed; false if the form is gone with it. */
+    bool FinishTyping() const;
+    /** True if @p gate is to be switched to @p enable, with nothing half typed any more. */
+    bool MaySwitch(const bool& gate, bool enable) const;
     void SetEnableInput(bool enable, bool restricted);
     void CreateRows(const QStringList* names, bool exclude);
     void InstallWidget(const WidgetPointer& widget, int index);
     WidgetPointer Lookup(const QString& path) const;
-    void BuildTagIndex() const;
-    void BuildListIndex() const;
+    void EnsureTagIndex() const;
+    void EnsureListIndex() const;
 
     QString name;
     QString vtPath;
@@ -154,6 +172,7 @@ private:
     mutable bool listIndexValid = false;
     mutable QHash<QString, int> indexByName;
     mutable QHash<const ZorvaWidget*, int> indexByWidget;
+    int inputTurn = 0; // counts the walks that switch input
 };
 
 } // namespace Orvane

@@ -85,11 +85,6 @@ QSize ZorvaTestMain::sizeHint() const
     return {500, 800};
 }
 
-void ZorvaTestMain::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-}
-
 void ZorvaTestMain::closeEvent(QCloseEvent* event)
 {
     QWidget::closeEvent(event);

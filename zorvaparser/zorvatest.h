@@ -22,7 +22,6 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 };
 

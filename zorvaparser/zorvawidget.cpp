@@ -22,7 +22,6 @@ ZorvaWidget::ZorvaWidget(ZorvaSheet* owningSheet)
 ZorvaWidget::~ZorvaWidget()
 {
     delete delegate;
-    sheet = nullptr;
 }
 
 void ZorvaWidget::ParseZORVA(QXmlStreamReader& reader, int index)

@@ -73,6 +73,8 @@ public:
     /// Added to the number for display, after the factor.
     void SetDisplayAdditveOffset(double offset);
     double displayAdditiveOffset() const { return m_offset; } ///< Likewise.
+    /// Makes final what is being typed; nothing on untouched text.
+    void endEdit() { commitTyped(); }
     /// True leaves typing as the only way to change the number.
     void disableStep(bool disable);
     /// Names the line edit within as well.

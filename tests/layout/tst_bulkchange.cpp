@@ -168,6 +168,7 @@ private Q_SLOTS:
     void childrenSwitchedOffStaySo();
     void layoutSwitchedOffByTheHost();
     void requestDeliveredMeanwhile();
+    void theLoopTurnsMeanwhile();
     void paintingAlone();
     void layoutInsideOfPainting();
     void shownAgain_data();
@@ -394,11 +395,30 @@ void tst_BulkChange::requestDeliveredMeanwhile()
     {
         BulkChange bulk(form.content);
         form.content->findChild<QGroupBox*>()->hide();
-        form.settle();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
         QCOMPARE(below->y(), top);
     }
     form.settle();
     QVERIFY(below->y() < top);
+}
+
+// A host may answer a change with a dialog of its own.
+void tst_BulkChange::theLoopTurnsMeanwhile()
+{
+    Form form;
+    form.settle();
+    const int arranged = form.counter->queries;
+    const BulkChange bulk(form.content);
+    hideSome(form);
+    QVERIFY(!form.content->updatesEnabled());
+    form.settle();
+    QVERIFY(form.content->updatesEnabled());
+    QVERIFY(form.controls.at(1)->updatesEnabled());
+    QVERIFY(form.layout->isEnabled());
+    QVERIFY(form.counter->queries > arranged);
+    // What changes behind the turn is no part of the bulk any more.
+    showAll(form);
+    QVERIFY(form.content->updatesEnabled());
 }
 
 void tst_BulkChange::paintingAlone()

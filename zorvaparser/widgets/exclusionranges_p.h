@@ -41,6 +41,7 @@ inline values::CommentedRange readExclusionRange(QXmlStreamReader& reader, const
 inline void readExclusionRanges(QXmlStreamReader& reader, values::ValueCommentedRangeMap* map,
                                 const ExclusionRangeNames& names, IObserver* originator)
 {
+    const ObservableGuard there(map);
     map->StartTransaction(originator);
     map->Clear(originator);
     unsigned int key = 0;
@@ -54,7 +55,8 @@ inline void readExclusionRanges(QXmlStreamReader& reader, values::ValueCommented
         ++key;
     });
     map->EndTransaction(ChangeCode::BulkEnd, originator);
-    map->NotifyObservers(ChangeCode::Content, originator);
+    if (there.Get())
+        map->NotifyObservers(ChangeCode::Content, originator);
 }
 
 /** The tag that a description chose for a map of ranges, or the kind's own. */

@@ -15,7 +15,8 @@ ExternalWidget::ExternalWidget(ZorvaWidget* ownerWidget, QWidget* hostWidget)
 
 void ExternalWidget::CreateGUI(FloatGroupLayout* layout)
 {
-    if (!externalWidget)
+    // Nothing can lie in itself.
+    if (!externalWidget || externalWidget->isAncestorOf(layout->parentWidget()))
         return;
     ZorvaDelegate::CreateGUI(layout);
     // Before "visible" reaches it: the widget must not flash up as a window.

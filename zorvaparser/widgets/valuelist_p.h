@@ -35,16 +35,18 @@ int PositionOf(const QList<V*>& list, const Observable* observable)
     return -1;
 }
 
-/** On code 2 from the value at @p index while it is going away: takes it out of the list. */
+/** On code 2 from the value at @p index while it is going away: @p observer leaves it, and the list too. */
 template <typename V>
-void ForgetValueAt(QList<V*>& list, int index, TChangeCode code)
+void ForgetValueAt(QList<V*>& list, int index, TChangeCode code, IObserver* observer)
 {
     if (code != ChangeCode::State)
         return;
     // Only the base of the value is still alive at this moment.
-    const values::ValueBase* const dying = list.at(index);
-    if (dying->GetState() == ValueState::GoingAway)
-        list.removeAt(index);
+    values::ValueBase* const dying = list.at(index);
+    if (dying->GetState() != ValueState::GoingAway)
+        return;
+    dying->DeleteObserver(observer);
+    list.removeAt(index);
 }
 
 /** Binds each control to the value at its place, and those without one to nothing. */

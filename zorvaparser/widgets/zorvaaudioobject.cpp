@@ -9,17 +9,17 @@ ZorvaAudioObject::ZorvaAudioObject(ZorvaWidget* ownerWidget)
 
 void ZorvaAudioObject::setAudioSourceToAnalog()
 {
-    Q_EMIT si_audioSourceAnalog();
+    Raise(&ZorvaAudioObject::si_audioSourceAnalog);
 }
 
 void ZorvaAudioObject::setAudioSourceToDigital()
 {
-    Q_EMIT si_audioSourceDigital();
+    Raise(&ZorvaAudioObject::si_audioSourceDigital);
 }
 
 void ZorvaAudioObject::setAudioSourceToNone()
 {
-    Q_EMIT si_audioSourceNone();
+    Raise(&ZorvaAudioObject::si_audioSourceNone);
 }
 
 } // namespace Orvane

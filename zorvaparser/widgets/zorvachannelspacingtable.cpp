@@ -5,13 +5,14 @@
 
 #include <layout/floatgrouplayout.h>
 #include <zorvaparser/bounds_p.h>
+#include <zorvaparser/guardedrollback_p.h>
 #include <zorvaparser/numbertext_p.h>
+#include <zorvaparser/rowwatch_p.h>
 
 #include <QAction>
 #include <QDoubleSpinBox>
 #include <QHeaderView>
 #include <QMenu>
-#include <QScopedValueRollback>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -24,8 +25,7 @@ constexpr int rowHeight = 20;
 } // namespace
 
 ChannelSpacingItemDelegate::ChannelSpacingItemDelegate(ZorvaDelegate* ownerDelegate)
-    : QStyledItemDelegate(ownerDelegate)
-    , owner(ownerDelegate)
+    : owner(ownerDelegate)
 {
 }
 
@@ -33,7 +33,8 @@ QWidget* ChannelSpacingItemDelegate::createEditor(QWidget* parent, const QStyleO
                                                   const QModelIndex& index) const
 {
     QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);
-    if (auto* const spinBox = qobject_cast<QDoubleSpinBox*>(editor)) {
+    auto* const spinBox = qobject_cast<QDoubleSpinBox*>(editor);
+    if (spinBox && owner) {
         spinBox->setMinimum(owner->GetDouble("minimum", 0));
         spinBox->setMaximum(owner->GetDouble("maximum", 1000));
         spinBox->setSingleStep(owner->GetDouble("singleStep", 1));
@@ -51,7 +52,7 @@ ZorvaChannelSpacingTable::ZorvaChannelSpacingTable(ZorvaWidget* ownerWidget)
 
 ZorvaChannelSpacingTable::~ZorvaChannelSpacingTable()
 {
-    delete tableWidget.data();
+    DropLater(tableWidget);
 }
 
 void ZorvaChannelSpacingTable::CreateValueTree()
@@ -69,7 +70,10 @@ void ZorvaChannelSpacingTable::CreateGUI(FloatGroupLayout* layout)
     tableWidget->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     // Styles with a larger minimum would not let a row be this low.
     tableWidget->verticalHeader()->setMinimumSectionSize(rowHeight);
-    tableWidget->setItemDelegate(new ChannelSpacingItemDelegate(this));
+    // The table may outlive the row for a moment, and paints with it.
+    auto* const cells = new ChannelSpacingItemDelegate(this);
+    cells->setParent(tableWidget);
+    tableWidget->setItemDelegate(cells);
     tableWidget->setContextMenuPolicy(Qt::CustomContextMenu);
     Refill();
     SetDoubleTooltip(tableWidget);
@@ -106,7 +110,7 @@ void ZorvaChannelSpacingTable::GetXml(QXmlStreamWriter& writer) const
 
 void ZorvaChannelSpacingTable::ReadXml(QXmlStreamReader& reader)
 {
-    const QScopedValueRollback<bool> guard(updating, true);
+    const GuardedRollback<RowWatch, bool> guard(*this, updating, true);
     readIndexedItems(reader,
                      [this](int index, const QString& text) { setSpacingValue(index, text.toDouble()); });
 }
@@ -161,40 +165,38 @@ void ZorvaChannelSpacingTable::sl_cellChanged(int row, int)
         return;
     const double value = item->data(Qt::DisplayRole).toDouble();
     spacings[row] = value;
-    if (!MarkModified())
-        return;
-    Q_EMIT spacingChanged(row);
-    Q_EMIT spacingValueChanged(row, value);
+    if (MarkModified() && Raise(&ZorvaChannelSpacingTable::spacingChanged, row))
+        Raise(&ZorvaChannelSpacingTable::spacingValueChanged, row, value);
 }
 
 void ZorvaChannelSpacingTable::sl_currentCellChanged(int currentRow, int, int previousRow, int)
 {
-    Q_EMIT currentSpacingChanged(currentRow, previousRow);
+    Raise(&ZorvaChannelSpacingTable::currentSpacingChanged, currentRow, previousRow);
 }
 
 void ZorvaChannelSpacingTable::sl_cellActivated(int row, int)
 {
-    Q_EMIT spacingActivated(row);
+    Raise(&ZorvaChannelSpacingTable::spacingActivated, row);
 }
 
 void ZorvaChannelSpacingTable::sl_cellClicked(int row, int)
 {
-    Q_EMIT spacingClicked(row);
+    Raise(&ZorvaChannelSpacingTable::spacingClicked, row);
 }
 
 void ZorvaChannelSpacingTable::sl_cellDoubleClicked(int row, int)
 {
-    Q_EMIT spacingDoubleClicked(row);
+    Raise(&ZorvaChannelSpacingTable::spacingDoubleClicked, row);
 }
 
 void ZorvaChannelSpacingTable::sl_cellEntered(int row, int)
 {
-    Q_EMIT spacingEntered(row);
+    Raise(&ZorvaChannelSpacingTable::spacingEntered, row);
 }
 
 void ZorvaChannelSpacingTable::sl_cellPressed(int row, int)
 {
-    Q_EMIT spacingPressed(row);
+    Raise(&ZorvaChannelSpacingTable::spacingPressed, row);
 }
 
 void ZorvaChannelSpacingTable::sl_customContextMenuRequested(QPoint pt)
@@ -267,7 +269,7 @@ void ZorvaChannelSpacingTable::Refill()
 {
     if (!tableWidget)
         return;
-    const QScopedValueRollback<bool> guard(updating, true);
+    const GuardedRollback<RowWatch, bool> guard(*this, updating, true);
     QHeaderView* const header = tableWidget->verticalHeader();
     header->setUpdatesEnabled(false);
     // Resizing one section at a time costs a walk through all of them.

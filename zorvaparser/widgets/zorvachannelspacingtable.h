@@ -16,14 +16,14 @@ class ChannelSpacingItemDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
-    /** @p owner is the parent as well; never null. */
+    /** @p owner is the row, never null; the delegate may outlive it. */
     explicit ChannelSpacingItemDelegate(ZorvaDelegate* owner);
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
 
 private:
-    ZorvaDelegate* owner; // not owned
+    QPointer<ZorvaDelegate> owner; // not owned
 };
 
 /**

@@ -16,12 +16,17 @@ ZorvaCheckBox::ZorvaCheckBox(ZorvaWidget* owner)
 
 ZorvaCheckBox::~ZorvaCheckBox()
 {
+    ZorvaCheckBox::LetValuesGo();
+}
+
+void ZorvaCheckBox::LetValuesGo()
+{
     ReleaseValue(booleanValue);
 }
 
 void ZorvaCheckBox::CreateValueTree()
 {
-    ReleaseValue(booleanValue);
+    LetValuesGo();
     booleanValue = ObserveValue(CreateValueBoolean(QStringLiteral("checked")));
     if (checkBox)
         checkBox->SetBoolean(booleanValue);
@@ -51,8 +56,8 @@ void ZorvaCheckBox::GetXml(QXmlStreamWriter& writer) const
 void ZorvaCheckBox::ReadXml(QXmlStreamReader& reader)
 {
     const bool checked = reader.readElementText() == CheckedText();
-    setProperty("checked", checked);
-    Q_EMIT toggled(checked);
+    if (SetProperty("checked", checked))
+        Raise(&ZorvaCheckBox::toggled, checked);
 }
 
 values::ValueBase* ZorvaCheckBox::GetVTValue() const
@@ -62,14 +67,10 @@ values::ValueBase* ZorvaCheckBox::GetVTValue() const
 
 void ZorvaCheckBox::Update(Observable* observable, TChangeCode code)
 {
-    ForgetValue(booleanValue, observable, code);
-    if (!IsContentChange(booleanValue, observable, code))
+    if (!HasNewContent(booleanValue, observable, code))
         return;
     const bool checked = booleanValue->GetValue();
-    if (!ChangeProperty("checked", checked))
-        return;
-    Q_EMIT toggled(checked);
-    setModified(true);
+    AnswerChange("checked", checked, Signal(&ZorvaCheckBox::toggled, checked));
 }
 
 void ZorvaCheckBox::PropertyChanged(const QString& name, const QVariant& value)

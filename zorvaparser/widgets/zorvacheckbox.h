@@ -19,6 +19,7 @@ public:
     ~ZorvaCheckBox() override;
 
     void CreateValueTree() override;
+    void LetValuesGo() override;
     void CreateGUI(FloatGroupLayout* layout) override;
     void GetXml(QXmlStreamWriter& writer) const override;
     /** Every text but the checked one means unchecked. */

@@ -18,12 +18,17 @@ ZorvaComboBox::ZorvaComboBox(ZorvaWidget* owner)
 
 ZorvaComboBox::~ZorvaComboBox()
 {
+    ZorvaComboBox::LetValuesGo();
+}
+
+void ZorvaComboBox::LetValuesGo()
+{
     ReleaseValue(selectionValue);
 }
 
 void ZorvaComboBox::CreateValueTree()
 {
-    ReleaseValue(selectionValue);
+    LetValuesGo();
     TakeEnumeration();
     selectionValue = ObserveValue(CreateValueSelection(QStringLiteral("currentValue"), enumeration));
     if (selectionValue)
@@ -81,8 +86,8 @@ void ZorvaComboBox::GetXml(QXmlStreamWriter& writer) const
 void ZorvaComboBox::ReadXml(QXmlStreamReader& reader)
 {
     const QString text = reader.readElementText();
-    setProperty("currentValue", text);
-    Q_EMIT currentValueChanged(text);
+    if (SetProperty("currentValue", text))
+        Raise(&ZorvaComboBox::currentValueChanged, text);
 }
 
 values::ValueBase* ZorvaComboBox::GetVTValue() const
@@ -92,14 +97,10 @@ values::ValueBase* ZorvaComboBox::GetVTValue() const
 
 void ZorvaComboBox::Update(Observable* observable, TChangeCode code)
 {
-    ForgetValue(selectionValue, observable, code);
-    if (!IsContentChange(selectionValue, observable, code))
+    if (!HasNewContent(selectionValue, observable, code))
         return;
     const QString text = enumeration->FindName(selectionValue->GetStringValue()).GetValue();
-    if (!ChangeProperty("currentValue", text))
-        return;
-    Q_EMIT currentValueChanged(text);
-    setModified(true);
+    AnswerChange("currentValue", text, Signal(&ZorvaComboBox::currentValueChanged, text));
 }
 
 void ZorvaComboBox::PropertyChanged(const QString& name, const QVariant& value)
@@ -122,7 +123,9 @@ bool ZorvaComboBox::SelectNumber(const QVariant& value)
 {
     if (!value.canConvert(QMetaType::Double) || !selectionValue->Select(value.toDouble(), this, false))
         return false;
-    setProperty("currentValue", enumeration->FindName(selectionValue->GetStringValue()).GetValue());
+    // An observer of the choice may have removed the value.
+    if (selectionValue)
+        setProperty("currentValue", enumeration->FindName(selectionValue->GetStringValue()).GetValue());
     return true;
 }
 
@@ -188,10 +191,11 @@ void ZorvaComboBox::setCurrentValue(QString value)
 
 bool ZorvaComboBox::setCurrentIndex(int index)
 {
-    if (!selectionValue || index < 0 || index >= enumeration->GetValueCount())
+    if (!enumeration || index < 0 || index >= enumeration->GetValueCount())
         return false;
     // Without an originator this row hears of the change like everybody else.
-    selectionValue->SelectIndex(index, nullptr);
+    if (selectionValue)
+        selectionValue->SelectIndex(index, nullptr);
     return true;
 }
 

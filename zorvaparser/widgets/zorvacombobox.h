@@ -27,6 +27,7 @@ public:
     ~ZorvaComboBox() override;
 
     void CreateValueTree() override;
+    void LetValuesGo() override;
     /** Refills the selection from the enumeration that "enumName" names now; keeps the shown name. */
     void ResyncValueTree() override;
     void CreateGUI(FloatGroupLayout* layout) override;

@@ -22,12 +22,17 @@ ZorvaDoubleSpinBox::ZorvaDoubleSpinBox(ZorvaWidget* owner)
 
 ZorvaDoubleSpinBox::~ZorvaDoubleSpinBox()
 {
+    ZorvaDoubleSpinBox::LetValuesGo();
+}
+
+void ZorvaDoubleSpinBox::LetValuesGo()
+{
     ReleaseValue(numericValue);
 }
 
 void ZorvaDoubleSpinBox::CreateValueTree()
 {
-    ReleaseValue(numericValue);
+    LetValuesGo();
     numericValue = ObserveValue(CreateValueNumericFloat(QStringLiteral("value"), -1));
     if (spinControl)
         spinControl->SetNumericValue(numericValue);
@@ -58,8 +63,8 @@ void ZorvaDoubleSpinBox::GetXml(QXmlStreamWriter& writer) const
 void ZorvaDoubleSpinBox::ReadXml(QXmlStreamReader& reader)
 {
     const double number = reader.readElementText().toDouble();
-    setProperty("value", number);
-    Q_EMIT valueChanged(number);
+    if (SetProperty("value", number))
+        Raise(&ZorvaDoubleSpinBox::valueChanged, number);
 }
 
 values::ValueBase* ZorvaDoubleSpinBox::GetVTValue() const
@@ -69,15 +74,11 @@ values::ValueBase* ZorvaDoubleSpinBox::GetVTValue() const
 
 void ZorvaDoubleSpinBox::Update(Observable* observable, TChangeCode code)
 {
-    ForgetValue(numericValue, observable, code);
-    if (!IsContentChange(numericValue, observable, code))
+    if (!HasNewContent(numericValue, observable, code))
         return;
     const double number = numericValue->GetValue();
-    if (!ChangeProperty("value", number))
-        return;
-    Q_EMIT valueChanged(number);
-    Q_EMIT editingFinished();
-    setModified(true);
+    AnswerChange("value", number, Signal(&ZorvaDoubleSpinBox::valueChanged, number),
+                 Signal(&ZorvaDoubleSpinBox::editingFinished));
 }
 
 void ZorvaDoubleSpinBox::PropertyChanged(const QString& name, const QVariant& value)

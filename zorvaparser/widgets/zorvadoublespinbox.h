@@ -19,6 +19,7 @@ public:
     ~ZorvaDoubleSpinBox() override;
 
     void CreateValueTree() override;
+    void LetValuesGo() override;
     void CreateGUI(FloatGroupLayout* layout) override;
     void GetXml(QXmlStreamWriter& writer) const override;
     /** An unreadable text counts as 0. */

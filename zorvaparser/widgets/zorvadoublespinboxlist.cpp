@@ -6,7 +6,7 @@
 
 #include <layout/floatgrouplayout.h>
 #include <zorvaparser/numbertext_p.h>
-#include <zorvaparser/zorvawidget.h>
+#include <zorvaparser/rowwatch_p.h>
 
 #include <QXmlStreamWriter>
 
@@ -22,10 +22,8 @@ ZorvaDoubleSpinBoxList::ZorvaDoubleSpinBoxList(ZorvaWidget* owner)
 
 ZorvaDoubleSpinBoxList::~ZorvaDoubleSpinBoxList()
 {
-    ReleaseValues(values, this);
-    controls.clear();
-    enabledStates.clear();
-    delete container;
+    ZorvaDoubleSpinBoxList::LetValuesGo();
+    DropLater(container);
 }
 
 int ZorvaDoubleSpinBoxList::ItemCount() const
@@ -35,9 +33,14 @@ int ZorvaDoubleSpinBoxList::ItemCount() const
     return SpinListCount(GetInt(name, 0));
 }
 
-void ZorvaDoubleSpinBoxList::CreateValueTree()
+void ZorvaDoubleSpinBoxList::LetValuesGo()
 {
     ReleaseValues(values, this);
+}
+
+void ZorvaDoubleSpinBoxList::CreateValueTree()
+{
+    LetValuesGo();
     const int count = ItemCount();
     for (int i = 0; i < count; ++i) {
         if (auto* const value = ObserveValue(CreateValueNumericFloat(QStringLiteral("value"), i)))
@@ -92,6 +95,7 @@ void ZorvaDoubleSpinBoxList::GetXml(QXmlStreamWriter& writer) const
 
 void ZorvaDoubleSpinBoxList::ReadXml(QXmlStreamReader& reader)
 {
+    const RowWatch row(*this);
     readIndexedItems(reader,
                      [this](int index, const QString& text) { setItemValue(index, text.toDouble()); });
 }
@@ -101,14 +105,14 @@ void ZorvaDoubleSpinBoxList::Update(Observable* observable, TChangeCode code)
     const int index = PositionOf(values, observable);
     if (index < 0)
         return;
-    if (code == ChangeCode::Content) {
-        const double number = values.at(index)->GetValue();
-        Q_EMIT valueChanged(index, number);
-        Q_EMIT shiftValueChanged(index, number);
-        setModified(true);
-    } else {
-        ForgetValueAt(values, index, code);
+    if (code != ChangeCode::Content) {
+        ForgetValueAt(values, index, code, this);
+        return;
     }
+    const double number = values.at(index)->GetValue();
+    if (Raise(&ZorvaDoubleSpinBoxList::valueChanged, index, number) &&
+        Raise(&ZorvaDoubleSpinBoxList::shiftValueChanged, index, number))
+        MarkModified();
 }
 
 void ZorvaDoubleSpinBoxList::PropertyChanged(const QString& name, const QVariant& value)

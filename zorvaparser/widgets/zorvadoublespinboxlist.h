@@ -26,6 +26,7 @@ public:
     ~ZorvaDoubleSpinBoxList() override;
 
     void CreateValueTree() override;
+    void LetValuesGo() override;
     void CreateGUI(FloatGroupLayout* layout) override;
     void GetXml(QXmlStreamWriter& writer) const override;
     void ReadXml(QXmlStreamReader& reader) override;

@@ -5,6 +5,7 @@
 #include "scaledfrequency_p.h"
 
 #include <zorvaparser/numbertext_p.h>
+#include <zorvaparser/rowwatch_p.h>
 #include <zorvaparser/zorvasheet.h>
 #include <zorvaparser/zorvawidget.h>
 
@@ -52,7 +53,7 @@ ZorvaDSCObject::ZorvaDSCObject(ZorvaWidget* ownerWidget)
 
 ZorvaDSCObject::~ZorvaDSCObject()
 {
-    ReleaseValue(exclusionFrequencies);
+    ZorvaDSCObject::LetValuesGo();
 }
 
 void ZorvaDSCObject::ParseProperties(QXmlStreamReader& reader, bool custom)
@@ -65,9 +66,14 @@ void ZorvaDSCObject::ParseProperties(QXmlStreamReader& reader, bool custom)
         generateParameterXml = true;
 }
 
-void ZorvaDSCObject::CreateValueTree()
+void ZorvaDSCObject::LetValuesGo()
 {
     ReleaseValue(exclusionFrequencies);
+}
+
+void ZorvaDSCObject::CreateValueTree()
+{
+    LetValuesGo();
     exclusionFrequencies = new values::ValueCommentedRangeMap(GetXmlTagName(), ValueState::Normal);
     EnterTree(exclusionFrequencies);
     ObserveValue(exclusionFrequencies);
@@ -105,6 +111,7 @@ void ZorvaDSCObject::sl_editExclusionRanges()
 {
     if (!exclusionFrequencies)
         return;
+    const RowWatch row(*this);
     ZorvaSheet* const sheet = GetSheet();
     editExclusionRanges(
         sheet ? sheet->GetGUI() : nullptr, exclusionFrequencies,
@@ -113,6 +120,7 @@ void ZorvaDSCObject::sl_editExclusionRanges()
 
 void ZorvaDSCObject::sl_setScanRanges(QString value)
 {
+    const RowWatch row(*this);
     for (const auto& band : bands)
         SetLabelText(band.label, QStringLiteral("-"));
     QXmlStreamReader reader(value);
@@ -165,33 +173,32 @@ void ZorvaDSCObject::SetLabelText(const QString& labelName, const QString& text)
 
 void ZorvaDSCObject::emitEditExclusionRangesBtnClicked()
 {
-    Q_EMIT si_editExclusionRangesBtnClicked();
+    Raise(&ZorvaDSCObject::si_editExclusionRangesBtnClicked);
 }
 
 void ZorvaDSCObject::emitEditScriptBtnClicked()
 {
-    Q_EMIT si_editScriptBtnClicked();
+    Raise(&ZorvaDSCObject::si_editScriptBtnClicked);
 }
 
 void ZorvaDSCObject::emitLoadProdCriteriaBtnClicked()
 {
-    Q_EMIT si_loadProdCriteriaBtnClicked();
+    Raise(&ZorvaDSCObject::si_loadProdCriteriaBtnClicked);
 }
 
 void ZorvaDSCObject::emitLoadSpectralDetectorDataClicked()
 {
-    Q_EMIT si_loadSpectralDetectorDataClicked();
+    Raise(&ZorvaDSCObject::si_loadSpectralDetectorDataClicked);
 }
 
 void ZorvaDSCObject::emitSpectralDetectorProcStatusToggled(bool status)
 {
-    Q_EMIT si_spectralDetectorProcStatusToggled(status);
+    Raise(&ZorvaDSCObject::si_spectralDetectorProcStatusToggled, status);
 }
 
 void ZorvaDSCObject::Update(Observable* observable, TChangeCode code)
 {
-    ForgetValue(exclusionFrequencies, observable, code);
-    if (IsContentChange(exclusionFrequencies, observable, code))
+    if (HasNewContent(exclusionFrequencies, observable, code))
         setModified(true);
 }
 

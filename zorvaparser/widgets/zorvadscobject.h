@@ -21,6 +21,7 @@ public:
     ~ZorvaDSCObject() override;
 
     void CreateValueTree() override;
+    void LetValuesGo() override;
     void CreateGUI(FloatGroupLayout* layout) override;
     void GetXml(QXmlStreamWriter& writer) const override;
     void ReadXml(QXmlStreamReader& reader) override;

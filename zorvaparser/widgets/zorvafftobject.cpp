@@ -26,11 +26,11 @@ void ZorvaFFTObject::setSignalSampleRate(qlonglong value)
     if (value == sampleRate)
         return;
     sampleRate = value;
-    Recompute();
-    Q_EMIT si_signalSampleRateChanged(value);
+    if (Recompute())
+        Raise(&ZorvaFFTObject::si_signalSampleRateChanged, value);
 }
 
-void ZorvaFFTObject::Recompute()
+bool ZorvaFFTObject::Recompute()
 {
     frequencyResolutionHz = 0;
     if (fftLength != 0)
@@ -39,7 +39,7 @@ void ZorvaFFTObject::Recompute()
     // In this order: it fixes the rounding.
     if (frequencyResolutionHz != 0)
         timeResolutionUs = (1 / frequencyResolutionHz) * 1000000;
-    Q_EMIT si_spectralResolutionChanged(frequencyResolutionHz, timeResolutionUs);
+    return Raise(&ZorvaFFTObject::si_spectralResolutionChanged, frequencyResolutionHz, timeResolutionUs);
 }
 
 QString ZorvaFFTObject::frequencyResolutionString()

@@ -35,7 +35,8 @@ public:
     Q_INVOKABLE qlonglong signalSampleRate();
 
 private:
-    void Recompute();
+    /** False if the row is gone after telling. */
+    bool Recompute();
 
     quint32 fftLength;
     qint64 sampleRate;

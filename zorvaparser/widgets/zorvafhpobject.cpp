@@ -7,6 +7,7 @@
 #include <vkbase/errorhandler.h>
 #include <vkbase/qtrace.h>
 #include <zorvaparser/numbertext_p.h>
+#include <zorvaparser/rowwatch_p.h>
 #include <zorvaparser/zorvasheet.h>
 
 #include <QXmlStreamWriter>
@@ -33,7 +34,7 @@ ZorvaFHPObject::ZorvaFHPObject(ZorvaWidget* ownerWidget)
 
 ZorvaFHPObject::~ZorvaFHPObject()
 {
-    RemoveMap();
+    ZorvaFHPObject::LetValuesGo();
 }
 
 void ZorvaFHPObject::RemoveMap()
@@ -58,9 +59,14 @@ void ZorvaFHPObject::ParseProperties(QXmlStreamReader& reader, bool custom)
         generateParameterXml = true;
 }
 
-void ZorvaFHPObject::CreateValueTree()
+void ZorvaFHPObject::LetValuesGo()
 {
     RemoveMap();
+}
+
+void ZorvaFHPObject::CreateValueTree()
+{
+    LetValuesGo();
     const QString path = GetVTNodePath() + QLatin1Char('/') + GetXmlTagName();
     if (exclusionRanges.Create(path) || !exclusionRanges) {
         NoteMissingPlace();
@@ -112,6 +118,7 @@ void ZorvaFHPObject::sl_editExclusionRanges()
 {
     if (!exclusionRanges)
         return;
+    const RowWatch row(*this);
     ZorvaSheet* const sheet = GetSheet();
     editExclusionRanges(
         sheet ? sheet->GetGUI() : nullptr, exclusionRanges.Get(),
@@ -120,7 +127,7 @@ void ZorvaFHPObject::sl_editExclusionRanges()
 
 void ZorvaFHPObject::emitEditExclusionRangesBtnClicked()
 {
-    Q_EMIT si_editEditExclusionRangesBtnClicked();
+    Raise(&ZorvaFHPObject::si_editEditExclusionRangesBtnClicked);
 }
 
 void ZorvaFHPObject::Update(Observable* observable, TChangeCode code)

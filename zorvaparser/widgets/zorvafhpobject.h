@@ -24,6 +24,7 @@ public:
     ~ZorvaFHPObject() override;
 
     void CreateValueTree() override;
+    void LetValuesGo() override;
     void CreateGUI(FloatGroupLayout* layout) override;
     void GetXml(QXmlStreamWriter& writer) const override;
     void ReadXml(QXmlStreamReader& reader) override;

@@ -2,12 +2,13 @@
 
 #include <layout/floatgrouplayout.h>
 #include <layout/markup.h>
+#include <zorvaparser/guardedrollback_p.h>
 #include <zorvaparser/numericcast_p.h>
+#include <zorvaparser/rowwatch_p.h>
 #include <zorvaparser/zorvasheet.h>
 
 #include <QGridLayout>
 #include <QIcon>
-#include <QScopedValueRollback>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -23,12 +24,17 @@ ZorvaFrequencyEdit::ZorvaFrequencyEdit(ZorvaWidget* ownerWidget)
 
 ZorvaFrequencyEdit::~ZorvaFrequencyEdit()
 {
+    ZorvaFrequencyEdit::LetValuesGo();
+}
+
+void ZorvaFrequencyEdit::LetValuesGo()
+{
     ReleaseValue(frequencyValue);
 }
 
 void ZorvaFrequencyEdit::CreateValueTree()
 {
-    ReleaseValue(frequencyValue);
+    LetValuesGo();
     frequencyValue = ObserveValue(CreateValueNumericFloat(QStringLiteral("value"), -1));
     BindControls();
 }
@@ -143,8 +149,8 @@ void ZorvaFrequencyEdit::GetXml(QXmlStreamWriter& writer) const
 void ZorvaFrequencyEdit::ReadXml(QXmlStreamReader& reader)
 {
     const QString text = reader.readElementText(QXmlStreamReader::ErrorOnUnexpectedElement);
-    Q_EMIT valueChanged(static_cast<qlonglong>(text.toULongLong()));
-    setProperty("value", text);
+    if (Raise(&ZorvaFrequencyEdit::valueChanged, static_cast<qlonglong>(text.toULongLong())))
+        setProperty("value", text);
 }
 
 values::ValueBase* ZorvaFrequencyEdit::GetVTValue() const
@@ -152,10 +158,10 @@ values::ValueBase* ZorvaFrequencyEdit::GetVTValue() const
     return frequencyValue;
 }
 
-void ZorvaFrequencyEdit::EnableInput(bool enable, bool keepLockButton)
+void ZorvaFrequencyEdit::EnableInput(bool enable, bool restricted)
 {
-    ZorvaDelegate::EnableInput(enable, keepLockButton);
-    if (!keepLockButton && lockButton)
+    const bool isThere = Watched([&] { ZorvaDelegate::EnableInput(enable, restricted); });
+    if (isThere && !restricted && lockButton)
         lockButton->setEnabled(enable);
 }
 
@@ -230,28 +236,22 @@ void ZorvaFrequencyEdit::SlotTextEdited(QString)
 
 void ZorvaFrequencyEdit::SlotReturnPressed()
 {
-    Q_EMIT returnPressed();
-    if (ZorvaSheet* const sheet = GetSheet())
-        sheet->applyNow();
+    ApplyAfter(&ZorvaFrequencyEdit::returnPressed);
 }
 
 void ZorvaFrequencyEdit::SlotLockButtonChecked(bool checked)
 {
     if (lockButton && !updatingLockButton)
-        Q_EMIT si_lockButtonToggled(checked);
+        Raise(&ZorvaFrequencyEdit::si_lockButtonToggled, checked);
 }
 
 void ZorvaFrequencyEdit::Update(Observable* observable, TChangeCode code)
 {
-    ForgetValue(frequencyValue, observable, code);
-    if (!IsContentChange(frequencyValue, observable, code))
+    if (!HasNewContent(frequencyValue, observable, code))
         return;
     const qlonglong hertz = truncatedTo<qint64>(frequencyValue->GetValue());
-    if (!ChangeProperty("value", hertz))
-        return;
-    Q_EMIT valueChanged(hertz);
-    Q_EMIT editingFinished();
-    setModified(true);
+    AnswerChange("value", hertz, Signal(&ZorvaFrequencyEdit::valueChanged, hertz),
+                 Signal(&ZorvaFrequencyEdit::editingFinished));
 }
 
 void ZorvaFrequencyEdit::PropertyChanged(const QString& name, const QVariant& value)
@@ -281,7 +281,7 @@ void ZorvaFrequencyEdit::ShowLock(bool locked)
 {
     if (!lockButton)
         return;
-    const QScopedValueRollback<bool> guard(updatingLockButton, true);
+    const GuardedRollback<RowWatch, bool> guard(*this, updatingLockButton, true);
     if (!lockButtonShown) {
         lockButtonShown = true;
         lockButton->show();

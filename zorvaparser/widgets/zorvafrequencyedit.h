@@ -24,13 +24,14 @@ public:
     ~ZorvaFrequencyEdit() override;
 
     void CreateValueTree() override;
+    void LetValuesGo() override;
     void CreateGUI(FloatGroupLayout* layout) override;
     void GetXml(QXmlStreamWriter& writer) const override;
     /** Tells of the number before the text reaches the value. */
     void ReadXml(QXmlStreamReader& reader) override;
     values::ValueBase* GetVTValue() const override;
     /** @p keepLockButton leaves the lock button as it is. */
-    void EnableInput(bool enable, bool keepLockButton) override;
+    void EnableInput(bool enable, bool restricted) override;
 
 Q_SIGNALS:
     /** By the user; the look follows only the property "FrequencyLock". */

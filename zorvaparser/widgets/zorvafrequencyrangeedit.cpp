@@ -54,10 +54,10 @@ ZorvaFrequencyRangeEdit::ZorvaFrequencyRangeEdit(ZorvaWidget* ownerWidget)
 
 ZorvaFrequencyRangeEdit::~ZorvaFrequencyRangeEdit()
 {
-    ReleaseValues();
+    ZorvaFrequencyRangeEdit::LetValuesGo();
 }
 
-void ZorvaFrequencyRangeEdit::ReleaseValues()
+void ZorvaFrequencyRangeEdit::LetValuesGo()
 {
     ReleaseValue(stopFrequencyValue);
     ReleaseValue(startFrequencyValue);
@@ -73,7 +73,7 @@ void ZorvaFrequencyRangeEdit::NoteGivenLimits()
 
 void ZorvaFrequencyRangeEdit::CreateValueTree()
 {
-    ReleaseValues();
+    LetValuesGo();
     NoteGivenLimits();
     startFrequencyValue = ObserveValue(CreateValueNumericFloat(QStringLiteral("startFrequency"), 1));
     const double min = minimumGiven ? GetDouble("minimum", lowestFrequency) : lowestFrequency;
@@ -230,9 +230,7 @@ void ZorvaFrequencyRangeEdit::SlotTextEdited(QString)
 
 void ZorvaFrequencyRangeEdit::SlotReturnPressed()
 {
-    Q_EMIT returnPressed();
-    if (ZorvaSheet* const sheet = GetSheet())
-        sheet->applyNow();
+    ApplyAfter(&ZorvaFrequencyRangeEdit::returnPressed);
 }
 
 void ZorvaFrequencyRangeEdit::Update(Observable* observable, TChangeCode code)
@@ -252,12 +250,15 @@ void ZorvaFrequencyRangeEdit::StartChanged()
     const qint64 start = wholeHertz(startFrequencyValue);
     qint64 stop = wholeHertz(stopFrequencyValue);
     bool changed = false;
-    if (start >= stop) {
-        stop = start + 1;
-        changed = ChangeProperty("stopFrequency", stop);
-    }
-    changed = ChangeProperty("startFrequency", start) || changed;
-    ConfirmRange(changed, start, stop);
+    const auto take = [&] {
+        if (start >= stop) {
+            stop = start + 1;
+            changed = ChangeProperty("stopFrequency", stop);
+        }
+        changed = ChangeProperty("startFrequency", start) || changed;
+    };
+    if (Watched(take) && changed)
+        ConfirmRange(start, stop);
 }
 
 void ZorvaFrequencyRangeEdit::StopChanged()
@@ -265,21 +266,22 @@ void ZorvaFrequencyRangeEdit::StopChanged()
     qint64 start = wholeHertz(startFrequencyValue);
     const qint64 stop = wholeHertz(stopFrequencyValue);
     bool changed = false;
-    if (stop <= start) {
-        start = stop - (stop > std::numeric_limits<qint64>::min() ? 1 : 0);
-        changed = ChangeProperty("startFrequency", start);
-    }
-    changed = ChangeProperty("stopFrequency", stop) || changed;
-    ConfirmRange(changed, start, stop);
+    const auto take = [&] {
+        if (stop <= start) {
+            start = stop - (stop > std::numeric_limits<qint64>::min() ? 1 : 0);
+            changed = ChangeProperty("startFrequency", start);
+        }
+        changed = ChangeProperty("stopFrequency", stop) || changed;
+    };
+    if (Watched(take) && changed)
+        ConfirmRange(start, stop);
 }
 
-void ZorvaFrequencyRangeEdit::ConfirmRange(bool changed, qint64 start, qint64 stop)
+void ZorvaFrequencyRangeEdit::ConfirmRange(qint64 start, qint64 stop)
 {
-    if (!changed)
-        return;
-    Q_EMIT rangeChanged(start, stop);
-    Q_EMIT editingFinished();
-    setModified(true);
+    if (Raise(&ZorvaFrequencyRangeEdit::rangeChanged, start, stop) &&
+        Raise(&ZorvaFrequencyRangeEdit::editingFinished))
+        MarkModified();
 }
 
 void ZorvaFrequencyRangeEdit::PropertyChanged(const QString& name, const QVariant& value)

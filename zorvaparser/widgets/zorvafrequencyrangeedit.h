@@ -26,6 +26,7 @@ public:
     ~ZorvaFrequencyRangeEdit() override;
 
     void CreateValueTree() override;
+    void LetValuesGo() override;
     void CreateGUI(FloatGroupLayout* layout) override;
     void GetXml(QXmlStreamWriter& writer) const override;
     void ReadXml(QXmlStreamReader& reader) override;
@@ -91,9 +92,8 @@ protected:
     void PropertyChanged(const QString& name, const QVariant& value) override;
 
 private:
-    void ReleaseValues();
     void NoteGivenLimits();
-    void ConfirmRange(bool changed, qint64 start, qint64 stop);
+    void ConfirmRange(qint64 start, qint64 stop);
     void StartChanged();
     void StopChanged();
     void LimitChanged(const QString& name, double limit);

@@ -2,6 +2,7 @@
 
 #include <layout/floatgrouplayout.h>
 #include <layout/markup.h>
+#include <zorvaparser/rowwatch_p.h>
 #include <zorvaparser/zorvaformular.h>
 #include <zorvaparser/zorvasheet.h>
 
@@ -75,12 +76,14 @@ void ZorvaHeadline::setGroupVisible(bool flag)
 
 void ZorvaHeadline::slotClicked(bool clicked)
 {
+    const RowWatch row(*this);
     // A row that the host keeps may outlive its form.
-    if (ZorvaSheet* const sheet = GetSheet()) {
+    if (ZorvaSheet* const sheet = GetSheet())
         sheet->setGroupVisible(widget, clicked);
-        sheet->GetFormular()->ApplyConfiguration();
-    }
-    UpdateToolTip();
+    if (ZorvaFormular* const formular = row ? GetFormular() : nullptr)
+        formular->ApplyConfiguration();
+    if (row)
+        UpdateToolTip();
 }
 
 void ZorvaHeadline::UpdateToolTip()

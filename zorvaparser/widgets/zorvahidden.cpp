@@ -12,12 +12,17 @@ ZorvaHidden::ZorvaHidden(ZorvaWidget* owner)
 
 ZorvaHidden::~ZorvaHidden()
 {
+    ZorvaHidden::LetValuesGo();
+}
+
+void ZorvaHidden::LetValuesGo()
+{
     ReleaseValue(value);
 }
 
 void ZorvaHidden::CreateValueTree()
 {
-    ReleaseValue(value);
+    LetValuesGo();
     value = ObserveValue(CreateValueString(QStringLiteral("value")));
 }
 
@@ -33,8 +38,8 @@ void ZorvaHidden::ReadXml(QXmlStreamReader& reader)
     if (text == PropertyText("value"))
         return;
     // With a value this tells twice, and marks: what was read is sent back.
-    setProperty("value", text);
-    Q_EMIT valueChanged(text);
+    if (SetProperty("value", text))
+        Raise(&ZorvaHidden::valueChanged, text);
 }
 
 values::ValueBase* ZorvaHidden::GetVTValue() const
@@ -44,12 +49,11 @@ values::ValueBase* ZorvaHidden::GetVTValue() const
 
 void ZorvaHidden::Update(Observable* observable, TChangeCode code)
 {
-    ForgetValue(value, observable, code);
-    if (!IsContentChange(value, observable, code))
+    if (!HasNewContent(value, observable, code))
         return;
     const QString text = value->GetValue();
-    if (ChangeProperty("value", text))
-        Q_EMIT valueChanged(text);
+    if (TakeContent("value", text))
+        Raise(&ZorvaHidden::valueChanged, text);
 }
 
 void ZorvaHidden::PropertyChanged(const QString& name, const QVariant& newValue)
@@ -62,7 +66,7 @@ void ZorvaHidden::PropertyChanged(const QString& name, const QVariant& newValue)
         return;
     value->SetValue(text, this);
     if (MarkModified())
-        Q_EMIT valueChanged(text);
+        Raise(&ZorvaHidden::valueChanged, text);
 }
 
 void ZorvaHidden::setValue(QString text)

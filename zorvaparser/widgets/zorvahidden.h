@@ -20,6 +20,7 @@ public:
     ~ZorvaHidden() override;
 
     void CreateValueTree() override;
+    void LetValuesGo() override;
     void GetXml(QXmlStreamWriter& writer) const override;
     void ReadXml(QXmlStreamReader& reader) override;
     values::ValueBase* GetVTValue() const override;

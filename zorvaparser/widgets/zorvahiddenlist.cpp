@@ -2,6 +2,8 @@
 
 #include "listxml_p.h"
 
+#include <zorvaparser/rowwatch_p.h>
+
 #include <QXmlStreamWriter>
 
 namespace Orvane {
@@ -31,6 +33,7 @@ void ZorvaHiddenList::GetXml(QXmlStreamWriter& writer) const
 
 void ZorvaHiddenList::ReadXml(QXmlStreamReader& reader)
 {
+    const RowWatch row(*this);
     clear();
     readIndexedItems(reader, [this](int index, const QString& text) { setItemValue(index, text); });
 }
@@ -64,7 +67,7 @@ void ZorvaHiddenList::setItemValue(int index, QString value)
     if (!SetListValue(items, value, index, 0, 1))
         return;
     if (MarkModified())
-        Q_EMIT itemValueChanged(index, value);
+        Raise(&ZorvaHiddenList::itemValueChanged, index, value);
 }
 
 } // namespace Orvane

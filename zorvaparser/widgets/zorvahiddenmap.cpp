@@ -60,19 +60,16 @@ void ZorvaHiddenMap::remove(QString key)
         return;
     const QString oldText = it.value();
     items.erase(it);
-    Q_EMIT valueRemoved(key, oldText);
-    setModified(true);
+    if (Raise(&ZorvaHiddenMap::valueRemoved, key, oldText))
+        MarkModified();
 }
 
 void ZorvaHiddenMap::setValue(QString key, QString value)
 {
     const bool known = items.contains(key);
     items.insert(key, value);
-    if (known)
-        Q_EMIT valueChanged(key, value);
-    else
-        Q_EMIT valueAdded(key, value);
-    setModified(true);
+    if (Raise(known ? &ZorvaHiddenMap::valueChanged : &ZorvaHiddenMap::valueAdded, key, value))
+        MarkModified();
 }
 
 } // namespace Orvane

@@ -2,6 +2,8 @@
 
 #include "listxml_p.h"
 
+#include <zorvaparser/rowwatch_p.h>
+
 #include <QXmlStreamWriter>
 
 namespace Orvane {
@@ -42,6 +44,7 @@ void ZorvaHiddenTable::GetXml(QXmlStreamWriter& writer) const
 
 void ZorvaHiddenTable::ReadXml(QXmlStreamReader& reader)
 {
+    const RowWatch watch(*this);
     clear();
     walkChildren(reader, [this, &reader] {
         const QXmlStreamAttributes attributes = reader.attributes();
@@ -55,7 +58,7 @@ void ZorvaHiddenTable::clear()
 {
     for (QVariant& cell : items)
         cell.clear();
-    Q_EMIT tableCleared();
+    Raise(&ZorvaHiddenTable::tableCleared);
 }
 
 void ZorvaHiddenTable::setColumnCount(int columns)
@@ -80,7 +83,7 @@ void ZorvaHiddenTable::setItemValue(int row, int column, QString value)
     if (!SetListValue(items, value, row, column, columnCount))
         return;
     if (MarkModified())
-        Q_EMIT itemValueChanged(row, column, value);
+        Raise(&ZorvaHiddenTable::itemValueChanged, row, column, value);
 }
 
 } // namespace Orvane

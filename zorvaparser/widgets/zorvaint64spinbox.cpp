@@ -36,12 +36,17 @@ ZorvaInt64SpinBox::ZorvaInt64SpinBox(ZorvaWidget* owner)
 
 ZorvaInt64SpinBox::~ZorvaInt64SpinBox()
 {
+    ZorvaInt64SpinBox::LetValuesGo();
+}
+
+void ZorvaInt64SpinBox::LetValuesGo()
+{
     ReleaseValue(numericValue);
 }
 
 void ZorvaInt64SpinBox::CreateValueTree()
 {
-    ReleaseValue(numericValue);
+    LetValuesGo();
     ApplyUnitScale();
     numericValue = ObserveValue(CreateValueNumericFloat(QStringLiteral("value"), -1));
     if (spinControl)
@@ -66,8 +71,8 @@ void ZorvaInt64SpinBox::GetXml(QXmlStreamWriter& writer) const
 void ZorvaInt64SpinBox::ReadXml(QXmlStreamReader& reader)
 {
     const qlonglong number = reader.readElementText().toLongLong();
-    setProperty("value", number);
-    Q_EMIT valueChanged(number);
+    if (SetProperty("value", number))
+        Raise(&ZorvaInt64SpinBox::valueChanged, number);
 }
 
 values::ValueBase* ZorvaInt64SpinBox::GetVTValue() const
@@ -77,15 +82,11 @@ values::ValueBase* ZorvaInt64SpinBox::GetVTValue() const
 
 void ZorvaInt64SpinBox::Update(Observable* observable, TChangeCode code)
 {
-    ForgetValue(numericValue, observable, code);
-    if (!IsContentChange(numericValue, observable, code))
+    if (!HasNewContent(numericValue, observable, code))
         return;
     const double number = numericValue->GetValue();
-    if (!ChangeProperty("value", number))
-        return;
-    Q_EMIT valueChanged(truncatedTo<qint64>(number));
-    Q_EMIT editingFinished();
-    setModified(true);
+    AnswerChange("value", number, Signal(&ZorvaInt64SpinBox::valueChanged, truncatedTo<qint64>(number)),
+                 Signal(&ZorvaInt64SpinBox::editingFinished));
 }
 
 void ZorvaInt64SpinBox::PropertyChanged(const QString& name, const QVariant& value)

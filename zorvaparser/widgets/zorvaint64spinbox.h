@@ -23,6 +23,7 @@ public:
     ~ZorvaInt64SpinBox() override;
 
     void CreateValueTree() override;
+    void LetValuesGo() override;
     void CreateGUI(FloatGroupLayout* layout) override;
     void GetXml(QXmlStreamWriter& writer) const override;
     /** An unreadable text counts as 0. */

@@ -19,12 +19,17 @@ ZorvaLabel::ZorvaLabel(ZorvaWidget* owner)
 
 ZorvaLabel::~ZorvaLabel()
 {
+    ZorvaLabel::LetValuesGo();
+}
+
+void ZorvaLabel::LetValuesGo()
+{
     ReleaseValue(textValue);
 }
 
 void ZorvaLabel::CreateValueTree()
 {
-    ReleaseValue(textValue);
+    LetValuesGo();
     if (generateParameterXml)
         textValue = ObserveValue(CreateValueString(QStringLiteral("text")));
 }
@@ -54,11 +59,11 @@ void ZorvaLabel::ReadXml(QXmlStreamReader& reader)
 
 void ZorvaLabel::Update(Observable* observable, TChangeCode code)
 {
-    ForgetValue(textValue, observable, code);
-    if (!IsContentChange(textValue, observable, code))
+    if (!HasNewContent(textValue, observable, code))
         return;
-    if (TakeReport(textValue->GetValue()))
-        setModified(true);
+    bool changed = false;
+    if (Watched([&] { changed = TakeReport(textValue->GetValue()); }) && changed)
+        MarkModified();
 }
 
 void ZorvaLabel::PropertyChanged(const QString& name, const QVariant& value)

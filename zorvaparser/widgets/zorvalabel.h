@@ -22,6 +22,7 @@ public:
     ~ZorvaLabel() override;
 
     void CreateValueTree() override;
+    void LetValuesGo() override;
     void CreateGUI(FloatGroupLayout* layout) override;
     void GetXml(QXmlStreamWriter& writer) const override;
     /** Changes the text shown, not the value. */

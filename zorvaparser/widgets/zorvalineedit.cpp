@@ -19,12 +19,17 @@ ZorvaLineEdit::ZorvaLineEdit(ZorvaWidget* owner)
 
 ZorvaLineEdit::~ZorvaLineEdit()
 {
+    ZorvaLineEdit::LetValuesGo();
+}
+
+void ZorvaLineEdit::LetValuesGo()
+{
     ReleaseValue(textValue);
 }
 
 void ZorvaLineEdit::CreateValueTree()
 {
-    ReleaseValue(textValue);
+    LetValuesGo();
     textValue = ObserveValue(CreateValueString(QStringLiteral("text")));
     if (lineEdit)
         lineEdit->SetValueBase(textValue);
@@ -43,7 +48,7 @@ void ZorvaLineEdit::CreateGUI(FloatGroupLayout* layout)
     connect(lineEdit, &VCLineEdit::signalTextFinallyChanged, this, &ZorvaLineEdit::SlotTextFinallyChanged);
     connect(lineEdit, &QLineEdit::textEdited, this, &ZorvaLineEdit::SlotTextEdited);
     connect(lineEdit, &QLineEdit::returnPressed, this, &ZorvaLineEdit::SlotReturnPressed);
-    connect(lineEdit, &QLineEdit::textChanged, this, &ZorvaLineEdit::textChanged);
+    Relay(lineEdit, &QLineEdit::textChanged, &ZorvaLineEdit::textChanged);
 }
 
 void ZorvaLineEdit::GetXml(QXmlStreamWriter& writer) const
@@ -55,8 +60,8 @@ void ZorvaLineEdit::GetXml(QXmlStreamWriter& writer) const
 void ZorvaLineEdit::ReadXml(QXmlStreamReader& reader)
 {
     const QString newText = reader.readElementText();
-    setProperty("text", newText);
-    Q_EMIT textChanged(newText);
+    if (SetProperty("text", newText))
+        Raise(&ZorvaLineEdit::textChanged, newText);
 }
 
 values::ValueBase* ZorvaLineEdit::GetVTValue() const
@@ -66,15 +71,12 @@ values::ValueBase* ZorvaLineEdit::GetVTValue() const
 
 void ZorvaLineEdit::Update(Observable* observable, TChangeCode code)
 {
-    ForgetValue(textValue, observable, code);
-    if (!IsContentChange(textValue, observable, code))
+    if (!HasNewContent(textValue, observable, code))
         return;
     const QString newText = textValue->GetValue();
-    if (!ChangeProperty("text", newText))
-        return;
-    Q_EMIT textChanged(newText);
     // A text from elsewhere is no user's edit: no auto-apply.
-    setModified(false);
+    if (TakeContent("text", newText) && Raise(&ZorvaLineEdit::textChanged, newText))
+        MarkModified(false);
 }
 
 void ZorvaLineEdit::PropertyChanged(const QString& name, const QVariant& value)
@@ -138,26 +140,25 @@ void ZorvaLineEdit::forceFinishEditing()
 
 void ZorvaLineEdit::SlotTextEdited(QString text)
 {
-    setModified(false);
-    Q_EMIT textEdited(text);
+    if (MarkModified(false))
+        Raise(&ZorvaLineEdit::textEdited, text);
 }
 
 void ZorvaLineEdit::SlotTextFinallyChanged(QString value)
 {
-    ChangeProperty("text", value);
-    if (textValue)
-        textValue->SetValue(value, this);
-    Q_EMIT textEdited(value);
-    Q_EMIT editingFinished();
-    setModified(true);
+    const auto take = [&] {
+        ChangeProperty("text", value);
+        if (textValue)
+            textValue->SetValue(value, this);
+    };
+    if (Watched(take) && Raise(&ZorvaLineEdit::textEdited, value) && Raise(&ZorvaLineEdit::editingFinished))
+        MarkModified();
 }
 
 void ZorvaLineEdit::SlotReturnPressed()
 {
     // A script connected to the signal runs before the apply.
-    Q_EMIT returnPressed();
-    if (ZorvaSheet* const sheet = GetSheet())
-        sheet->applyNow();
+    ApplyAfter(&ZorvaLineEdit::returnPressed);
 }
 
 } // namespace Orvane

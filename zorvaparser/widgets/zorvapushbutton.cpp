@@ -30,9 +30,9 @@ void ZorvaPushButton::CreateGUI(FloatGroupLayout* layout)
     // The caption wins over a tool tip of the description here.
     pushButton->setToolTip(Markup::toolTip(caption));
     PlaceControl(layout, pushButton);
-    connect(pushButton, &QAbstractButton::clicked, this, &ZorvaPushButton::clicked);
-    connect(pushButton, &QAbstractButton::pressed, this, &ZorvaPushButton::pressed);
-    connect(pushButton, &QAbstractButton::released, this, &ZorvaPushButton::released);
+    RelayClick(pushButton, &ZorvaPushButton::clicked);
+    Relay(pushButton, &QAbstractButton::pressed, &ZorvaPushButton::pressed);
+    Relay(pushButton, &QAbstractButton::released, &ZorvaPushButton::released);
 }
 
 void ZorvaPushButton::PropertyChanged(const QString& name, const QVariant& value)

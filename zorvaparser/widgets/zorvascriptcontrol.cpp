@@ -89,9 +89,9 @@ QPushButton* ZorvaScriptControl::CreateButton(const char* nameSuffix, const char
 
 void ZorvaScriptControl::ConnectButtons()
 {
-    connect(loadButton.data(), &QPushButton::clicked, this, &ZorvaScriptControl::loadScriptClicked);
-    connect(editButton.data(), &QPushButton::clicked, this, &ZorvaScriptControl::editScriptClicked);
-    connect(clearButton.data(), &QPushButton::clicked, this, &ZorvaScriptControl::clearScriptClicked);
+    RelayClick(loadButton, &ZorvaScriptControl::loadScriptClicked);
+    RelayClick(editButton, &ZorvaScriptControl::editScriptClicked);
+    RelayClick(clearButton, &ZorvaScriptControl::clearScriptClicked);
 }
 
 void ZorvaScriptControl::setEnabledClear(bool flag)

@@ -3,6 +3,7 @@
 #include "formwindow_p.h"
 
 #include <layout/floatscrollarea.h>
+#include <zorvaparser/rowwatch_p.h>
 #include <zorvaparser/textsize_p.h>
 #include <zorvaparser/zorvasheet.h>
 
@@ -23,8 +24,7 @@ constexpr int defaultAutoApply = 1000; // milliseconds
 } // namespace
 
 ZorvaSheetUi::ZorvaSheetUi(ZorvaSheet* owningSheet)
-    : ZorvaDelegate(nullptr)
-    , sheet(owningSheet)
+    : ZorvaDelegate(owningSheet)
     , autoApplyTimer(nullptr)
     , autoApplyEnabled(false)
 {
@@ -107,7 +107,7 @@ bool ZorvaSheetUi::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange) {
         Retranslate();
-        sheet->Retranslate();
+        GetSheet()->Retranslate();
     }
     return ZorvaDelegate::eventFilter(watched, event);
 }
@@ -162,12 +162,12 @@ void ZorvaSheetUi::EnableInput(bool enable, bool)
 void ZorvaSheetUi::applyNow()
 {
     if (modified)
-        Q_EMIT si_parametersModified();
+        Raise(&ZorvaSheetUi::si_parametersModified);
 }
 
 void ZorvaSheetUi::emitParametersXml()
 {
-    Q_EMIT si_parametersModified();
+    Raise(&ZorvaSheetUi::si_parametersModified);
 }
 
 void ZorvaSheetUi::emitParametersXml(bool)
@@ -228,13 +228,9 @@ void ZorvaSheetUi::setModified(bool autoApplying)
     if (!modified) {
         modified = true;
         // Without a bar nobody can press Apply: the first change announces itself.
-        const QPointer<ZorvaSheetUi> alive(this);
         if (applyButton)
             applyButton->setEnabled(true);
-        else
-            Q_EMIT si_parametersModified();
-        // The host may let the form go when it hears of the change.
-        if (!alive)
+        else if (!Raise(&ZorvaSheetUi::si_parametersModified))
             return;
     }
     if (autoApplying && autoApplyEnabled && autoApplyTimer)
@@ -271,13 +267,14 @@ void ZorvaSheetUi::showContextMenu(QPoint pt)
     addSize(tr("Medium"), normal + 2);
     addSize(tr("Large"), normal + 4);
     connect(sizes, &QMenu::triggered, this, &ZorvaSheetUi::chooseFont);
+    const RowWatch row(*this);
     menu.exec(sheetWidget->mapToGlobal(pt));
 }
 
 void ZorvaSheetUi::chooseFont(QAction* pAction)
 {
     if (pAction)
-        Q_EMIT si_chooseFontSize(pAction->data().toInt());
+        Raise(&ZorvaSheetUi::si_chooseFontSize, pAction->data().toInt());
 }
 
 void ZorvaSheetUi::resetModifiedParameter(QObject*) {}

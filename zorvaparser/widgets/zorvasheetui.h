@@ -85,7 +85,6 @@ private:
     void CreateApplyBar();
     void CreateTimer();
 
-    ZorvaSheet* sheet; // not owned
     // Owned by the Qt widget tree; the window may die before its form.
     QPointer<QWidget> sheetWidget;
     QPointer<FloatGroupLayout> layout;

@@ -22,12 +22,17 @@ ZorvaSpinBox::ZorvaSpinBox(ZorvaWidget* owner)
 
 ZorvaSpinBox::~ZorvaSpinBox()
 {
+    ZorvaSpinBox::LetValuesGo();
+}
+
+void ZorvaSpinBox::LetValuesGo()
+{
     ReleaseValue(numericValue);
 }
 
 void ZorvaSpinBox::CreateValueTree()
 {
-    ReleaseValue(numericValue);
+    LetValuesGo();
     numericValue = ObserveValue(CreateValueNumericInt(QStringLiteral("value"), -1));
     if (spinControl)
         spinControl->SetNumericValue(numericValue);
@@ -52,8 +57,8 @@ void ZorvaSpinBox::GetXml(QXmlStreamWriter& writer) const
 void ZorvaSpinBox::ReadXml(QXmlStreamReader& reader)
 {
     const int number = reader.readElementText().toInt();
-    setProperty("value", number);
-    Q_EMIT valueChanged(number);
+    if (SetProperty("value", number))
+        Raise(&ZorvaSpinBox::valueChanged, number);
 }
 
 values::ValueBase* ZorvaSpinBox::GetVTValue() const
@@ -63,15 +68,11 @@ values::ValueBase* ZorvaSpinBox::GetVTValue() const
 
 void ZorvaSpinBox::Update(Observable* observable, TChangeCode code)
 {
-    ForgetValue(numericValue, observable, code);
-    if (!IsContentChange(numericValue, observable, code))
+    if (!HasNewContent(numericValue, observable, code))
         return;
     const int number = numericValue->GetValue();
-    if (!ChangeProperty("value", number))
-        return;
-    Q_EMIT valueChanged(number);
-    Q_EMIT editingFinished();
-    setModified(true);
+    AnswerChange("value", number, Signal(&ZorvaSpinBox::valueChanged, number),
+                 Signal(&ZorvaSpinBox::editingFinished));
 }
 
 void ZorvaSpinBox::PropertyChanged(const QString& name, const QVariant& value)

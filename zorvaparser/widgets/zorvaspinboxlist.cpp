@@ -5,7 +5,7 @@
 #include "valuelist_p.h"
 
 #include <layout/floatgrouplayout.h>
-#include <zorvaparser/zorvawidget.h>
+#include <zorvaparser/rowwatch_p.h>
 
 #include <QXmlStreamWriter>
 
@@ -20,14 +20,18 @@ ZorvaSpinBoxList::ZorvaSpinBoxList(ZorvaWidget* owner)
 
 ZorvaSpinBoxList::~ZorvaSpinBoxList()
 {
+    ZorvaSpinBoxList::LetValuesGo();
+    DropLater(container);
+}
+
+void ZorvaSpinBoxList::LetValuesGo()
+{
     ReleaseValues(values, this);
-    controls.clear();
-    delete container;
 }
 
 void ZorvaSpinBoxList::CreateValueTree()
 {
-    ReleaseValues(values, this);
+    LetValuesGo();
     const int count = SpinListCount(GetInt("itemCount", 0));
     for (int i = 0; i < count; ++i) {
         if (auto* const value = ObserveValue(CreateValueNumericInt(QStringLiteral("value"), i)))
@@ -67,6 +71,7 @@ void ZorvaSpinBoxList::GetXml(QXmlStreamWriter& writer) const
 
 void ZorvaSpinBoxList::ReadXml(QXmlStreamReader& reader)
 {
+    const RowWatch row(*this);
     readIndexedItems(reader, [this](int index, const QString& text) { setItemValue(index, text.toInt()); });
 }
 
@@ -75,12 +80,10 @@ void ZorvaSpinBoxList::Update(Observable* observable, TChangeCode code)
     const int index = PositionOf(values, observable);
     if (index < 0)
         return;
-    if (code == ChangeCode::Content) {
-        Q_EMIT valueChanged(index, values.at(index)->GetValue());
-        setModified(true);
-    } else {
-        ForgetValueAt(values, index, code);
-    }
+    if (code != ChangeCode::Content)
+        ForgetValueAt(values, index, code, this);
+    else if (Raise(&ZorvaSpinBoxList::valueChanged, index, values.at(index)->GetValue()))
+        MarkModified();
 }
 
 void ZorvaSpinBoxList::PropertyChanged(const QString& name, const QVariant& value)

@@ -5,9 +5,10 @@
 
 #include <layout/floatgrouplayout.h>
 #include <zorvaparser/bounds_p.h>
+#include <zorvaparser/guardedrollback_p.h>
+#include <zorvaparser/rowwatch_p.h>
 
 #include <QHeaderView>
-#include <QScopedValueRollback>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -45,14 +46,13 @@ void ZorvaTable::CreateGUI(FloatGroupLayout* layout)
     Refill();
     PlaceControl(layout, tableWidget);
 
-    QTableWidget* const table = tableWidget;
-    connect(table, &QTableWidget::cellChanged, this, &ZorvaTable::sl_cellChanged);
-    connect(table, &QTableWidget::currentCellChanged, this, &ZorvaTable::currentCellChanged);
-    connect(table, &QTableWidget::cellActivated, this, &ZorvaTable::cellActivated);
-    connect(table, &QTableWidget::cellClicked, this, &ZorvaTable::cellClicked);
-    connect(table, &QTableWidget::cellDoubleClicked, this, &ZorvaTable::cellDoubleClicked);
-    connect(table, &QTableWidget::cellEntered, this, &ZorvaTable::cellEntered);
-    connect(table, &QTableWidget::cellPressed, this, &ZorvaTable::cellPressed);
+    connect(tableWidget.data(), &QTableWidget::cellChanged, this, &ZorvaTable::sl_cellChanged);
+    Relay(tableWidget, &QTableWidget::currentCellChanged, &ZorvaTable::currentCellChanged);
+    Relay(tableWidget, &QTableWidget::cellActivated, &ZorvaTable::cellActivated);
+    Relay(tableWidget, &QTableWidget::cellClicked, &ZorvaTable::cellClicked);
+    Relay(tableWidget, &QTableWidget::cellDoubleClicked, &ZorvaTable::cellDoubleClicked);
+    Relay(tableWidget, &QTableWidget::cellEntered, &ZorvaTable::cellEntered);
+    Relay(tableWidget, &QTableWidget::cellPressed, &ZorvaTable::cellPressed);
 }
 
 void ZorvaTable::GetXml(QXmlStreamWriter& writer) const
@@ -71,7 +71,7 @@ void ZorvaTable::GetXml(QXmlStreamWriter& writer) const
 
 void ZorvaTable::ReadXml(QXmlStreamReader& reader)
 {
-    const QScopedValueRollback<bool> guard(suppressSignals, true);
+    const GuardedRollback<RowWatch, bool> guard(*this, suppressSignals, true);
     clear();
     walkChildren(reader, [&] {
         const int row = cellAttribute(reader, QStringLiteral("row"));
@@ -89,7 +89,7 @@ void ZorvaTable::clear()
         }
     }
     if (!suppressSignals)
-        Q_EMIT tableCleared();
+        Raise(&ZorvaTable::tableCleared);
 }
 
 void ZorvaTable::setColumnCount(int newColumns)
@@ -117,7 +117,7 @@ void ZorvaTable::sl_cellChanged(int row, int column)
     // By row alone: forms in the field count on the list looking like this.
     cells[row] = item->data(Qt::DisplayRole);
     if (MarkModified())
-        Q_EMIT cellChanged(row, column);
+        Raise(&ZorvaTable::cellChanged, row, column);
 }
 
 QVariant ZorvaTable::itemValue(int row, int column)
@@ -159,7 +159,7 @@ void ZorvaTable::Refill()
 {
     if (!tableWidget)
         return;
-    const QScopedValueRollback<bool> guard(suppressSignals, true);
+    const GuardedRollback<RowWatch, bool> guard(*this, suppressSignals, true);
     tableWidget->setColumnCount(columns);
     tableWidget->setRowCount(rows);
     tableWidget->updateGeometry(); // its hint counts the columns
@@ -187,7 +187,7 @@ void ZorvaTable::ShowCell(int row, int column, const QVariant& value)
     if (!item)
         return;
     // What code writes is no edit: without the guard it would come back as one.
-    const QScopedValueRollback<bool> guard(suppressSignals, true);
+    const GuardedRollback<RowWatch, bool> guard(*this, suppressSignals, true);
     item->setData(Qt::DisplayRole, value);
 }
 

@@ -9,17 +9,17 @@ ZorvaTunerObject::ZorvaTunerObject(ZorvaWidget* ownerWidget)
 
 void ZorvaTunerObject::emitSegment(qlonglong centerFreq, uint bandwidth)
 {
-    Q_EMIT si_segmentChanged(centerFreq, bandwidth);
+    Raise(&ZorvaTunerObject::si_segmentChanged, centerFreq, bandwidth);
 }
 
 void ZorvaTunerObject::setIFPanSpectrumEnabled(bool enabled)
 {
-    Q_EMIT si_IFPanSpectrumEnabled(enabled);
+    Raise(&ZorvaTunerObject::si_IFPanSpectrumEnabled, enabled);
 }
 
 void ZorvaTunerObject::setPIFPanSpectrumEnabled(bool enabled)
 {
-    Q_EMIT si_PIFPanSpectrumEnabled(enabled);
+    Raise(&ZorvaTunerObject::si_PIFPanSpectrumEnabled, enabled);
 }
 
 } // namespace Orvane
