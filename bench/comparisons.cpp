@@ -862,7 +862,7 @@ const std::vector<ComparisonKind>& comparisonKinds()
         {"read-perrow", "SetXmlString, a group per row / groups of 20", compareReadPerRow, true},
         {"read-perrow-bare", "read floor, a group per row / groups of 20", compareBareReadPerRow, true},
         {"formular", "ZorvaFormular made and deleted / QScriptEngine", compareEmptyFormular, true},
-        {"spins", "CreateGUI, spin rows without limits / with limits", compareSpinLimits, false},
+        {"spins", "CreateGUI, spin rows without limits / with limits", compareSpinLimits, true},
         {"teardown", "window and form deleted / hand-built form and parse floor", compareTeardown, false},
         {"edit", "edit of one row / in a form of 10 rows", compareEdit, false},
         {"edit-painted", "edit of one row + paint / in a form of 10 rows", compareEditPainted, false},

@@ -13,6 +13,7 @@
 #include <QAbstractSpinBox>
 #include <QCoreApplication>
 #include <QPushButton>
+#include <QTextDocument>
 #include <QTextDocumentFragment>
 #include <QXmlStreamWriter>
 
@@ -278,6 +279,14 @@ void ZorvaDelegate::DropLater(QWidget* control)
 {
     if (control)
         control->deleteLater();
+}
+
+void ZorvaDelegate::DropUnlessAnswering(QWidget* control)
+{
+    if (watches)
+        DropLater(control);
+    else
+        delete control;
 }
 
 void ZorvaDelegate::FocusControl(QWidget* control)

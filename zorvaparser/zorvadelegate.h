@@ -319,12 +319,12 @@ protected:
     }
     /**
      * The answer to a changed value: @p name takes the new content, and if that is a
-     * change, @p signals are raised in order and the row is marked.
+     * change, @p raised are raised in order and the row is marked.
      */
     template <typename... Signals>
-    bool AnswerChange(const char* name, const QVariant& content, const Signals&... signals)
+    bool AnswerChange(const char* name, const QVariant& content, const Signals&... raised)
     {
-        return TakeContent(name, content) && (signals() && ...) && MarkModified();
+        return TakeContent(name, content) && (raised() && ...) && MarkModified();
     }
     /** The first half of it: true if the property changed and the row is still there. */
     bool TakeContent(const char* name, const QVariant& content);
@@ -360,8 +360,14 @@ protected:
     void UpdateNames();
     /** The label's text, or else the row's tag: what a control shows as tool tip for want of a better one. */
     QString FallbackToolTip();
-    /** Deletes @p control, which may be null, once whatever it is doing has come to its end. */
+    /**
+     * Deletes @p control, which may be null, once whatever it is doing has come to its
+     * end: who hears of a value may let go of the form while the control still writes it.
+     */
     static void DropLater(QWidget* control);
+    /** Deletes @p control, which may be null and writes no value: at once, unless the row answers it just
+     * now. */
+    void DropUnlessAnswering(QWidget* control);
     /** Gives the keyboard focus to @p control, which may be null. */
     static void FocusControl(QWidget* control);
     /** One element named by the row's tag, with the unit if @p withUnit. */

@@ -14,12 +14,12 @@ namespace {
 
 // Before a box is unchecked, its siblings are searched for an exclusive group,
 // which takes time with every widget of the form; a box in a group of its own
-// is spared that.
+// is spared that. One that is exclusive by itself needs its siblings.
 class ScratchGroup
 {
 public:
     explicit ScratchGroup(QAbstractButton* button)
-        : m_button(button->group() ? nullptr : button)
+        : m_button(button->group() || button->autoExclusive() ? nullptr : button)
     {
         m_group.setExclusive(false);
         if (m_button)
@@ -34,7 +34,7 @@ public:
 
 private:
     QButtonGroup m_group;
-    QPointer<QAbstractButton> m_button; // a listener may delete it; null: has a group already
+    QPointer<QAbstractButton> m_button; // a listener may delete it; null: the box has others to heed
 };
 
 } // namespace

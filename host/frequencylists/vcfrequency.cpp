@@ -51,9 +51,14 @@ VCFrequency::VCFrequency(QWidget* parent, const char* name, bool compact, QWidge
     connect(m_edit, &FrequencyEdit::typed, this, &VCFrequency::slotAddToHistory);
 }
 
+// What a menu's entry changes may end this control while the menu is still at work.
 VCFrequency::~VCFrequency()
 {
-    delete m_menu.data();
+    if (!m_menu)
+        return;
+    m_menu->hide();
+    m_menu->setParent(nullptr);
+    m_menu->deleteLater();
 }
 
 void VCFrequency::makeButtons(bool compact, bool withHistory)

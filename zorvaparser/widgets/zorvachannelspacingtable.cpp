@@ -52,7 +52,7 @@ ZorvaChannelSpacingTable::ZorvaChannelSpacingTable(ZorvaWidget* ownerWidget)
 
 ZorvaChannelSpacingTable::~ZorvaChannelSpacingTable()
 {
-    DropLater(tableWidget);
+    DropUnlessAnswering(tableWidget);
 }
 
 void ZorvaChannelSpacingTable::CreateValueTree()

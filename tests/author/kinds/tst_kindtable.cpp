@@ -51,7 +51,7 @@ void TestKindTable::inertForOneClassAlone()
 {
     const KindTable& table = KindTable::instance();
     const QString toolTip = QStringLiteral("toolTip");
-    QVERIFY(table.findClass(QStringLiteral("LineEdit"))->findProperty(toolTip)->inert);
+    QVERIFY(table.findClass(QStringLiteral("HiddenParameter"))->findProperty(toolTip)->inert);
     QVERIFY(!table.findClass(QStringLiteral("ComboBox"))->findProperty(toolTip)->inert);
 }
 

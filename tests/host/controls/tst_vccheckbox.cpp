@@ -11,6 +11,8 @@
 
 #include <memory>
 
+static void addWays();
+
 class TestVCCheckBox : public QObject
 {
     Q_OBJECT
@@ -27,6 +29,8 @@ private Q_SLOTS:
     void undoAndRedo();
     void listenerMayDeleteTheValue();
     void hostGroupIsKept();
+    void exclusiveBoxesKeepOneChecked_data() { addWays(); }
+    void exclusiveBoxesKeepOneChecked();
     void uncheckingDoesNotSearchSiblings();
 
 private:
@@ -154,6 +158,32 @@ void TestVCCheckBox::hostGroupIsKept()
     m_value->SetValue(true, nullptr);
     m_value->SetValue(false, nullptr);
     QCOMPARE(m_box->group(), &group);
+}
+
+void TestVCCheckBox::exclusiveBoxesKeepOneChecked()
+{
+    QFETCH(int, way);
+    QWidget window;
+    values::ValueBool first(QStringLiteral("first"), ValueState::Normal);
+    values::ValueBool second(QStringLiteral("second"), ValueState::Normal);
+    values::ValueBool* const values[] = {&first, &second};
+    VCCheckBox* boxes[] = {new VCCheckBox(&window, "first"), new VCCheckBox(&window, "second")};
+    for (int i = 0; i < 2; ++i) {
+        boxes[i]->setAutoExclusive(true);
+        boxes[i]->SetBoolean(values[i]);
+        boxes[i]->move(0, 40 * i);
+    }
+    window.show();
+    for (const int chosen : {0, 1, 0}) {
+        act(boxes[chosen], way);
+        for (int i = 0; i < 2; ++i) {
+            QCOMPARE(boxes[i]->isChecked(), i == chosen);
+            QCOMPARE(values[i]->GetValue(), i == chosen);
+        }
+    }
+    second.SetValue(true, nullptr);
+    QVERIFY(boxes[1]->isChecked());
+    QVERIFY(!first.GetValue());
 }
 
 // Without the group of its own, each box looks at all others: a hundred times

@@ -58,6 +58,8 @@ private Q_SLOTS:
     void limitsHold();
     void historyKeepsTenDifferent();
     void historyIsChosenByKeys();
+    void menuEntryMayDeleteTheControl_data();
+    void menuEntryMayDeleteTheControl();
     void unitIsChosen();
     void tuneButton();
     void inputOff();
@@ -290,6 +292,44 @@ void TestVCFrequency::historyIsChosenByKeys()
     chooseInPopup(1);
     QTRY_COMPARE(m_value->GetValue(), 1e6);
     QCOMPARE(m_control->History(), (QVector<double>{1e6, 2e6}));
+}
+
+void TestVCFrequency::menuEntryMayDeleteTheControl_data()
+{
+    QTest::addColumn<bool>("byMouse");
+    QTest::addColumn<bool>("foreignOwner");
+    for (const bool byMouse : {false, true}) {
+        for (const bool foreignOwner : {false, true})
+            QTest::addRow("%s, %s", byMouse ? "mouse" : "keys",
+                          foreignOwner ? "owner of its own" : "own menu")
+                << byMouse << foreignOwner;
+    }
+}
+
+void TestVCFrequency::menuEntryMayDeleteTheControl()
+{
+    QFETCH(bool, byMouse);
+    QFETCH(bool, foreignOwner);
+    QWidget owner;
+    QPointer<VCFrequency> control =
+        new VCFrequency(nullptr, "doomed", false, foreignOwner ? &owner : nullptr, true);
+    control->SetFrequency_ValuePath(FrequencyPath);
+    control->slotAddToHistory(1e6);
+    control->show();
+    RecordingObserver deleter;
+    deleter.onUpdate = [&control](Observable*, TChangeCode) { delete control.data(); };
+    m_value->AddObserver(&deleter);
+    QTest::mouseClick(control->GetHistoryButtonCtrl(), Qt::LeftButton);
+    QTRY_VERIFY(QApplication::activePopupWidget());
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    if (byMouse)
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions().first()).center());
+    else
+        QTest::keyClick(menu, Qt::Key_Return);
+    QTRY_VERIFY(!control);
+    QTRY_VERIFY(!QApplication::activePopupWidget());
+    m_value->DeleteObserver(&deleter);
 }
 
 void TestVCFrequency::unitIsChosen()

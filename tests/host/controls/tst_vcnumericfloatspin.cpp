@@ -3,7 +3,6 @@
 
 #include <leftovers.h>
 #include <messageguard.h>
-#include <processorcost.h>
 #include <recordingobserver.h>
 
 #include <valueframework/tree.h>
@@ -81,7 +80,6 @@ private Q_SLOTS:
     void listenerMayDeleteWhileRefreshed();
     void unboundWorks();
     void listenerMayDelete();
-    void unlimitedIsCheap();
 
 private:
     void type(const QString& text);
@@ -618,25 +616,6 @@ void TestVCNumericFloatSpin::listenerMayDelete()
     m_spin->stepBy(1);
     QVERIFY(!m_spin);
     QCOMPARE(m_value->GetValue(), 11.0);
-}
-
-// Bounds of 309 digits are formatted and read over and over by Qt.
-void TestVCNumericFloatSpin::unlimitedIsCheap()
-{
-    const auto nanoseconds = [](double limit) {
-        values::NumericDouble value(QStringLiteral("n"), ValueState::Normal);
-        value.SetMinMax(-limit, limit, 1.0, nullptr);
-        return processorCost([&] {
-            for (int i = 0; i < 200; ++i) {
-                VCNumericFloatSpin spin(nullptr, nullptr, true);
-                spin.SetNumericValue(&value);
-                spin.sizeHint();
-            }
-        });
-    };
-    const double limited = leastOf([&] { return nanoseconds(1000); });
-    QVERIFY2(leastOf([&] { return nanoseconds(1e308); }) < 2 * limited,
-             "a spin box without limits is dear to build");
 }
 
 QTEST_MAIN(TestVCNumericFloatSpin)
