@@ -7,10 +7,10 @@
 #include <author/check/ruletexts.h>
 #include <author/check/scripttrial.h>
 #include <author/document/description.h>
+#include <author/files/wholefile.h>
 
 #include <QCoreApplication>
 #include <QDirIterator>
-#include <QFile>
 #include <QFileInfo>
 
 #include <cstdio>
@@ -188,15 +188,12 @@ private:
 
     void checkFile(const QString& name)
     {
-        QFile file(name);
-        const bool isOpen = name == QLatin1String("-") ? file.open(stdin, QIODevice::ReadOnly)
-                                                       : file.open(QIODevice::ReadOnly);
-        const QByteArray bytes = isOpen ? file.readAll() : QByteArray();
-        if (!isOpen || file.error() != QFileDevice::NoError) {
-            complain(QStringLiteral("cannot read \"%1\": %2").arg(name, file.errorString()));
+        const FileContent content = readWhole(name);
+        if (!content.isRead()) {
+            complain(QStringLiteral("cannot read \"%1\": %2").arg(name, content.problem));
             return;
         }
-        const CheckedFile checked = check(name, bytes, &m_scripts);
+        const CheckedFile checked = check(name, content.bytes, &m_scripts);
         m_report->add(checked);
         m_found = m_found || checked.has(m_failOn);
         ++m_checked;

@@ -1,59 +1,22 @@
 #include "subcommand.h"
 #include "terminal.h"
 
+#include <author/files/wholefile.h>
 #include <author/format/formatter.h>
 
 #include <QCommandLineParser>
-#include <QFile>
-#include <QSaveFile>
-
-#include <cstdio>
 
 using namespace Orvane::Author;
 
 namespace {
 
-struct Source
-{
-    QString name; // for messages
-    QByteArray bytes;
-    bool readable = false;
-};
-
-Source readSource(const QString& path)
-{
-    Source source;
-    const bool isInput = path == QLatin1String("-");
-    source.name = isInput ? QStringLiteral("standard input") : path;
-    QFile file(path);
-    source.readable = isInput ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
-    if (!source.readable) {
-        fail(QStringLiteral("format: cannot read %1: %2").arg(source.name, file.errorString()));
-        return source;
-    }
-    source.bytes = file.readAll();
-    if (file.error() == QFileDevice::NoError)
-        return source;
-    source.readable = false;
-    fail(QStringLiteral("format: cannot read %1: %2").arg(source.name, file.errorString()));
-    return source;
-}
-
-int replace(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
-        return Clean;
-    return fail(QStringLiteral("format: cannot write %1: %2").arg(path, file.errorString()));
-}
-
 enum class Mode { Print, Replace, Check };
 
 int formatOne(const QString& path, Mode mode)
 {
-    const Source source = readSource(path);
-    if (!source.readable)
-        return Misuse;
+    const FileContent source = readWhole(path);
+    if (!source.isRead())
+        return fail(QStringLiteral("format: cannot read %1: %2").arg(source.name, source.problem));
     const FormattedText formatted = formatDescription(source.bytes);
     if (formatted.isRefused())
         return fail(QStringLiteral("format: %1:%2:%3: %4; left as it is")
@@ -65,8 +28,11 @@ int formatOne(const QString& path, Mode mode)
         return printBytes(formatted.bytes);
     if (formatted.bytes == source.bytes)
         return Clean;
-    if (mode == Mode::Replace)
-        return replace(path, formatted.bytes);
+    if (mode == Mode::Replace) {
+        const QString problem = writeWhole(path, formatted.bytes);
+        return problem.isEmpty() ? Clean
+                                 : fail(QStringLiteral("format: cannot write %1: %2").arg(path, problem));
+    }
     print(QStringLiteral("%1: would be laid out anew\n").arg(source.name));
     return Findings;
 }

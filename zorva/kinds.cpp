@@ -1,11 +1,9 @@
 #include "subcommand.h"
 #include "terminal.h"
 
+#include <author/files/wholefile.h>
 #include <author/kinds/kindpage.h>
 #include <author/kinds/kindtable.h>
-
-#include <QFile>
-#include <QSaveFile>
 
 using namespace Orvane::Author;
 
@@ -68,18 +66,15 @@ QString description(const ControlClass& controlClass)
 
 int renew(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return fail(QStringLiteral("kinds: cannot read %1: %2").arg(path, file.errorString()));
-    const KindPage page = renewKindPage(QString::fromUtf8(file.readAll()));
+    const FileContent old = readWhole(path);
+    if (!old.isRead())
+        return fail(QStringLiteral("kinds: cannot read %1: %2").arg(path, old.problem));
+    const KindPage page = renewKindPage(QString::fromUtf8(old.bytes));
     if (!page.problem.isEmpty())
         return fail(QStringLiteral("kinds: %1: the tables for \"%2\" have no end, or a name in it is unknown")
                         .arg(path, page.problem));
-    const QByteArray bytes = page.text.toUtf8();
-    QSaveFile target(path);
-    if (target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.commit())
-        return Clean;
-    return fail(QStringLiteral("kinds: cannot write %1: %2").arg(path, target.errorString()));
+    const QString problem = writeWhole(path, page.text.toUtf8());
+    return problem.isEmpty() ? Clean : fail(QStringLiteral("kinds: cannot write %1: %2").arg(path, problem));
 }
 
 int run(const QStringList& arguments)

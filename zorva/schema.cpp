@@ -1,19 +1,16 @@
 #include "subcommand.h"
 #include "terminal.h"
 
+#include <author/files/wholefile.h>
 #include <author/kinds/kindtable.h>
 #include <author/schema/relaxng.h>
-
-#include <QSaveFile>
 
 namespace {
 
 int write(const QByteArray& schema, const QString& path)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(schema) != schema.size() || !file.commit())
-        return fail(QStringLiteral("schema: cannot write %1: %2").arg(path, file.errorString()));
-    return Clean;
+    const QString problem = Orvane::Author::writeWhole(path, schema);
+    return problem.isEmpty() ? Clean : fail(QStringLiteral("schema: cannot write %1: %2").arg(path, problem));
 }
 
 int run(const QStringList& arguments)

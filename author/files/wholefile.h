@@ -1,0 +1,33 @@
+#ifndef ZORVA_AUTHOR_WHOLEFILE_H
+#define ZORVA_AUTHOR_WHOLEFILE_H
+
+#include <QByteArray>
+#include <QString>
+
+namespace Orvane {
+namespace Author {
+
+/** What a file holds, or why it cannot be had. */
+struct FileContent
+{
+    QString name; // for messages: the path, or "standard input"
+    QByteArray bytes;
+    QString problem; // empty if all was read
+
+    bool isRead() const { return problem.isEmpty(); }
+};
+
+/** The whole content of the file at @p path; "-" is the standard input. */
+FileContent readWhole(const QString& path);
+
+/**
+ * Puts @p bytes at @p path by a complete new file beside the old one, which is on
+ * the disk before it takes the old one's place: a failure or a crash leaves the old
+ * one as it was. Gives why it could not be done; empty if it was.
+ */
+QString writeWhole(const QString& path, const QByteArray& bytes);
+
+} // namespace Author
+} // namespace Orvane
+
+#endif

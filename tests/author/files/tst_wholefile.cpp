@@ -1,0 +1,62 @@
+#include <author/files/wholefile.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Orvane::Author;
+
+/// Files are read whole, and replaced by whole ones.
+class TestWholeFile : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void whatIsWrittenIsRead();
+    void replacesAndLeavesNothingBeside();
+    void aFailureLeavesTheOldOne();
+    void saysWhatCannotBeRead();
+};
+
+void TestWholeFile::whatIsWrittenIsRead()
+{
+    const QTemporaryDir folder;
+    const QByteArray bytes("\0a\r\n\xff", 5);
+    const QString path = folder.filePath(QStringLiteral("Größe.xml"));
+    QCOMPARE(writeWhole(path, bytes), QString());
+    const FileContent content = readWhole(path);
+    QVERIFY(content.isRead());
+    QCOMPARE(content.bytes, bytes);
+    QCOMPARE(content.name, path);
+}
+
+void TestWholeFile::replacesAndLeavesNothingBeside()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a"));
+    QCOMPARE(writeWhole(path, "a long first text"), QString());
+    QCOMPARE(writeWhole(path, "short"), QString());
+    QCOMPARE(readWhole(path).bytes, QByteArray("short"));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList(QStringLiteral("a")));
+}
+
+void TestWholeFile::aFailureLeavesTheOldOne()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("folder"));
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("folder")));
+    QVERIFY(!writeWhole(path, "text").isEmpty());
+    QVERIFY(!writeWhole(folder.filePath(QStringLiteral("nowhere/a")), "text").isEmpty());
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList());
+}
+
+void TestWholeFile::saysWhatCannotBeRead()
+{
+    const QTemporaryDir folder;
+    QCOMPARE(readWhole(folder.path()).problem, QStringLiteral("it is a folder"));
+    QVERIFY(!readWhole(folder.filePath(QStringLiteral("nowhere"))).isRead());
+}
+
+QTEST_APPLESS_MAIN(TestWholeFile)
+#include "tst_wholefile.moc"
