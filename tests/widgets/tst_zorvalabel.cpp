@@ -5,7 +5,27 @@
 
 #include <QLabel>
 
+#include <functional>
+
 using namespace Orvane;
+
+namespace {
+
+/// Calls back when a property of the watched object changes.
+class PropertyWatch : public QObject
+{
+public:
+    std::function<void()> changed;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::DynamicPropertyChange)
+            changed();
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+} // namespace
 
 class TestZorvaLabel : public FormTest
 {
@@ -22,6 +42,8 @@ private Q_SLOTS:
     void reportsAreShownLetterByLetter();
     void reportBeforeTheControl();
     void scriptAfterAReport();
+    void hostMayLetTheFormGoWhileTheTextChanges_data();
+    void hostMayLetTheFormGoWhileTheTextChanges();
 };
 
 void TestZorvaLabel::showsAndWritesItsText()
@@ -129,6 +151,29 @@ void TestZorvaLabel::scriptAfterAReport()
     QVERIFY(form.control<QLabel>("state")->textFormat() != Qt::PlainText);
     form.read("state", QStringLiteral("<state>idle</state>"));
     QCOMPARE(form.control<QLabel>("state")->textFormat(), Qt::PlainText);
+}
+
+void TestZorvaLabel::hostMayLetTheFormGoWhileTheTextChanges_data()
+{
+    QTest::addColumn<bool>("read");
+    QTest::newRow("read") << true;
+    QTest::newRow("value") << false;
+}
+
+void TestZorvaLabel::hostMayLetTheFormGoWhileTheTextChanges()
+{
+    QFETCH(bool, read);
+    FormFixture form(rowXml("Label", "state", {{"text", "idle"}}));
+    const QPointer<QObject> row = form.row("state");
+    PropertyWatch watch;
+    watch.changed = [&] { form.deleteForm(); };
+    row->installEventFilter(&watch);
+    if (read)
+        form.read("state", QStringLiteral("<state>busy</state>"));
+    else
+        form.value<values::ValueString>("state")->SetValue(QStringLiteral("busy"), nullptr);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!row);
 }
 
 QTEST_MAIN(TestZorvaLabel)

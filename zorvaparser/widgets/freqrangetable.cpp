@@ -4,11 +4,12 @@
 #include <guibase/unitprefix.h>
 #include <valueframework/tree.h>
 #include <vkbase/velk.h>
+#include <zorvaparser/guardedrollback_p.h>
 
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QPointer>
 #include <QRegularExpression>
-#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <functional>
@@ -46,6 +47,9 @@ SuffixedDouble::ESuffix suffixOf(double unitFactor)
     }
     return SuffixedDouble::ekNone;
 }
+
+/** Changes of cells are the table's own while it lives. False once the table is gone. */
+using OwnChange = GuardedRollback<QPointer<FreqRangeTable>, int>;
 
 } // namespace
 
@@ -190,7 +194,7 @@ void FreqRangeTable::SlotValueChanged(int row, int column)
     if (updateDepth != 0)
         return;
     {
-        const QScopedValueRollback<int> guard(updateDepth, 1);
+        const OwnChange change(this, updateDepth, 1);
         WriteCell(row, column, ReadCell(row, column));
     }
     resizeRowsToContents();
@@ -200,18 +204,19 @@ void FreqRangeTable::SlotValueChanged(int row, int column)
 
 void FreqRangeTable::SlotNew()
 {
-    const QScopedValueRollback<int> guard(updateDepth, updateDepth + 1);
+    const OwnChange change(this, updateDepth, updateDepth + 1);
     const int row = rowCount();
     insertRow(row);
     WriteCell(row, 0, 0.0);
     WriteCell(row, 1, 0.0);
     WriteIfWanted();
-    UpdateActions();
+    if (change)
+        UpdateActions();
 }
 
 void FreqRangeTable::SlotDelete()
 {
-    const QScopedValueRollback<int> guard(updateDepth, updateDepth + 1);
+    const OwnChange change(this, updateDepth, updateDepth + 1);
     // One entry for each selected cell: a row with both cells selected goes twice,
     // the second time as the row that moved up.
     QList<int> doomedRows;
@@ -223,7 +228,8 @@ void FreqRangeTable::SlotDelete()
     if (doomedRows.isEmpty())
         return;
     WriteIfWanted();
-    UpdateActions();
+    if (change)
+        UpdateActions();
 }
 
 double FreqRangeTable::ReadCell(int row, int column) const
@@ -255,7 +261,7 @@ FreqRangeTable::RangeList FreqRangeTable::ReadRanges() const
 
 void FreqRangeTable::ShowRanges(const RangeList& ranges)
 {
-    const QScopedValueRollback<int> guard(updateDepth, updateDepth + 1);
+    const OwnChange change(this, updateDepth, updateDepth + 1);
     clearContents();
     // An empty list is shown as one range of zeros, and read back as one.
     static const RangeList oneEmptyRange(1);

@@ -4,9 +4,9 @@
 
 #include <layout/floatgrouplayout.h>
 #include <layout/markup.h>
-#include <zorvaparser/zorvawidget.h>
+#include <zorvaparser/guardedrollback_p.h>
+#include <zorvaparser/rowwatch_p.h>
 
-#include <QScopedValueRollback>
 #include <QXmlStreamReader>
 
 namespace Orvane {
@@ -53,7 +53,7 @@ void ZorvaLabel::GetXml(QXmlStreamWriter& writer) const
 void ZorvaLabel::ReadXml(QXmlStreamReader& reader)
 {
     const QString text = reader.readElementText();
-    const QScopedValueRollback<bool> report(takesReport, true);
+    const GuardedRollback<RowWatch, bool> report(*this, takesReport, true);
     setProperty("text", text); // in the form in which it came, also if it compares equal
 }
 
@@ -61,8 +61,7 @@ void ZorvaLabel::Update(Observable* observable, TChangeCode code)
 {
     if (!HasNewContent(textValue, observable, code))
         return;
-    bool changed = false;
-    if (Watched([&] { changed = TakeReport(textValue->GetValue()); }) && changed)
+    if (TakeReport(textValue->GetValue()))
         MarkModified();
 }
 
@@ -82,10 +81,11 @@ void ZorvaLabel::Retranslate()
     ShowText();
 }
 
+// True if the text changed and the row is still there.
 bool ZorvaLabel::TakeReport(const QString& text)
 {
-    const QScopedValueRollback<bool> report(takesReport, true);
-    return ChangeProperty("text", text);
+    const GuardedRollback<RowWatch, bool> report(*this, takesReport, true);
+    return ChangeProperty("text", text) && report;
 }
 
 void ZorvaLabel::ShowText()

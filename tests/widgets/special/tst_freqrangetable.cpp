@@ -106,6 +106,8 @@ private Q_SLOTS:
     void automaticWriting();
     void attachingAgainLeavesTheOldMap();
     void mapMayDieFirst();
+    void observersMayDeleteTheTable_data();
+    void observersMayDeleteTheTable();
 };
 
 void tst_FreqRangeTable::looksAsBuilt()
@@ -419,6 +421,26 @@ void tst_FreqRangeTable::mapMayDieFirst()
     t.type(0, 0, QStringLiteral("9"));
     t.table->applyToValue();
     QCOMPARE(t.text(0, 0), QStringLiteral("9 kHz"));
+}
+
+void tst_FreqRangeTable::observersMayDeleteTheTable_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::newRow("new row") << QStringLiteral("ListBoxNew");
+    QTest::newRow("delete row") << QStringLiteral("ListBoxDelete");
+}
+
+void tst_FreqRangeTable::observersMayDeleteTheTable()
+{
+    QFETCH(QString, action);
+    BoundTable t({{1000, 2000}, {3000, 4000}}, true);
+    clickCell(t.table, 0, 0);
+    RecordingObserver observer;
+    observer.watch(t.map);
+    observer.onUpdate = [&](Observable*, TChangeCode) { delete t.table; };
+    t.table->findChild<QAction*>(action)->trigger();
+    QVERIFY(!t.table);
+    QCOMPARE(observer.codes(), QList<TChangeCode>({ChangeCode::Content}));
 }
 
 QTEST_MAIN(tst_FreqRangeTable)
