@@ -51,6 +51,7 @@ private Q_SLOTS:
     void indexOutOfRangeIsRefused_data();
     void indexOutOfRangeIsRefused();
     void indexMarksTheRow();
+    void indexInRangeHoldsWithoutAValue();
     void textThatIsNoValueSelectsByNumber_data();
     void textThatIsNoValueSelectsByNumber();
     void clearKeepsEmptyWithoutAMatch();
@@ -197,6 +198,19 @@ void TestZorvaComboBox::indexMarksTheRow()
     QVERIFY(row->setCurrentIndex(2));
     QVERIFY(row->isModified());
     QCOMPARE(row->getCurrentEnumValue(), QStringLiteral("usb"));
+}
+
+void TestZorvaComboBox::indexInRangeHoldsWithoutAValue()
+{
+    FormFixture form(modeRow({{"currentValue", "fm"}}), modes());
+    auto* const row = form.delegate<ZorvaComboBox>("mode");
+    values::Tree::Instance()->RemoveValue(row->GetVTValue()->GetPathName());
+    QVERIFY(!row->GetVTValue());
+    for (int index = 0; index < 3; ++index)
+        QVERIFY(row->setCurrentIndex(index));
+    QVERIFY(!row->setCurrentIndex(-1));
+    QVERIFY(!row->setCurrentIndex(3));
+    QVERIFY(!row->isModified());
 }
 
 void TestZorvaComboBox::textThatIsNoValueSelectsByNumber_data()

@@ -369,6 +369,29 @@ private Q_SLOTS:
         QVERIFY(form.row("a")->isModified());
     }
 
+    void showAndHideDoNothingWithoutAWindow_data()
+    {
+        QTest::addColumn<int>("stage");
+        QTest::newRow("never built") << int(FormFixture::WithValues);
+        QTest::newRow("gone") << int(FormFixture::WithGui);
+    }
+    void showAndHideDoNothingWithoutAWindow()
+    {
+        QFETCH(int, stage);
+        FormFixture form(grouped(), static_cast<FormFixture::Stage>(stage));
+        form.deleteWindow();
+        form.formular()->Show();
+        form.formular()->Hide();
+        form.formular()->Show();
+        QVERIFY(!form.formular()->GetGUI());
+        QVERIFY(QApplication::topLevelWidgets().isEmpty());
+        // What is built afterwards waits to be shown, too.
+        form.createGui();
+        QVERIFY(form.window()->isHidden());
+        form.formular()->Show();
+        QVERIFY(form.window()->isVisible());
+    }
+
     void paintingWaitsForAllRows_data()
     {
         QTest::addColumn<Change>("change");
