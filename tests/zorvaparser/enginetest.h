@@ -4,6 +4,8 @@
 #include "formfixture.h"
 #include "messageguard.h"
 
+#include <QEventLoop>
+#include <QTimer>
 #include <QtTest>
 
 #include <memory>
@@ -25,6 +27,21 @@ private Q_SLOTS:
 
 private:
     std::unique_ptr<MessageGuard> m_messages;
+};
+
+/// A timer to hold others against. Timers fire in the order of their ends, on a slow
+/// machine too: once this one has fired, all that were to end before it have.
+class ReferenceTimer
+{
+public:
+    /// Starts now; `interval` in milliseconds.
+    explicit ReferenceTimer(int interval);
+    /// Turns the event loop until it has fired.
+    void pass();
+
+private:
+    QTimer m_timer;
+    QEventLoop m_loop;
 };
 
 /// The formular made from a description's text; null if there is none in it.

@@ -3,12 +3,10 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QContextMenuEvent>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QThread>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -42,6 +40,13 @@ struct Surface
     {
         auto* const self = qobject_cast<QScrollArea*>(window.get());
         return self ? self : window->findChild<QScrollArea*>();
+    }
+    /// Whether no timer of less than 250 ms that runs by now announces anything.
+    bool staysSilent()
+    {
+        const int before = announced.count();
+        ReferenceTimer(250).pass();
+        return announced.count() == before;
     }
     /// What the sheet's delegate says, without the formular in between.
     void call(const char* slot) const { QVERIFY(QMetaObject::invokeMethod(ui(), slot)); }
@@ -245,7 +250,7 @@ private Q_SLOTS:
         QTRY_COMPARE(surface.announced.count(), 1);
         QVERIFY(fired.intervals.contains(interval));
         // Once per burst of changes.
-        QVERIFY(!surface.announced.wait(150));
+        QVERIFY(surface.staysSilent());
     }
 
     void missingTimeoutIsASecond()
@@ -270,17 +275,13 @@ private Q_SLOTS:
 
     void everyChangeStartsTheIntervalAnew()
     {
-        Surface surface(true, {{"autoApplyTimeout", 600}});
-        QElapsedTimer sinceLast;
-        do {
-            surface.announced.clear();
-            surface.form.row("a")->setModified(true);
-            QThread::msleep(400);
-            surface.form.row("a")->setModified(true);
-            sinceLast.start();
-            QThread::msleep(400);
-            QCoreApplication::processEvents(); // the first turn since both changes
-        } while (sinceLast.elapsed() >= 550);  // the machine was away for the whole interval: once more
+        Surface surface(true, {{"autoApplyTimeout", 200}});
+        // It lies between the ends of the two intervals.
+        ReferenceTimer reference(260);
+        QTimer::singleShot(130, Qt::PreciseTimer, &surface.announced,
+                           [&] { surface.form.row("a")->setModified(true); });
+        surface.form.row("a")->setModified(true);
+        reference.pass();
         QCOMPARE(surface.announced.count(), 0);
         QTRY_COMPARE(surface.announced.count(), 1);
     }
@@ -296,7 +297,7 @@ private Q_SLOTS:
         // And no timer stands behind it, not even when it is switched on later.
         surface.form.sheet().setAutoApplyEnabled(true);
         surface.form.row("b")->setModified(true);
-        QVERIFY(!surface.announced.wait(250));
+        QVERIFY(surface.staysSilent());
         surface.form.sheet().resetModified();
         surface.form.row("b")->setModified(true);
         QCOMPARE(surface.announced.count(), 2);
@@ -316,7 +317,7 @@ private Q_SLOTS:
         Surface surface(false, {{"autoApplyTimeout", 0}});
         surface.form.row("a")->setModified(true);
         surface.form.formular()->GetXmlString(true);
-        QVERIFY(!surface.announced.wait(250));
+        QVERIFY(surface.staysSilent());
         QCOMPARE(surface.announced.count(), 1);
     }
 
@@ -325,7 +326,7 @@ private Q_SLOTS:
         Surface surface(true, {{"autoApplyEnabled", false}, {"autoApplyTimeout", 0}});
         QVERIFY(!surface.box()->isChecked());
         surface.form.row("a")->setModified(true);
-        QVERIFY(!surface.announced.wait(250));
+        QVERIFY(surface.staysSilent());
         QTest::mousePress(surface.button(), Qt::LeftButton);
         QCOMPARE(surface.announced.count(), 1);
         QTest::mouseRelease(surface.button(), Qt::LeftButton);
@@ -336,7 +337,7 @@ private Q_SLOTS:
         Surface surface(true, {{"autoApplyTimeout", 0}});
         QTest::keyClicks(surface.edit("a"), QStringLiteral("x"));
         QVERIFY(surface.button()->isEnabled());
-        QVERIFY(!surface.announced.wait(250));
+        QVERIFY(surface.staysSilent());
     }
 
     void timerCanBeKilled()
@@ -344,7 +345,7 @@ private Q_SLOTS:
         Surface surface(true, {{"autoApplyTimeout", 0}});
         surface.form.row("a")->setModified(true);
         surface.form.sheet().killAutoApplyTimer();
-        QVERIFY(!surface.announced.wait(250));
+        QVERIFY(surface.staysSilent());
         QVERIFY(surface.form.sheet().isModified());
     }
 
@@ -364,7 +365,7 @@ private Q_SLOTS:
         surface.form.sheet().setAutoApplyEnabled(false);
         QTRY_COMPARE(surface.announced.count(), 1);
         surface.form.row("a")->setModified(true);
-        QVERIFY(!surface.announced.wait(250));
+        QVERIFY(surface.staysSilent());
     }
 
     void boxAndPropertyFollowEachOther()
