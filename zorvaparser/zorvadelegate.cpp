@@ -8,6 +8,7 @@
 #include <layout/floatgrouplayout.h>
 #include <layout/markup.h>
 #include <vkbase/errorhandler.h>
+#include <vkbase/notifying.h>
 #include <vkbase/qtrace.h>
 
 #include <QAbstractSpinBox>
@@ -283,7 +284,7 @@ void ZorvaDelegate::DropLater(QWidget* control)
 
 void ZorvaDelegate::DropUnlessAnswering(QWidget* control)
 {
-    if (watches)
+    if (watches || isNotifying())
         DropLater(control);
     else
         delete control;

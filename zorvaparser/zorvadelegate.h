@@ -362,11 +362,11 @@ protected:
     QString FallbackToolTip();
     /**
      * Deletes @p control, which may be null, once whatever it is doing has come to its
-     * end: who hears of a value may let go of the form while the control still writes it.
+     * end: with the next turn of the event loop.
      */
     static void DropLater(QWidget* control);
-    /** Deletes @p control, which may be null and writes no value: at once, unless the row answers it just
-     * now. */
+    /** The same, but at once if nothing is under way: neither an answer of the row, nor news of a value,
+     * which the control itself may be writing. */
     void DropUnlessAnswering(QWidget* control);
     /** Gives the keyboard focus to @p control, which may be null. */
     static void FocusControl(QWidget* control);

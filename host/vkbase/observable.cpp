@@ -2,9 +2,13 @@
 
 #include "observerledger_p.h"
 
+#include <vkbase/notifying.h>
+
 #include <QSet>
 
 namespace {
+
+int roundsUnderWay = 0;
 
 /// One round of telling: a snapshot of the observers, without those who leave
 /// meanwhile.
@@ -15,7 +19,9 @@ public:
         : ObservableGuard(observable)
     {
         m_observers.append(observers.GetPlaces().constData(), observers.GetPlaces().size());
+        ++roundsUnderWay;
     }
+    ~Notification() override { --roundsUnderWay; }
 
     /// False if the observable was destroyed meanwhile.
     bool run(TChangeCode code, const IObserver* originator)
@@ -48,6 +54,11 @@ private:
 };
 
 } // namespace
+
+bool isNotifying()
+{
+    return roundsUnderWay > 0;
+}
 
 IObserver::~IObserver()
 {

@@ -1,12 +1,10 @@
 #ifndef ZORVAVALUELIST_P_H
 #define ZORVAVALUELIST_P_H
 
-#include <basicvaluewidgets/vcnumericfloatspin.h>
 #include <valueframework/valuebase.h>
 #include <vkbase/iobserver.h>
 
 #include <QList>
-#include <QPointer>
 
 namespace Orvane {
 
@@ -47,16 +45,6 @@ void ForgetValueAt(QList<V*>& list, int index, TChangeCode code, IObserver* obse
         return;
     dying->DeleteObserver(observer);
     list.removeAt(index);
-}
-
-/** Binds each control to the value at its place, and those without one to nothing. */
-template <typename V>
-void BindSpinControls(const QList<QPointer<VCNumericFloatSpin>>& controls, const QList<V*>& list)
-{
-    for (int i = 0; i < controls.count(); ++i) {
-        if (controls.at(i))
-            controls.at(i)->SetNumericValue(list.value(i));
-    }
 }
 
 } // namespace Orvane

@@ -1,9 +1,5 @@
 #include "zorvadoublespinbox.h"
 
-#include "spincontrol.h"
-
-#include <basicvaluewidgets/vcnumericfloatspin.h>
-#include <layout/floatgrouplayout.h>
 #include <zorvaparser/numbertext_p.h>
 
 #include <QXmlStreamReader>
@@ -11,7 +7,7 @@
 namespace Orvane {
 
 ZorvaDoubleSpinBox::ZorvaDoubleSpinBox(ZorvaWidget* owner)
-    : ZorvaDelegate(owner)
+    : ZorvaSpinRow(owner)
     , numericValue(nullptr)
 {
     DefineProperty(QStringLiteral("prefix"));
@@ -32,26 +28,20 @@ void ZorvaDoubleSpinBox::LetValuesGo()
 
 void ZorvaDoubleSpinBox::CreateValueTree()
 {
-    LetValuesGo();
-    numericValue = ObserveValue(CreateValueNumericFloat(QStringLiteral("value"), -1));
-    if (spinControl)
-        spinControl->SetNumericValue(numericValue);
+    MakeValue(numericValue, spinControl);
 }
 
 void ZorvaDoubleSpinBox::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    spinControl = CreateSpinControl(*this, numericValue, layout->parentWidget(), ControlName());
-    PropagateProperties(spinControl);
-    SetDoubleTooltip(spinControl);
-    PlaceControl(layout, spinControl);
+    PlaceSpin(layout, spinControl, numericValue, ControlName(), &ZorvaDoubleSpinBox::SetDoubleTooltip);
 }
 
 void ZorvaDoubleSpinBox::GetXml(QXmlStreamWriter& writer) const
 {
     if (!generateParameterXml)
         return;
-    const int decimals = DecimalsOf(*this);
+    const int decimals = Decimals();
     const double number = property("value").toDouble();
     QString text = fixedText(number, decimals);
     // With one decimal, and only then, a whole number goes without its point.
@@ -84,74 +74,11 @@ void ZorvaDoubleSpinBox::Update(Observable* observable, TChangeCode code)
 void ZorvaDoubleSpinBox::PropertyChanged(const QString& name, const QVariant& value)
 {
     ZorvaDelegate::PropertyChanged(name, value);
-    if (name == QLatin1String("value")) {
-        if (numericValue)
-            numericValue->SetValue(value.toDouble(), this);
-    } else if (name == QLatin1String("minimum") || name == QLatin1String("maximum")) {
-        ConfigureRowValue(numericValue);
-        SetDoubleTooltip(spinControl);
-    } else if (name == QLatin1String("singleStep") || name == QLatin1String("displayScalingFactor")) {
-        ConfigureRowValue(numericValue);
-    } else if (name == QLatin1String("decimals") && spinControl) {
-        spinControl->setAdditionalPrecision(DecimalsOf(*this));
-    }
-    ApplySpinText(spinControl, name, value);
-    PropagateProperty(name, spinControl);
-}
-
-void ZorvaDoubleSpinBox::setDecimals(int value)
-{
-    ChangeProperty("decimals", value);
-}
-
-void ZorvaDoubleSpinBox::setDisplayScalingFactor(double value)
-{
-    ChangeProperty("displayScalingFactor", value);
-}
-
-void ZorvaDoubleSpinBox::setMaximum(double value)
-{
-    ChangeProperty("maximum", value);
-}
-
-void ZorvaDoubleSpinBox::setMinimum(double value)
-{
-    ChangeProperty("minimum", value);
-}
-
-void ZorvaDoubleSpinBox::setPrefix(QString value)
-{
-    ChangeProperty("prefix", value);
-}
-
-void ZorvaDoubleSpinBox::setSingleStep(double value)
-{
-    ChangeProperty("singleStep", value);
-}
-
-void ZorvaDoubleSpinBox::setSpecialValueText(QString value)
-{
-    ChangeProperty("specialValueText", value);
-}
-
-void ZorvaDoubleSpinBox::setSuffix(QString value)
-{
-    ChangeProperty("suffix", value);
-}
-
-void ZorvaDoubleSpinBox::setUnit(QString value)
-{
-    ChangeProperty("unit", value);
-}
-
-void ZorvaDoubleSpinBox::setValue(double value)
-{
-    ChangeProperty("value", value);
-}
-
-void ZorvaDoubleSpinBox::setWrapping(bool flag)
-{
-    ChangeProperty("wrapping", flag);
+    if (name == QLatin1String("value") && numericValue)
+        numericValue->SetValue(value.toDouble(), this);
+    FollowLimits(name, numericValue, spinControl, &ZorvaDoubleSpinBox::SetDoubleTooltip);
+    FollowFraction(name, numericValue, spinControl);
+    FollowText(name, value, spinControl);
 }
 
 void ZorvaDoubleSpinBox::setFocus()

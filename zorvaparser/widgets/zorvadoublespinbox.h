@@ -1,16 +1,12 @@
 #ifndef ZORVADOUBLESPINBOX_H
 #define ZORVADOUBLESPINBOX_H
 
-#include <zorvaparser/zorvadelegate.h>
-
-#include <QPointer>
-
-class VCNumericFloatSpin;
+#include "zorvaspinrow.h"
 
 namespace Orvane {
 
 /** A row with one floating-point number. Parameter XML holds "value" with "decimals" digits. */
-class ZorvaDoubleSpinBox : public ZorvaDelegate
+class ZorvaDoubleSpinBox : public ZorvaSpinRow
 {
     Q_OBJECT
 
@@ -34,17 +30,17 @@ Q_SIGNALS:
     void valueChanged(double value);
 
 public Q_SLOTS:
-    void setDecimals(int value);
-    void setDisplayScalingFactor(double value);
-    void setMaximum(double value);
-    void setMinimum(double value);
-    void setPrefix(QString value);
-    void setSingleStep(double value);
-    void setSpecialValueText(QString value);
-    void setSuffix(QString value);
-    void setUnit(QString value);
-    void setValue(double value);
-    void setWrapping(bool flag);
+    void setDecimals(int value) { ChangeProperty("decimals", value); }
+    void setDisplayScalingFactor(double value) { ChangeProperty("displayScalingFactor", value); }
+    void setMaximum(double value) { ChangeProperty("maximum", value); }
+    void setMinimum(double value) { ChangeProperty("minimum", value); }
+    void setPrefix(QString value) { ChangeProperty("prefix", value); }
+    void setSingleStep(double value) { ChangeProperty("singleStep", value); }
+    void setSpecialValueText(QString value) { ChangeProperty("specialValueText", value); }
+    void setSuffix(QString value) { ChangeProperty("suffix", value); }
+    void setUnit(QString value) { ChangeProperty("unit", value); }
+    void setValue(double value) { ChangeProperty("value", value); }
+    void setWrapping(bool flag) { ChangeProperty("wrapping", flag); }
     void setFocus() override;
 
 protected:

@@ -1,10 +1,7 @@
 #include "zorvadoublespinboxlist.h"
 
 #include "listxml_p.h"
-#include "spincontrol.h"
-#include "valuelist_p.h"
 
-#include <layout/floatgrouplayout.h>
 #include <zorvaparser/numbertext_p.h>
 #include <zorvaparser/rowwatch_p.h>
 
@@ -13,7 +10,7 @@
 namespace Orvane {
 
 ZorvaDoubleSpinBoxList::ZorvaDoubleSpinBoxList(ZorvaWidget* owner)
-    : ZorvaDelegate(owner)
+    : ZorvaSpinRow(owner)
     , inputEnabled(true)
 {
     DefineProperty(QStringLiteral("prefix"));
@@ -23,14 +20,14 @@ ZorvaDoubleSpinBoxList::ZorvaDoubleSpinBoxList(ZorvaWidget* owner)
 ZorvaDoubleSpinBoxList::~ZorvaDoubleSpinBoxList()
 {
     ZorvaDoubleSpinBoxList::LetValuesGo();
-    DropLater(container);
+    DropUnlessAnswering(container);
 }
 
 int ZorvaDoubleSpinBoxList::ItemCount() const
 {
     const QString name =
         property("itemCount").isNull() ? QStringLiteral("shiftCount") : QStringLiteral("itemCount");
-    return SpinListCount(GetInt(name, 0));
+    return GetInt(name, 0);
 }
 
 void ZorvaDoubleSpinBoxList::LetValuesGo()
@@ -40,33 +37,14 @@ void ZorvaDoubleSpinBoxList::LetValuesGo()
 
 void ZorvaDoubleSpinBoxList::CreateValueTree()
 {
-    LetValuesGo();
-    const int count = ItemCount();
-    for (int i = 0; i < count; ++i) {
-        if (auto* const value = ObserveValue(CreateValueNumericFloat(QStringLiteral("value"), i)))
-            values.append(value);
-    }
-    BindSpinControls(controls, values);
+    MakeValues(values, controls, ItemCount());
 }
 
 void ZorvaDoubleSpinBoxList::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    controls.clear();
-    enabledStates.clear();
-    container = CreateSpinContainer(widget->GetName());
-    for (int i = 0; i < values.count(); ++i) {
-        const QString name = ControlName() + QLatin1Char('_') + QString::number(i);
-        auto* const control = CreateSpinControl(*this, values.at(i), layout->parentWidget(), name);
-        PropagateProperties(control);
-        SetDoubleTooltip(control);
-        container->layout()->addWidget(control);
-        NameControl(control, QString::number(i + 1));
-        controls.append(control);
-        enabledStates.append(true);
-    }
-    layout->addList();
-    PlaceControl(layout, container);
+    enabledStates = QVector<bool>(values.count(), true).toList();
+    PlaceSpins(layout, container, controls, values, &ZorvaDoubleSpinBoxList::SetDoubleTooltip);
 }
 
 void ZorvaDoubleSpinBoxList::EnableInput(bool enable, bool restricted)
@@ -85,7 +63,7 @@ void ZorvaDoubleSpinBoxList::GetXml(QXmlStreamWriter& writer) const
         return;
     writer.writeStartElement(GetXmlTagName());
     ListItemWriter itemWriter(writer, *this, ListItemWriter::WithUnit);
-    const int decimals = DecimalsOf(*this);
+    const int decimals = Decimals();
     for (int i = 0; i < values.count(); ++i) {
         const QString text = fixedText(values.at(i)->GetValue(), decimals);
         itemWriter.write({{QLatin1String("index"), QString::number(i)}}, text);
@@ -118,14 +96,12 @@ void ZorvaDoubleSpinBoxList::Update(Observable* observable, TChangeCode code)
 void ZorvaDoubleSpinBoxList::PropertyChanged(const QString& name, const QVariant& value)
 {
     ZorvaDelegate::PropertyChanged(name, value);
-    for (const auto& control : qAsConst(controls))
-        PropagateProperty(name, control);
+    FollowProperty(name, controls);
 }
 
 bool ZorvaDoubleSpinBoxList::isEnabled(int index)
 {
-    const auto control = controls.value(index);
-    return control && control->isEnabled();
+    return IsEnabledAt(controls, index);
 }
 
 void ZorvaDoubleSpinBoxList::setEnabled(int index, bool flag)
@@ -139,15 +115,12 @@ void ZorvaDoubleSpinBoxList::setEnabled(int index, bool flag)
 
 double ZorvaDoubleSpinBoxList::itemValue(int index)
 {
-    const auto* const value = values.value(index);
-    return value ? value->GetValue() : 0.0;
+    return NumberAt(values, index);
 }
 
 void ZorvaDoubleSpinBoxList::setItemValue(int index, double number)
 {
-    // Without an originator this row hears of the change and marks itself.
-    if (auto* const value = values.value(index))
-        value->SetValue(number, nullptr);
+    SetNumberAt(values, index, number);
 }
 
 double ZorvaDoubleSpinBoxList::shiftValue(int index)
@@ -158,71 +131,6 @@ double ZorvaDoubleSpinBoxList::shiftValue(int index)
 void ZorvaDoubleSpinBoxList::setShiftValue(int index, double value)
 {
     setItemValue(index, value);
-}
-
-void ZorvaDoubleSpinBoxList::setDecimals(int value)
-{
-    ChangeProperty("decimals", value);
-}
-
-void ZorvaDoubleSpinBoxList::setDisplayScalingFactor(double value)
-{
-    ChangeProperty("displayScalingFactor", value);
-}
-
-void ZorvaDoubleSpinBoxList::setItemCount(int value)
-{
-    ChangeProperty("itemCount", value);
-}
-
-void ZorvaDoubleSpinBoxList::setShiftCount(int value)
-{
-    ChangeProperty("shiftCount", value);
-}
-
-void ZorvaDoubleSpinBoxList::setMaximum(double value)
-{
-    ChangeProperty("maximum", value);
-}
-
-void ZorvaDoubleSpinBoxList::setMinimum(double value)
-{
-    ChangeProperty("minimum", value);
-}
-
-void ZorvaDoubleSpinBoxList::setPrefix(QString value)
-{
-    ChangeProperty("prefix", value);
-}
-
-void ZorvaDoubleSpinBoxList::setSingleStep(double value)
-{
-    ChangeProperty("singleStep", value);
-}
-
-void ZorvaDoubleSpinBoxList::setSpecialValueText(QString value)
-{
-    ChangeProperty("specialValueText", value);
-}
-
-void ZorvaDoubleSpinBoxList::setSuffix(QString value)
-{
-    ChangeProperty("suffix", value);
-}
-
-void ZorvaDoubleSpinBoxList::setUnit(QString value)
-{
-    ChangeProperty("unit", value);
-}
-
-void ZorvaDoubleSpinBoxList::setValue(double value)
-{
-    ChangeProperty("value", value);
-}
-
-void ZorvaDoubleSpinBoxList::setWrapping(bool flag)
-{
-    ChangeProperty("wrapping", flag);
 }
 
 void ZorvaDoubleSpinBoxList::setFocus()

@@ -1,13 +1,7 @@
 #ifndef ZORVADOUBLESPINBOXLIST_H
 #define ZORVADOUBLESPINBOXLIST_H
 
-#include <zorvaparser/zorvadelegate.h>
-
-#include <QList>
-#include <QPointer>
-#include <QWidget>
-
-class VCNumericFloatSpin;
+#include "zorvaspinrow.h"
 
 namespace Orvane {
 
@@ -16,7 +10,7 @@ namespace Orvane {
  * of items is "itemCount", or "shiftCount" if that is not given, at the time the
  * values are created. Reading parameter XML marks the row as modified.
  */
-class ZorvaDoubleSpinBoxList : public ZorvaDelegate
+class ZorvaDoubleSpinBoxList : public ZorvaSpinRow
 {
     Q_OBJECT
 
@@ -46,19 +40,19 @@ Q_SIGNALS:
 
 public Q_SLOTS:
     // Only prefix and special text reach controls that exist.
-    void setDecimals(int value);
-    void setDisplayScalingFactor(double value);
-    void setItemCount(int value);
-    void setShiftCount(int value);
-    void setMaximum(double value);
-    void setMinimum(double value);
-    void setPrefix(QString value);
-    void setSingleStep(double value);
-    void setSpecialValueText(QString value);
-    void setSuffix(QString value);
-    void setUnit(QString value);
-    void setValue(double value);
-    void setWrapping(bool flag);
+    void setDecimals(int value) { ChangeProperty("decimals", value); }
+    void setDisplayScalingFactor(double value) { ChangeProperty("displayScalingFactor", value); }
+    void setItemCount(int value) { ChangeProperty("itemCount", value); }
+    void setShiftCount(int value) { ChangeProperty("shiftCount", value); }
+    void setMaximum(double value) { ChangeProperty("maximum", value); }
+    void setMinimum(double value) { ChangeProperty("minimum", value); }
+    void setPrefix(QString value) { ChangeProperty("prefix", value); }
+    void setSingleStep(double value) { ChangeProperty("singleStep", value); }
+    void setSpecialValueText(QString value) { ChangeProperty("specialValueText", value); }
+    void setSuffix(QString value) { ChangeProperty("suffix", value); }
+    void setUnit(QString value) { ChangeProperty("unit", value); }
+    void setValue(double value) { ChangeProperty("value", value); }
+    void setWrapping(bool flag) { ChangeProperty("wrapping", flag); }
     void setFocus() override;
 
 public:

@@ -1,9 +1,5 @@
 #include "zorvaint64spinbox.h"
 
-#include "spincontrol.h"
-
-#include <basicvaluewidgets/vcnumericfloatspin.h>
-#include <layout/floatgrouplayout.h>
 #include <zorvaparser/numericcast_p.h>
 
 #include <QXmlStreamReader>
@@ -29,7 +25,7 @@ constexpr UnitStep unitSteps[] = {
 } // namespace
 
 ZorvaInt64SpinBox::ZorvaInt64SpinBox(ZorvaWidget* owner)
-    : ZorvaDelegate(owner)
+    : ZorvaSpinRow(owner)
     , numericValue(nullptr)
 {
 }
@@ -48,18 +44,13 @@ void ZorvaInt64SpinBox::CreateValueTree()
 {
     LetValuesGo();
     ApplyUnitScale();
-    numericValue = ObserveValue(CreateValueNumericFloat(QStringLiteral("value"), -1));
-    if (spinControl)
-        spinControl->SetNumericValue(numericValue);
+    MakeValue(numericValue, spinControl);
 }
 
 void ZorvaInt64SpinBox::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    spinControl = CreateSpinControl(*this, numericValue, layout->parentWidget(), ControlName());
-    PropagateProperties(spinControl);
-    SetInt64Tooltip(spinControl);
-    PlaceControl(layout, spinControl);
+    PlaceSpin(layout, spinControl, numericValue, ControlName(), &ZorvaInt64SpinBox::SetInt64Tooltip);
 }
 
 void ZorvaInt64SpinBox::GetXml(QXmlStreamWriter& writer) const
@@ -92,23 +83,15 @@ void ZorvaInt64SpinBox::Update(Observable* observable, TChangeCode code)
 void ZorvaInt64SpinBox::PropertyChanged(const QString& name, const QVariant& value)
 {
     ZorvaDelegate::PropertyChanged(name, value);
-    if (name == QLatin1String("value")) {
-        if (numericValue)
-            numericValue->SetValue(value.toDouble(), this);
-    } else if (name == QLatin1String("minimum") || name == QLatin1String("maximum")) {
-        ConfigureRowValue(numericValue);
-        SetInt64Tooltip(spinControl);
-    } else if (name == QLatin1String("singleStep") || name == QLatin1String("displayScalingFactor")) {
-        ConfigureRowValue(numericValue);
-    } else if (name == QLatin1String("decimals")) {
-        if (spinControl)
-            spinControl->setAdditionalPrecision(DecimalsOf(*this));
+    if (name == QLatin1String("value") && numericValue) {
+        numericValue->SetValue(value.toDouble(), this);
     } else if (name == QLatin1String("unitScale")) {
         ApplyUnitScale();
-        ConfigureSpinDisplay(*this, spinControl);
+        ConfigureSpinDisplay(spinControl);
     }
-    ApplySpinText(spinControl, name, value);
-    PropagateProperty(name, spinControl);
+    FollowLimits(name, numericValue, spinControl, &ZorvaInt64SpinBox::SetInt64Tooltip);
+    FollowFraction(name, numericValue, spinControl);
+    FollowText(name, value, spinControl);
 }
 
 void ZorvaInt64SpinBox::ApplyUnitScale()
@@ -123,61 +106,11 @@ void ZorvaInt64SpinBox::ApplyUnitScale()
     }
 }
 
-void ZorvaInt64SpinBox::setMaxHistoryLength(int value)
-{
-    ChangeProperty("maxHistoryLength", value);
-}
-
-void ZorvaInt64SpinBox::setMaximum(qlonglong value)
-{
-    ChangeProperty("maximum", value);
-}
-
-void ZorvaInt64SpinBox::setMinimum(qlonglong value)
-{
-    ChangeProperty("minimum", value);
-}
-
-void ZorvaInt64SpinBox::setUnitHidden(bool flag)
-{
-    ChangeProperty("unitHidden", flag);
-}
-
 void ZorvaInt64SpinBox::setUnitScale(QString value)
 {
     // Forms rely on it: only the number form of this slot sets another scale.
     if (!value.isEmpty())
         ChangeProperty("unitScale", quint64(1));
-}
-
-void ZorvaInt64SpinBox::setUnitScale(qulonglong value)
-{
-    ChangeProperty("unitScale", value);
-}
-
-void ZorvaInt64SpinBox::setUseHistory(bool flag)
-{
-    ChangeProperty("useHistory", flag);
-}
-
-void ZorvaInt64SpinBox::setValue(qlonglong value)
-{
-    ChangeProperty("value", value);
-}
-
-void ZorvaInt64SpinBox::setSingleStep(qlonglong value)
-{
-    ChangeProperty("singleStep", value);
-}
-
-void ZorvaInt64SpinBox::setSuffix(QString value)
-{
-    ChangeProperty("suffix", value);
-}
-
-void ZorvaInt64SpinBox::setWrapping(bool flag)
-{
-    ChangeProperty("wrapping", flag);
 }
 
 void ZorvaInt64SpinBox::setFocus()

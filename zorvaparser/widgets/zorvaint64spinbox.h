@@ -1,11 +1,7 @@
 #ifndef ZORVAINT64SPINBOX_H
 #define ZORVAINT64SPINBOX_H
 
-#include <zorvaparser/zorvadelegate.h>
-
-#include <QPointer>
-
-class VCNumericFloatSpin;
+#include "zorvaspinrow.h"
 
 namespace Orvane {
 
@@ -14,7 +10,7 @@ namespace Orvane {
  * the tree is a double, so numbers above 2 to the 53rd lose digits there.
  * "unitScale" 1, 1000, 1000000 or 1000000000 chooses suffix and decimals.
  */
-class ZorvaInt64SpinBox : public ZorvaDelegate
+class ZorvaInt64SpinBox : public ZorvaSpinRow
 {
     Q_OBJECT
 
@@ -39,18 +35,18 @@ Q_SIGNALS:
     void valueChanged(qlonglong value);
 
 public Q_SLOTS:
-    void setMaxHistoryLength(int value);
-    void setMaximum(qlonglong value);
-    void setMinimum(qlonglong value);
-    void setUnitHidden(bool flag);
+    void setMaxHistoryLength(int value) { ChangeProperty("maxHistoryLength", value); }
+    void setMaximum(qlonglong value) { ChangeProperty("maximum", value); }
+    void setMinimum(qlonglong value) { ChangeProperty("minimum", value); }
+    void setUnitHidden(bool flag) { ChangeProperty("unitHidden", flag); }
     /** Resets the scale to 1 whatever the text says; an empty text does nothing. */
     void setUnitScale(QString value);
-    void setUnitScale(qulonglong value);
-    void setUseHistory(bool flag);
-    void setValue(qlonglong value);
-    void setSingleStep(qlonglong value);
-    void setSuffix(QString value);
-    void setWrapping(bool flag);
+    void setUnitScale(qulonglong value) { ChangeProperty("unitScale", value); }
+    void setUseHistory(bool flag) { ChangeProperty("useHistory", flag); }
+    void setValue(qlonglong value) { ChangeProperty("value", value); }
+    void setSingleStep(qlonglong value) { ChangeProperty("singleStep", value); }
+    void setSuffix(QString value) { ChangeProperty("suffix", value); }
+    void setWrapping(bool flag) { ChangeProperty("wrapping", flag); }
     void setFocus() override;
 
 protected:

@@ -1,16 +1,11 @@
 #include "zorvaspinbox.h"
 
-#include "spincontrol.h"
-
-#include <basicvaluewidgets/vcnumericfloatspin.h>
-#include <layout/floatgrouplayout.h>
-
 #include <QXmlStreamReader>
 
 namespace Orvane {
 
 ZorvaSpinBox::ZorvaSpinBox(ZorvaWidget* owner)
-    : ZorvaDelegate(owner)
+    : ZorvaSpinRow(owner)
     , numericValue(nullptr)
 {
     DefineProperty(QStringLiteral("prefix"));
@@ -32,20 +27,14 @@ void ZorvaSpinBox::LetValuesGo()
 
 void ZorvaSpinBox::CreateValueTree()
 {
-    LetValuesGo();
-    numericValue = ObserveValue(CreateValueNumericInt(QStringLiteral("value"), -1));
-    if (spinControl)
-        spinControl->SetNumericValue(numericValue);
+    MakeValue(numericValue, spinControl);
 }
 
 void ZorvaSpinBox::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
     const QString name = numericValue ? numericValue->GetName() : ControlName();
-    spinControl = CreateSpinControl(*this, numericValue, layout->parentWidget(), name);
-    PropagateProperties(spinControl);
-    SetIntTooltip(spinControl);
-    PlaceControl(layout, spinControl);
+    PlaceSpin(layout, spinControl, numericValue, name, &ZorvaSpinBox::SetIntTooltip);
 }
 
 void ZorvaSpinBox::GetXml(QXmlStreamWriter& writer) const
@@ -78,67 +67,10 @@ void ZorvaSpinBox::Update(Observable* observable, TChangeCode code)
 void ZorvaSpinBox::PropertyChanged(const QString& name, const QVariant& value)
 {
     ZorvaDelegate::PropertyChanged(name, value);
-    if (name == QLatin1String("value")) {
-        if (numericValue)
-            numericValue->SetValue(GetInt(name, 0), this);
-    } else if (name == QLatin1String("minimum") || name == QLatin1String("maximum")) {
-        ConfigureRowValue(numericValue);
-        SetIntTooltip(spinControl);
-    } else if (name == QLatin1String("singleStep")) {
-        ConfigureRowValue(numericValue);
-    }
-    ApplySpinText(spinControl, name, value);
-    PropagateProperty(name, spinControl);
-}
-
-void ZorvaSpinBox::setDisplayAdditiveOffset(int value)
-{
-    ChangeProperty("displayAdditiveOffset", value);
-}
-
-void ZorvaSpinBox::setMaximum(int value)
-{
-    ChangeProperty("maximum", value);
-}
-
-void ZorvaSpinBox::setMinimum(int value)
-{
-    ChangeProperty("minimum", value);
-}
-
-void ZorvaSpinBox::setPrefix(QString value)
-{
-    ChangeProperty("prefix", value);
-}
-
-void ZorvaSpinBox::setSingleStep(int value)
-{
-    ChangeProperty("singleStep", value);
-}
-
-void ZorvaSpinBox::setSpecialValueText(QString value)
-{
-    ChangeProperty("specialValueText", value);
-}
-
-void ZorvaSpinBox::setSuffix(QString value)
-{
-    ChangeProperty("suffix", value);
-}
-
-void ZorvaSpinBox::setUnit(QString value)
-{
-    ChangeProperty("unit", value);
-}
-
-void ZorvaSpinBox::setValue(int value)
-{
-    ChangeProperty("value", value);
-}
-
-void ZorvaSpinBox::setWrapping(bool flag)
-{
-    ChangeProperty("wrapping", flag);
+    if (name == QLatin1String("value") && numericValue)
+        numericValue->SetValue(GetInt(name, 0), this);
+    FollowLimits(name, numericValue, spinControl, &ZorvaSpinBox::SetIntTooltip);
+    FollowText(name, value, spinControl);
 }
 
 void ZorvaSpinBox::setFocus()

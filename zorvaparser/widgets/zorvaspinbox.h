@@ -1,16 +1,12 @@
 #ifndef ZORVASPINBOX_H
 #define ZORVASPINBOX_H
 
-#include <zorvaparser/zorvadelegate.h>
-
-#include <QPointer>
-
-class VCNumericFloatSpin;
+#include "zorvaspinrow.h"
 
 namespace Orvane {
 
 /** A row with one 32-bit number. */
-class ZorvaSpinBox : public ZorvaDelegate
+class ZorvaSpinBox : public ZorvaSpinRow
 {
     Q_OBJECT
 
@@ -34,16 +30,16 @@ Q_SIGNALS:
     void valueChanged(int value);
 
 public Q_SLOTS:
-    void setDisplayAdditiveOffset(int value);
-    void setMaximum(int value);
-    void setMinimum(int value);
-    void setPrefix(QString value);
-    void setSingleStep(int value);
-    void setSpecialValueText(QString value);
-    void setSuffix(QString value);
-    void setUnit(QString value);
-    void setValue(int value);
-    void setWrapping(bool flag);
+    void setDisplayAdditiveOffset(int value) { ChangeProperty("displayAdditiveOffset", value); }
+    void setMaximum(int value) { ChangeProperty("maximum", value); }
+    void setMinimum(int value) { ChangeProperty("minimum", value); }
+    void setPrefix(QString value) { ChangeProperty("prefix", value); }
+    void setSingleStep(int value) { ChangeProperty("singleStep", value); }
+    void setSpecialValueText(QString value) { ChangeProperty("specialValueText", value); }
+    void setSuffix(QString value) { ChangeProperty("suffix", value); }
+    void setUnit(QString value) { ChangeProperty("unit", value); }
+    void setValue(int value) { ChangeProperty("value", value); }
+    void setWrapping(bool flag) { ChangeProperty("wrapping", flag); }
     void setFocus() override;
 
 protected:

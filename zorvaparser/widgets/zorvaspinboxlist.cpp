@@ -1,10 +1,7 @@
 #include "zorvaspinboxlist.h"
 
 #include "listxml_p.h"
-#include "spincontrol.h"
-#include "valuelist_p.h"
 
-#include <layout/floatgrouplayout.h>
 #include <zorvaparser/rowwatch_p.h>
 
 #include <QXmlStreamWriter>
@@ -12,7 +9,7 @@
 namespace Orvane {
 
 ZorvaSpinBoxList::ZorvaSpinBoxList(ZorvaWidget* owner)
-    : ZorvaDelegate(owner)
+    : ZorvaSpinRow(owner)
 {
     DefineProperty(QStringLiteral("prefix"));
     DefineProperty(QStringLiteral("specialValueText"));
@@ -21,7 +18,7 @@ ZorvaSpinBoxList::ZorvaSpinBoxList(ZorvaWidget* owner)
 ZorvaSpinBoxList::~ZorvaSpinBoxList()
 {
     ZorvaSpinBoxList::LetValuesGo();
-    DropLater(container);
+    DropUnlessAnswering(container);
 }
 
 void ZorvaSpinBoxList::LetValuesGo()
@@ -31,31 +28,13 @@ void ZorvaSpinBoxList::LetValuesGo()
 
 void ZorvaSpinBoxList::CreateValueTree()
 {
-    LetValuesGo();
-    const int count = SpinListCount(GetInt("itemCount", 0));
-    for (int i = 0; i < count; ++i) {
-        if (auto* const value = ObserveValue(CreateValueNumericInt(QStringLiteral("value"), i)))
-            values.append(value);
-    }
-    BindSpinControls(controls, values);
+    MakeValues(values, controls, GetInt("itemCount", 0));
 }
 
 void ZorvaSpinBoxList::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    controls.clear();
-    container = CreateSpinContainer(widget->GetName());
-    for (int i = 0; i < values.count(); ++i) {
-        const QString name = ControlName() + QLatin1Char('_') + QString::number(i);
-        auto* const control = CreateSpinControl(*this, values.at(i), layout->parentWidget(), name);
-        PropagateProperties(control);
-        SetIntTooltip(control);
-        container->layout()->addWidget(control);
-        NameControl(control, QString::number(i + 1));
-        controls.append(control);
-    }
-    layout->addList();
-    PlaceControl(layout, container);
+    PlaceSpins(layout, container, controls, values, &ZorvaSpinBoxList::SetIntTooltip);
 }
 
 void ZorvaSpinBoxList::GetXml(QXmlStreamWriter& writer) const
@@ -89,14 +68,12 @@ void ZorvaSpinBoxList::Update(Observable* observable, TChangeCode code)
 void ZorvaSpinBoxList::PropertyChanged(const QString& name, const QVariant& value)
 {
     ZorvaDelegate::PropertyChanged(name, value);
-    for (const auto& control : qAsConst(controls))
-        PropagateProperty(name, control);
+    FollowProperty(name, controls);
 }
 
 bool ZorvaSpinBoxList::isEnabled(int index)
 {
-    const auto control = controls.value(index);
-    return control && control->isEnabled();
+    return IsEnabledAt(controls, index);
 }
 
 void ZorvaSpinBoxList::setEnabled(int index, bool flag)
@@ -107,65 +84,12 @@ void ZorvaSpinBoxList::setEnabled(int index, bool flag)
 
 int ZorvaSpinBoxList::itemValue(int index)
 {
-    const auto* const value = values.value(index);
-    return value ? value->GetValue() : 0;
+    return NumberAt(values, index);
 }
 
 void ZorvaSpinBoxList::setItemValue(int index, int number)
 {
-    // Without an originator this row hears of the change and marks itself.
-    if (auto* const value = values.value(index))
-        value->SetValue(number, nullptr);
-}
-
-void ZorvaSpinBoxList::setDisplayAdditiveOffset(int value)
-{
-    ChangeProperty("displayAdditiveOffset", value);
-}
-
-void ZorvaSpinBoxList::setMaximum(int value)
-{
-    ChangeProperty("maximum", value);
-}
-
-void ZorvaSpinBoxList::setMinimum(int value)
-{
-    ChangeProperty("minimum", value);
-}
-
-void ZorvaSpinBoxList::setPrefix(QString value)
-{
-    ChangeProperty("prefix", value);
-}
-
-void ZorvaSpinBoxList::setSingleStep(int value)
-{
-    ChangeProperty("singleStep", value);
-}
-
-void ZorvaSpinBoxList::setSpecialValueText(QString value)
-{
-    ChangeProperty("specialValueText", value);
-}
-
-void ZorvaSpinBoxList::setSuffix(QString value)
-{
-    ChangeProperty("suffix", value);
-}
-
-void ZorvaSpinBoxList::setUnit(QString value)
-{
-    ChangeProperty("unit", value);
-}
-
-void ZorvaSpinBoxList::setValue(int value)
-{
-    ChangeProperty("value", value);
-}
-
-void ZorvaSpinBoxList::setWrapping(bool flag)
-{
-    ChangeProperty("wrapping", flag);
+    SetNumberAt(values, index, number);
 }
 
 void ZorvaSpinBoxList::setFocus()

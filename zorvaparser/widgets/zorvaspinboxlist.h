@@ -1,13 +1,7 @@
 #ifndef ZORVASPINBOXLIST_H
 #define ZORVASPINBOXLIST_H
 
-#include <zorvaparser/zorvadelegate.h>
-
-#include <QList>
-#include <QPointer>
-#include <QWidget>
-
-class VCNumericFloatSpin;
+#include "zorvaspinrow.h"
 
 namespace Orvane {
 
@@ -16,7 +10,7 @@ namespace Orvane {
  * The number of items is "itemCount" at the time the values are created.
  * Reading parameter XML marks the row as modified.
  */
-class ZorvaSpinBoxList : public ZorvaDelegate
+class ZorvaSpinBoxList : public ZorvaSpinRow
 {
     Q_OBJECT
 
@@ -43,16 +37,16 @@ Q_SIGNALS:
 
 public Q_SLOTS:
     // Only prefix and special text reach controls that exist.
-    void setDisplayAdditiveOffset(int value);
-    void setMaximum(int value);
-    void setMinimum(int value);
-    void setPrefix(QString value);
-    void setSingleStep(int value);
-    void setSpecialValueText(QString value);
-    void setSuffix(QString value);
-    void setUnit(QString value);
-    void setValue(int value);
-    void setWrapping(bool flag);
+    void setDisplayAdditiveOffset(int value) { ChangeProperty("displayAdditiveOffset", value); }
+    void setMaximum(int value) { ChangeProperty("maximum", value); }
+    void setMinimum(int value) { ChangeProperty("minimum", value); }
+    void setPrefix(QString value) { ChangeProperty("prefix", value); }
+    void setSingleStep(int value) { ChangeProperty("singleStep", value); }
+    void setSpecialValueText(QString value) { ChangeProperty("specialValueText", value); }
+    void setSuffix(QString value) { ChangeProperty("suffix", value); }
+    void setUnit(QString value) { ChangeProperty("unit", value); }
+    void setValue(int value) { ChangeProperty("value", value); }
+    void setWrapping(bool flag) { ChangeProperty("wrapping", flag); }
     void setFocus() override;
 
 public:

@@ -1,5 +1,6 @@
 #include <recordingobserver.h>
 
+#include <vkbase/notifying.h>
 #include <vkbase/observable.h>
 
 #include <QTest>
@@ -31,6 +32,7 @@ private Q_SLOTS:
     void manyMayLeaveMeanwhile();
     void claimsAreCounted();
     void claimsEndWithTheObserver();
+    void newsAreUnderWayWhileSomebodyIsTold();
 };
 
 void TestObservable::addRefusesNullAndDoubles()
@@ -304,6 +306,28 @@ void TestObservable::claimsEndWithTheObserver()
         observable.ReleaseObserver(&observer);
         QVERIFY(!observable.HasObserver(&observer));
     }
+}
+
+void TestObservable::newsAreUnderWayWhileSomebodyIsTold()
+{
+    auto observable = std::make_unique<Observable>();
+    Observable inner;
+    RecordingObserver observer;
+    RecordingObserver innerObserver;
+    observer.watch(observable.get());
+    innerObserver.watch(&inner);
+    QList<bool> underWay;
+    innerObserver.onUpdate = [&](Observable*, TChangeCode) { underWay << isNotifying(); };
+    observer.onUpdate = [&](Observable*, TChangeCode) {
+        inner.NotifyObservers(3);
+        underWay << isNotifying();
+        observable.reset();
+        underWay << isNotifying();
+    };
+    QVERIFY(!isNotifying());
+    observable->NotifyObservers(3);
+    QCOMPARE(underWay, QList<bool>({true, true, true}));
+    QVERIFY(!isNotifying());
 }
 
 QTEST_APPLESS_MAIN(TestObservable)

@@ -503,6 +503,9 @@ private Q_SLOTS:
     void aHostsDialogFindsTheFormPainted();
     void aValueMayLiveOn_data();
     void aValueMayLiveOn();
+    void controlsThatGoWithTheirRow_data();
+    void controlsThatGoWithTheirRow();
+    void controlsOfAListOutliveWhatIsUnderWay();
 
 private:
     void add(const char* name, const QString& rows, const Trigger& trigger, const char* code = "");
@@ -544,6 +547,12 @@ void TestLettingGo::anyAnswerToAnySignal_data()
                                  if (auto* const other = host.control<QLineEdit>("other"))
                                      other->setFocus();
                              })},
+        // The form may go while the focus is on its way to a control of the list.
+        {"entered", both(typed<QLineEdit>("other", "7"),
+                         [](Host& host) {
+                             if (auto* const spin = host.control<QAbstractSpinBox>("row"))
+                                 spin->setFocus();
+                         })},
         {"typed, input off", both(typed<QAbstractSpinBox>("row", "7"),
                                   onForm([](ZorvaFormular& form) { form.EnableInput(false); }))},
         {"typed, group hidden", both(typed<QAbstractSpinBox>("row", "7"), onForm([](ZorvaFormular& form) {
@@ -902,6 +911,47 @@ void TestLettingGo::aValueMayLiveOn()
         value->SetStringValue(text("1"), nullptr);
         tree->RemoveValue(path);
     }
+}
+
+void TestLettingGo::controlsThatGoWithTheirRow_data()
+{
+    QTest::addColumn<QString>("rows");
+    QTest::addColumn<bool>("goes");
+    QTest::newRow("SpinBoxList") << row("SpinBoxList", {{"itemCount", 2}}) << true;
+    QTest::newRow("DoubleSpinBoxList") << row("DoubleSpinBoxList", {{"itemCount", 2}}) << true;
+    QTest::newRow("ChannelSpacingTable") << row("ChannelSpacingTable", {{"spacingsCount", 2}}) << true;
+    QTest::newRow("SpinBox") << row("SpinBox") << false;
+    QTest::newRow("TableWidget") << row("TableWidget", {{"rowCount", 2}, {"columnCount", 2}}) << false;
+}
+
+void TestLettingGo::controlsThatGoWithTheirRow()
+{
+    QFETCH(QString, rows);
+    QFETCH(bool, goes);
+    FormFixture form(rows);
+    const QPointer<QWidget> control = form.control<QWidget>("row");
+    QVERIFY(control);
+    form.deleteForm();
+    QVERIFY(form.window());
+    QCOMPARE(control.isNull(), goes);
+}
+
+void TestLettingGo::controlsOfAListOutliveWhatIsUnderWay()
+{
+    FormFixture form(row("SpinBoxList", {{"itemCount", 2}}));
+    const QPointer<QWidget> control = form.control<QWidget>("row_0");
+    QVERIFY(control);
+    bool outlives = false;
+    ValueListener watcher;
+    watcher.heard = [&] {
+        form.deleteForm();
+        outlives = control;
+    };
+    watcher.listenTo(form.value<values::ValueBase>("other"));
+    form.value<values::ValueBase>("other")->SetStringValue(text("x"), nullptr);
+    QVERIFY(outlives);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!control);
 }
 
 QTEST_MAIN(TestLettingGo)
