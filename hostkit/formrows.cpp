@@ -10,7 +10,9 @@
 #include <QCoreApplication>
 #include <QXmlStreamWriter>
 
+#include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 namespace hostkit {
 
@@ -64,6 +66,12 @@ QString writtenText(const ZorvaDelegate& row, const QString& parameter)
             return entry.text;
     }
     return QString();
+}
+
+bool isOneOf(const QString& kind, std::initializer_list<const char*> kinds)
+{
+    return std::any_of(kinds.begin(), kinds.end(),
+                       [&kind](const char* name) { return kind == QLatin1String(name); });
 }
 
 QString choiceWords(ZorvaFormular& form, const QString& enumName, const QString& text)
@@ -181,9 +189,11 @@ QString wordsOf(ZorvaFormular& form, const QString& parameter, const QString& te
         return on ? QCoreApplication::translate("hostkit", "on")
                   : QCoreApplication::translate("hostkit", "off");
     }
-    if (kind == QLatin1String("FrequencyEdit") || kind == QLatin1String("FrequencyRangeEdit"))
+    if (isOneOf(kind, {"FrequencyEdit", "FrequencyRangeEdit", "SpecialObject_FHP", "SpecialObject_DSC"}))
         return frequencyWords(text);
-    if (dynamic_cast<const values::IValueNumeric*>(delegate.GetVTValue()))
+    const bool isNumberList =
+        isOneOf(kind, {"SpinBoxList", "DoubleSpinBoxList", "ShiftList", "ChannelSpacingTable"});
+    if (isNumberList || dynamic_cast<const values::IValueNumeric*>(delegate.GetVTValue()))
         return numberWords(delegate, text);
     return text;
 }

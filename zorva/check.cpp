@@ -15,10 +15,6 @@
 
 #include <cstdio>
 
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
-
 using namespace Orvane::Author;
 
 namespace {
@@ -117,15 +113,6 @@ int explain(const QString& id)
                     .arg(id, near.isEmpty()
                                  ? QStringLiteral("there is: ") + ruleIds().join(QLatin1String(", "))
                                  : QStringLiteral("did you mean \"%1\"?").arg(near)));
-}
-
-bool mayBeColoured()
-{
-#ifdef Q_OS_UNIX
-    return isatty(STDOUT_FILENO) && qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != "dumb";
-#else
-    return false;
-#endif
 }
 
 void toStandardOutput(const QByteArray& text)

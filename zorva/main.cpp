@@ -7,8 +7,8 @@
 
 namespace {
 
-const Subcommand* const subcommands[] = {&checkCommand, &formatCommand, &kindsCommand, &newCommand,
-                                         &schemaCommand};
+const Subcommand* const subcommands[] = {&checkCommand, &formatCommand,     &kindsCommand,
+                                         &newCommand,   &parametersCommand, &schemaCommand};
 
 QString overview()
 {

@@ -28,6 +28,7 @@ extern const Subcommand checkCommand;
 extern const Subcommand formatCommand;
 extern const Subcommand kindsCommand;
 extern const Subcommand newCommand;
+extern const Subcommand parametersCommand;
 extern const Subcommand schemaCommand;
 /** For the program itself: not in the list of subcommands. */
 extern const Subcommand serveScriptsCommand;
