@@ -3,7 +3,7 @@
 # The caller has set -euo pipefail and stands in the root of the tree.
 
 # What it takes to build; names of Debian 12.
-build_packages="build-essential cmake ninja-build pkg-config qtbase5-dev qtscript5-dev libqt5svg5 libxml2-dev"
+build_packages="build-essential cmake ninja-build pkg-config qtbase5-dev qtscript5-dev libqt5svg5 libxml2-dev qttools5-dev-tools"
 # What it takes to show a window where there is no display.
 display_packages="xvfb xauth fonts-dejavu-core"
 # The radios of zorva-rig, and the daemon and client that its tests use.

@@ -7,8 +7,8 @@
 
 namespace {
 
-const Subcommand* const subcommands[] = {&checkCommand, &formatCommand,     &kindsCommand,
-                                         &newCommand,   &parametersCommand, &schemaCommand};
+const Subcommand* const subcommands[] = {&checkCommand,      &formatCommand, &kindsCommand, &newCommand,
+                                         &parametersCommand, &schemaCommand, &showCommand};
 
 QString overview()
 {
@@ -56,6 +56,8 @@ int runCommand(const Subcommand& command, const QStringList& arguments, int argc
         print(QString::fromUtf8(command.help));
         return Clean;
     }
+    if (command.prepare)
+        command.prepare(arguments);
     if (command.needs == Subcommand::Core) {
         const QCoreApplication application(argc, argv);
         return command.run(arguments);

@@ -22,6 +22,8 @@ struct Subcommand
     Needs needs;
     /** @p arguments follow the subcommand's own word; gives an ExitCode. "--help" never comes here. */
     int (*run)(const QStringList& arguments);
+    /** Before there is an application; null for most. */
+    void (*prepare)(const QStringList& arguments) = nullptr;
 };
 
 extern const Subcommand checkCommand;
@@ -30,6 +32,7 @@ extern const Subcommand kindsCommand;
 extern const Subcommand newCommand;
 extern const Subcommand parametersCommand;
 extern const Subcommand schemaCommand;
+extern const Subcommand showCommand;
 /** For the program itself: not in the list of subcommands. */
 extern const Subcommand serveScriptsCommand;
 
