@@ -370,6 +370,8 @@ void FloatGroupLayout::setGeometry(const QRect& rect)
         if (!item)
             continue;
         item->setGeometry(m_hints.at(i));
+        if (generation != m_generation)
+            break;
         levelCaption(i);
         if (m_flags.at(i) & FlagList)
             setListGeometry(item);

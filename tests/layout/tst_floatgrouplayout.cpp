@@ -768,6 +768,13 @@ void tst_FloatGroupLayout::setGeometryStopsWhenInvalidated()
     form.layout.setGeometry(QRect(0, 0, 300, 200));
     QCOMPARE(first->placements, 1);
     QCOMPARE(last->placements, 0);
+    // Nor is the caption of the disturber levelled, of which nothing is known any more.
+    Form captioned;
+    captioned.layout.addLabel(QStringLiteral("Caption"), "caption");
+    captioned.layout.addItem(new Disturber(captioned.layout));
+    last = captioned.add(0, 30, 10);
+    captioned.layout.setGeometry(QRect(0, 0, 300, 200));
+    QCOMPARE(last->placements, 0);
 }
 
 void tst_FloatGroupLayout::listWidgetsFollow()
