@@ -1,9 +1,17 @@
 #include "captionlabel_p.h"
 
 #include <QFontMetrics>
+#include <QLayout>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QTextDocument>
+
+namespace {
+
+int overflowing = 0; // labels
+
+} // namespace
 
 bool CaptionLabel::isBare() const
 {
@@ -31,22 +39,33 @@ QSize CaptionLabel::bareHint() const
     return whole.expandedTo(minimumSize());
 }
 
-void CaptionLabel::setLevel(int controlHeight)
+CaptionLabel::~CaptionLabel()
 {
-    if (controlHeight == m_level)
-        return;
-    m_level = controlHeight;
-    update();
+    setOverflow(QRect());
 }
 
-// Where the text cannot be level without being cut, it stays whole; a text that
-// is higher than the label loses no more than that.
-int CaptionLabel::textTop(int textHeight) const
+void CaptionLabel::setLevel(int controlHeight)
 {
-    constexpr int blank = 1; // pixels below most letters
-    const int level = qRound((m_level - textHeight) / 2.0);
-    const int lowest = height() - textHeight + blank;
-    return lowest < 0 ? qBound(lowest, level, 0) : qBound(0, level, lowest);
+    if (controlHeight != m_level) {
+        m_level = controlHeight;
+        update();
+    }
+    renewOverflow();
+}
+
+int CaptionLabel::textTop() const
+{
+    return qMax(0, qRound((m_level - m_textSize.height()) / 2.0));
+}
+
+void CaptionLabel::drawText(QPainter& painter) const
+{
+    bareHint(); // measures
+    const QRect place(0, textTop(), width(), m_textSize.height());
+    const Qt::Alignment side =
+        QStyle::visualAlignment(layoutDirection(), alignment() & Qt::AlignHorizontal_Mask);
+    style()->drawItemText(&painter, place, int(side | Qt::AlignTop) | Qt::TextExpandTabs, palette(),
+                          isEnabled(), text(), foregroundRole());
 }
 
 void CaptionLabel::paintEvent(QPaintEvent* event)
@@ -55,14 +74,79 @@ void CaptionLabel::paintEvent(QPaintEvent* event)
         QLabel::paintEvent(event);
         return;
     }
-    bareHint(); // measures
-    const int textHeight = m_textSize.height();
-    const QRect place(0, textTop(textHeight), width(), textHeight);
-    const Qt::Alignment side =
-        QStyle::visualAlignment(layoutDirection(), alignment() & Qt::AlignHorizontal_Mask);
     QPainter painter(this);
-    style()->drawItemText(&painter, place, int(side | Qt::AlignTop) | Qt::TextExpandTabs, palette(),
-                          isEnabled(), text(), foregroundRole());
+    drawText(painter);
+}
+
+void CaptionLabel::paintOverflow(QPainter& painter) const
+{
+    painter.save();
+    painter.setClipRect(m_overflow);
+    painter.translate(pos());
+    painter.setFont(font());
+    painter.setLayoutDirection(layoutDirection());
+    drawText(painter);
+    painter.restore();
+}
+
+bool CaptionLabel::anyOverflows()
+{
+    return overflowing > 0;
+}
+
+void CaptionLabel::renewOverflow()
+{
+    const int lost = textTop() + m_textSize.height() - height();
+    const bool overflows = m_level >= 0 && lost > 0 && !isHidden() && isBare();
+    setOverflow(overflows ? QRect(x(), y() + height(), width(), lost) : QRect());
+}
+
+void CaptionLabel::setOverflow(const QRect& overflow)
+{
+    QWidget* content = parentWidget();
+    if (overflow.isEmpty() && m_overflow.isEmpty())
+        return;
+    if (overflow == m_overflow && text() == m_overflowText)
+        return;
+    overflowing += int(!overflow.isEmpty()) - int(!m_overflow.isEmpty());
+    if (content) {
+        content->update(m_overflow);
+        content->update(overflow);
+    }
+    m_overflow = overflow;
+    m_overflowText = text();
+}
+
+void CaptionLabel::moveEvent(QMoveEvent* event)
+{
+    QLabel::moveEvent(event);
+    renewOverflow();
+}
+
+void CaptionLabel::resizeEvent(QResizeEvent* event)
+{
+    QLabel::resizeEvent(event);
+    renewOverflow();
+}
+
+void CaptionLabel::showEvent(QShowEvent* event)
+{
+    QLabel::showEvent(event);
+    renewOverflow();
+}
+
+void CaptionLabel::hideEvent(QHideEvent* event)
+{
+    QLabel::hideEvent(event);
+    renewOverflow();
+}
+
+// The palette, whether the label is enabled, the font.
+void CaptionLabel::changeEvent(QEvent* event)
+{
+    QLabel::changeEvent(event);
+    if (parentWidget() && !m_overflow.isEmpty())
+        parentWidget()->update(m_overflow);
 }
 
 QSize CaptionLabel::sizeHint() const
@@ -75,4 +159,26 @@ QSize CaptionLabel::minimumSizeHint() const
 {
     ensurePolished();
     return isBare() ? bareHint() : QLabel::minimumSizeHint();
+}
+
+CaptionOverflow::CaptionOverflow(QWidget* content, QObject* parent)
+    : QObject(parent)
+{
+    content->installEventFilter(this);
+}
+
+bool CaptionOverflow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Paint || !CaptionLabel::anyOverflows() || !watched->isWidgetType())
+        return QObject::eventFilter(watched, event);
+    auto* content = static_cast<QWidget*>(watched);
+    const QLayout* layout = content->layout();
+    const QRegion& due = static_cast<QPaintEvent*>(event)->region();
+    QPainter painter(content);
+    for (int i = 0; layout && i < layout->count(); ++i) {
+        const auto* caption = dynamic_cast<CaptionLabel*>(layout->itemAt(i)->widget());
+        if (caption && due.intersects(caption->overflow()))
+            caption->paintOverflow(painter);
+    }
+    return QObject::eventFilter(watched, event);
 }

@@ -12,10 +12,12 @@
 
 #include <QEvent>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollArea>
+#include <QTableView>
 
 #include <algorithm>
 #include <utility>
@@ -49,6 +51,21 @@ bool isVisible(const QRect& hint)
 int possibleHeight(int height)
 {
     return qBound(0, height, QWIDGETSIZE_MAX);
+}
+
+// How high the first line of a field is: of a list its first control, of a table
+// its head, of anything else that is tall its top.
+int firstLineHeight(QLayoutItem* item, int flags, int height)
+{
+    QWidget* field = item ? item->widget() : nullptr;
+    const QLayout* list = field && (flags & FloatGroupLayout::FlagList) ? field->layout() : nullptr;
+    if (list && list->count() > 0)
+        return list->itemAt(0)->sizeHint().height();
+    const auto* table = qobject_cast<QTableView*>(field);
+    if (table && !table->horizontalHeader()->isHidden())
+        return 2 * table->frameWidth() + table->horizontalHeader()->sizeHint().height();
+    constexpr int mostLines = 3; // that a field of one line is high
+    return field && height > mostLines * field->fontMetrics().height() ? maximumLabelHeight : height;
 }
 
 void widenBySection(FloatGroupColumn& column, const FloatGroupColumn& section)
@@ -292,6 +309,8 @@ void FloatGroupLayout::initialize()
 {
     setSizeConstraint(QLayout::SetNoConstraint);
     QLayoutItem::setAlignment(Qt::AlignTop);
+    if (QWidget* content = parentWidget())
+        new CaptionOverflow(content, this); // which the layout owns
 }
 
 bool FloatGroupLayout::eventFilter(QObject* watched, QEvent* event)
@@ -372,30 +391,27 @@ void FloatGroupLayout::setGeometry(const QRect& rect)
         item->setGeometry(m_hints.at(i));
         if (generation != m_generation)
             break;
-        levelCaption(i);
+        if (m_flags.at(i) & FlagLabel)
+            levelCaption(i + 1);
         if (m_flags.at(i) & FlagList)
             setListGeometry(item);
     }
 }
 
-// Has the caption ahead of a field stand level with its first line.
+// Has the caption ahead of a field stand level with its first line. One that has
+// a line to itself stands at the top of it.
 void FloatGroupLayout::levelCaption(int field)
 {
-    if (field == 0 || !(m_flags.at(field - 1) & FlagLabel) || (m_flags.at(field) & FlagNewRow))
+    if (field == 0 || !(m_flags.at(field - 1) & FlagLabel))
         return;
     QLayoutItem* labelItem = m_items.at(field - 1);
     auto* caption = labelItem ? dynamic_cast<CaptionLabel*>(labelItem->widget()) : nullptr;
     if (!caption)
         return;
-    const QRect place = m_hints.at(field);
-    const QLayout* list = (m_flags.at(field) & FlagList) && m_items.at(field)->widget()
-                              ? m_items.at(field)->widget()->layout()
-                              : nullptr;
-    int level = list && list->count() > 0 ? list->itemAt(0)->sizeHint().height() : place.height();
-    if (level > 2 * maximumLabelHeight)
-        level = maximumLabelHeight; // a table: its head is the first line
+    const bool hasField = field < m_items.count() && !(m_flags.at(field) & FlagNewRow);
+    const QRect place = hasField ? m_hints.at(field) : QRect();
     const bool beside = isVisible(place) && place.top() == m_hints.at(field - 1).top();
-    caption->setLevel(beside ? level : -1);
+    caption->setLevel(beside ? firstLineHeight(m_items.at(field), m_flags.at(field), place.height()) : 0);
 }
 
 bool FloatGroupLayout::hasHeightForWidth() const

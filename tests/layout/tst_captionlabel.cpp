@@ -1,4 +1,5 @@
 #include <layout/captionlabel_p.h>
+#include <layout/floatgrouplayout.h>
 
 #include <QApplication>
 #include <QLabel>
@@ -21,6 +22,8 @@ private Q_SLOTS:
     void hintsFollowTheirLabel_data() { hintsAreThoseOfALabel_data(); }
     void hintsFollowTheirLabel();
     void looksAreThoseOfALabel();
+    void largeTextIsWhole();
+    void overflowFollowsItsLabel();
 };
 
 void tst_CaptionLabel::hintsAreThoseOfALabel_data()
@@ -135,6 +138,79 @@ void tst_CaptionLabel::looksAreThoseOfALabel()
     caption.resize(120, 30);
     QCOMPARE(caption.grab().toImage(), label.grab().toImage());
     QCOMPARE(QString::fromLatin1(caption.metaObject()->className()), QStringLiteral("QLabel"));
+}
+
+namespace {
+
+/// A row at a text size at which the caption needs more than its label is high.
+class LargeRow : public QWidget
+{
+public:
+    explicit LargeRow(int fieldHeight = 60)
+    {
+        QFont large = font();
+        large.setPixelSize(40);
+        setFont(large);
+        auto* layout = new FloatGroupLayout(this);
+        label = layout->addLabel(QStringLiteral("jjjj"), "label");
+        field = new QWidget(this);
+        field->setFixedSize(100, fieldHeight);
+        layout->addWidget(field);
+        resize(400, 100);
+    }
+
+    /// Whether anything is drawn in the place of the caption, below its label.
+    bool inkBelow(const QRect& labelPlace)
+    {
+        const QImage image = grab().toImage();
+        for (int y = labelPlace.bottom() + 1; y < image.height(); ++y) {
+            for (int x = labelPlace.left(); x <= labelPlace.right(); ++x) {
+                if (image.pixel(x, y) != image.pixel(image.width() - 1, y))
+                    return true;
+            }
+        }
+        return false;
+    }
+
+    QLabel* label;
+    QWidget* field;
+};
+
+} // namespace
+
+void tst_CaptionLabel::largeTextIsWhole()
+{
+    LargeRow row;
+    row.show();
+    QTRY_COMPARE(row.label->height(), 24);
+    const QImage shown = row.grab().toImage();
+    // A label as high as the row centres its text all by itself.
+    QLabel whole(row.label->text());
+    whole.setFont(row.font());
+    whole.resize(row.label->width(), row.field->height());
+    const QImage wanted = whole.grab().toImage();
+    QCOMPARE(shown.copy(QRect(row.label->pos(), whole.size())), wanted);
+}
+
+void tst_CaptionLabel::overflowFollowsItsLabel()
+{
+    LargeRow row;
+    row.show();
+    QTRY_COMPARE(row.label->height(), 24);
+    const QRect place = row.label->geometry();
+    QVERIFY(row.inkBelow(place));
+    row.label->hide();
+    QVERIFY(!row.inkBelow(place));
+    row.label->show();
+    QTRY_VERIFY(row.inkBelow(place));
+    row.label->setText(QStringLiteral("<b>j</b>")); // which a label centres in what it has
+    QTRY_VERIFY(!row.inkBelow(place));
+    row.label->setText(QStringLiteral("jjjj"));
+    QTRY_VERIFY(row.inkBelow(place));
+    row.label->move(200, 0);
+    QVERIFY(!row.inkBelow(place));
+    delete row.label;
+    QVERIFY(!row.inkBelow(place.translated(200, 0)));
 }
 
 QTEST_MAIN(tst_CaptionLabel)
