@@ -6,6 +6,8 @@
 build_packages="build-essential cmake ninja-build pkg-config qtbase5-dev qtscript5-dev libqt5svg5 libxml2-dev qttools5-dev-tools"
 # What it takes to show a window where there is no display.
 display_packages="xvfb xauth fonts-dejavu-core"
+# What a screen reader needs to look at a form.
+assistive_packages="at-spi2-core dbus-daemon python3-pyatspi"
 # The radios of zorva-rig, and the daemon and client that its tests use.
 radio_packages="libhamlib-dev libhamlib-utils"
 # What it takes to make and judge Debian packages.

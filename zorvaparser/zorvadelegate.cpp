@@ -247,15 +247,32 @@ void ZorvaDelegate::NameControl(QWidget* control, const QString& part)
         control->setAccessibleDescription(PlainText(control->toolTip()));
 }
 
+namespace {
+
+/** The text of a button as it is shown. */
+QString WithoutMnemonic(const QString& text)
+{
+    QString shown;
+    for (int i = 0; i < text.size(); ++i) {
+        const bool isMark = text.at(i) == QLatin1Char('&');
+        if (!isMark || ++i < text.size())
+            shown.append(text.at(i));
+    }
+    return shown.simplified();
+}
+
+} // namespace
+
 void ZorvaDelegate::ApplyName(const NamedControl& named)
 {
     if (!named.control)
         return;
     const auto* const button = qobject_cast<const QPushButton*>(named.control);
-    const QString part = button ? button->text().remove(QLatin1Char('&')) : named.part;
+    const bool saysItself = button && named.part.isEmpty();
+    const QString part = saysItself ? WithoutMnemonic(button->text()) : named.part;
     const QString caption = label ? GetTranslated("labelText") : widget->GetXmlTagName();
-    QStringList words{PlainText(caption), part};
-    if (button && !label && !part.isEmpty())
+    QStringList words{PlainText(caption).trimmed(), part};
+    if (saysItself && !label && !part.isEmpty())
         words.removeFirst(); // its text says more than the tag
     words.removeAll(QString());
     const QString name = words.join(QLatin1String(", "));

@@ -77,3 +77,9 @@ void SpinAccess::Install()
     }();
     Q_UNUSED(installed)
 }
+
+void SpinAccess::TellValue(VCNumericFloatSpin* spin)
+{
+    QAccessibleValueChangeEvent event(spin, spin->value());
+    QAccessible::updateAccessibility(&event);
+}

@@ -1,5 +1,6 @@
 #include "basicvaluewidgets/vccomboboxclassic.h"
 
+#include "basicvaluewidgets/comboaccess_p.h"
 #include "basicvaluewidgets/fieldsize.h"
 #include "basicvaluewidgets/refreshguard_p.h"
 #include "basicvaluewidgets/sizehintcache_p.h"
@@ -22,6 +23,7 @@ VCComboBoxClassic::VCComboBoxClassic(QWidget* parent, const char* name)
     : QComboBox(parent)
     , m_binding(this, this)
 {
+    ComboAccess::Install(); // before anything asks for the interface
     setObjectName(QString::fromLatin1(name));
     setFocusPolicy(Qt::StrongFocus);
     connect(this, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &VCComboBoxClassic::choose);

@@ -289,6 +289,7 @@ void VCNumericFloatSpin::setFixedWidth(int width)
 
 void VCNumericFloatSpin::displayChanged(double display)
 {
+    SpinAccess::TellValue(this);
     if (m_refreshing)
         return;
     if (number()) {

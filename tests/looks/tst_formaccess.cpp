@@ -1,4 +1,5 @@
 // What assistive tools and the keyboard find in whole forms.
+#include "controlroles.h"
 #include "generatedform.h"
 
 #include <basicvaluewidgets/vclineedit.h>
@@ -18,21 +19,6 @@
 
 namespace {
 
-bool isControl(QAccessible::Role role)
-{
-    switch (role) {
-    case QAccessible::Button:
-    case QAccessible::CheckBox:
-    case QAccessible::ComboBox:
-    case QAccessible::EditableText:
-    case QAccessible::SpinBox:
-    case QAccessible::Table:
-        return true;
-    default:
-        return false;
-    }
-}
-
 /// The controls below an interface that have no name, or mark-up in what they say.
 QStringList faultsBelow(QAccessibleInterface* iface)
 {
@@ -41,7 +27,7 @@ QStringList faultsBelow(QAccessibleInterface* iface)
         return faults;
     const QString name = iface->text(QAccessible::Name);
     const QString description = iface->text(QAccessible::Description);
-    if (isControl(iface->role())) {
+    if (!controlRole(iface->role()).isEmpty()) {
         const QString object = iface->object() ? iface->object()->objectName() : QString();
         if (name.isEmpty())
             faults.append(QStringLiteral("%1 has no name").arg(object));
@@ -74,6 +60,8 @@ private Q_SLOTS:
     void everyControlHasAName_data();
     void everyControlHasAName();
     void namesFollowTheCaption();
+    void namesAreWhatIsShown();
+    void choiceIsNoName();
     void partsOfARowAreToldApart();
     void valueAndLimitsInOneUnit();
     void walkBeginsInTheFirstRowAndEndsInTheBar();
@@ -126,6 +114,36 @@ void tst_FormAccess::namesFollowTheCaption()
     form.evaluate(QStringLiteral("go.setText('Again')"));
     QCOMPARE(nameOf(form.control<QWidget>("go")), QStringLiteral("Scan, Again"));
     QCOMPARE(nameOf(form.control<QWidget>("bare")), QStringLiteral("Stop"));
+}
+
+void tst_FormAccess::namesAreWhatIsShown()
+{
+    FormFixture form(rowXml("PushButton", "both", {{"labelText", " "}, {"text", "Signal && &Noise"}}) +
+                     rowXml("ScriptControl", "script", {{"labelText", "Mission"}, {"visibleLoad", true}}));
+    QCOMPARE(nameOf(form.control<QWidget>("both")), QStringLiteral("Signal & Noise"));
+    QCOMPARE(nameOf(form.control<QWidget>("script_LoadButton")), QStringLiteral("Mission, Load"));
+    form.evaluate(QStringLiteral("script.setLabelText('Macro')"));
+    QCOMPARE(nameOf(form.control<QWidget>("scriptClearButton")), QStringLiteral("Macro, Clear"));
+}
+
+// Qt itself gives the choice for a name.
+void tst_FormAccess::choiceIsNoName()
+{
+    FormFixture form(
+        rowXml("ComboBox", "step", {{"labelText", "Step"}, {"enumName", "Steps"}, {"value", "Fine"}}),
+        enumXml("Steps", {{"Fine", "Fine", "1"}, {"Coarse", "Coarse", "2"}}));
+    auto* box = form.control<QComboBox>("step");
+    box->setCurrentIndex(0);
+    QAccessibleInterface* iface = QAccessible::queryAccessibleInterface(box);
+    QCOMPARE(iface->role(), QAccessible::ComboBox);
+    QCOMPARE(iface->text(QAccessible::Name), QStringLiteral("Step"));
+    QCOMPARE(iface->text(QAccessible::Value), QStringLiteral("Fine"));
+    QAccessibleTextInterface* text = iface->textInterface();
+    QVERIFY(text);
+    QCOMPARE(text->text(0, text->characterCount()), QStringLiteral("Fine"));
+    QCOMPARE(iface->childCount(), 1);
+    QCOMPARE(iface->indexOfChild(iface->child(0)), 0);
+    QVERIFY(iface->state().expandable && !iface->state().expanded);
 }
 
 void tst_FormAccess::partsOfARowAreToldApart()

@@ -66,9 +66,11 @@ void ElidingLabel::paintEvent(QPaintEvent* event)
                          isEnabled(), shownText(), foregroundRole());
 }
 
+// As high as the fields, so that all rows stand equally far apart.
 QSize ElidingButton::sizeHint() const
 {
-    return withinField(this, QPushButton::sizeHint());
+    const QSize hint = withinField(this, QPushButton::sizeHint());
+    return {hint.width(), qMax(hint.height(), FieldSize::CommonHeight(this))};
 }
 
 QSize ElidingButton::minimumSizeHint() const

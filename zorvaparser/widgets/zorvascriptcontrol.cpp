@@ -39,14 +39,13 @@ ZorvaScriptControl::ZorvaScriptControl(ZorvaWidget* ownerWidget)
 void ZorvaScriptControl::CreateGUI(FloatGroupLayout* layout)
 {
     ZorvaDelegate::CreateGUI(layout);
-    const QString text = GetTranslated("labelText");
     controlWidget = new QWidget(layout->parentWidget());
     controlWidget->setObjectName(ControlName());
     CreateStatusLabel();
-    loadButton = CreateButton("_LoadButton", ":/ZorvaParser/Open.svg", QLatin1String("Load") + text);
+    loadButton = CreateButton("_LoadButton", ":/ZorvaParser/Open.svg", QStringLiteral("Load"));
     loadButton->setMinimumWidth(80);
-    editButton = CreateButton("_EditButton", ":/ZorvaParser/Edit.svg", QLatin1String("Edit") + text);
-    clearButton = CreateButton("ClearButton", ":/ZorvaParser/Clear.svg", QLatin1String("Clear") + text);
+    editButton = CreateButton("_EditButton", ":/ZorvaParser/Edit.svg", QStringLiteral("Edit"));
+    clearButton = CreateButton("ClearButton", ":/ZorvaParser/Clear.svg", QStringLiteral("Clear"));
 
     controlLayout = new QBoxLayout(QBoxLayout::LeftToRight, controlWidget);
     controlLayout->setContentsMargins(0, 0, 0, 0);
@@ -76,14 +75,13 @@ void ZorvaScriptControl::CreateStatusLabel()
     ShowLight();
 }
 
-QPushButton* ZorvaScriptControl::CreateButton(const char* nameSuffix, const char* image,
-                                              const QString& toolTip)
+QPushButton* ZorvaScriptControl::CreateButton(const char* nameSuffix, const char* image, const QString& word)
 {
     auto* const button = new QPushButton(controlWidget);
     button->setObjectName(ControlName() + QLatin1String(nameSuffix));
     button->setIcon(QPixmap(QString::fromLatin1(image)));
-    button->setToolTip(Markup::toolTip(toolTip));
-    button->setAccessibleName(toolTip);
+    button->setToolTip(Markup::toolTip(word + GetTranslated("labelText")));
+    NameControl(button, word);
     return button;
 }
 

@@ -41,7 +41,7 @@ protected:
     void PropertyChanged(const QString& name, const QVariant& value) override;
 
 private:
-    QPushButton* CreateButton(const char* nameSuffix, const char* image, const QString& toolTip);
+    QPushButton* CreateButton(const char* nameSuffix, const char* image, const QString& word);
     void CreateStatusLabel();
     void ConnectButtons();
     void ShowLight();
