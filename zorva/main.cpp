@@ -7,8 +7,10 @@
 
 namespace {
 
-const Subcommand* const subcommands[] = {&checkCommand,      &formatCommand, &kindsCommand, &newCommand,
-                                         &parametersCommand, &schemaCommand, &showCommand};
+const Subcommand* const subcommands[] = {
+    &checkCommand,      &formatCommand, &kindsCommand,  &newCommand,
+    &parametersCommand, &schemaCommand, &serverCommand, &showCommand,
+};
 
 QString overview()
 {

@@ -32,6 +32,7 @@ extern const Subcommand kindsCommand;
 extern const Subcommand newCommand;
 extern const Subcommand parametersCommand;
 extern const Subcommand schemaCommand;
+extern const Subcommand serverCommand;
 extern const Subcommand showCommand;
 /** For the program itself: not in the list of subcommands. */
 extern const Subcommand serveScriptsCommand;

@@ -1,4 +1,5 @@
 #include "families.h"
+#include "subject.h"
 #include "writtenrow.h"
 
 namespace Orvane {

@@ -1,6 +1,7 @@
 #include "families.h"
 #include "scripttokens.h"
 #include "scripttrial.h"
+#include "subject.h"
 #include "writtenrow.h"
 
 #include <QRegularExpression>

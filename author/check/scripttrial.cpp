@@ -23,6 +23,7 @@ constexpr int defaultTime = 5000;                   // milliseconds
 constexpr qint64 defaultMemory = qint64(768) << 20; // bytes
 constexpr int look = 20;                            // milliseconds between two looks at the memory
 constexpr int patience = 12;                        // on a busy machine a script waits more than it runs
+constexpr int moment = 250;                         // milliseconds in which scripts end that end at all
 constexpr int farewell = 1000;                      // milliseconds for an end by itself
 constexpr quint32 largest = quint32(1) << 30;       // bytes of one message
 
@@ -121,6 +122,11 @@ void ScriptRunner::setBounds(int time, qint64 memory)
     m_memory = memory;
 }
 
+void ScriptRunner::setUnwanted(std::function<bool()> isUnwanted)
+{
+    m_isUnwanted = std::move(isUnwanted);
+}
+
 bool ScriptRunner::start()
 {
     if (m_process.state() != QProcess::NotRunning)
@@ -180,6 +186,10 @@ ScriptTrial ScriptRunner::await()
         received += m_process.readAllStandardOutput();
         if (more)
             continue;
+        if (m_isUnwanted && timer.elapsed() > moment && m_isUnwanted()) {
+            stop();
+            return trial;
+        }
         if (m_process.state() == QProcess::NotRunning)
             trial.end = ScriptTrial::Crashed;
         else if (memoryInUse() > m_memory)

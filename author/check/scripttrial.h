@@ -5,6 +5,8 @@
 #include <QProcess>
 #include <QString>
 
+#include <functional>
+
 namespace Orvane {
 namespace Author {
 
@@ -34,6 +36,8 @@ public:
 
     /** Milliseconds of processor time and bytes that one script may take. */
     void setBounds(int time, qint64 memory);
+    /** A run that is not over in a moment is given up, as not run, when @p isUnwanted gives true. */
+    void setUnwanted(std::function<bool()> isUnwanted);
     /** Brings the form of a description, as the engine reads its file, to life. */
     ScriptTrial run(const QByteArray& description);
 
@@ -49,6 +53,7 @@ private:
     QStringList m_arguments;
     int m_time;
     qint64 m_memory;
+    std::function<bool()> m_isUnwanted;
     QProcess m_process;
 };
 

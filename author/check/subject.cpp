@@ -30,24 +30,13 @@ Subject::Subject(const SourceText& source, ScriptRunner* runner)
 const WrittenForm& Subject::written() const
 {
     if (!m_written)
-        m_written = std::make_shared<WrittenForm>(*this);
+        m_written = std::make_shared<WrittenForm>(m_description);
     return *m_written;
 }
 
 ScriptTrial Subject::tryScript() const
 {
     return m_runner ? m_runner->run(source().engineBytes()) : ScriptTrial();
-}
-
-QVector<int> Subject::elements(const char* name) const
-{
-    QVector<int> found;
-    const QLatin1String wanted(name);
-    for (int i = 0; i < m_description.elements().size(); ++i) {
-        if (element(i).name == wanted)
-            found.append(i);
-    }
-    return found;
 }
 
 int Subject::lineOf(int index) const

@@ -39,7 +39,7 @@ public:
 
     const SourceElement& element(int index) const { return m_description.element(index); }
     /** Elements of that name wherever they stand, in order of place. */
-    QVector<int> elements(const char* name) const;
+    QVector<int> elements(const char* name) const { return m_description.elementsNamed(name); }
     /** Line in which an element begins. */
     int lineOf(int element) const;
 

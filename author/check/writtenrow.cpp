@@ -20,35 +20,35 @@ bool WrittenProperty::isTrue() const
     return !lower.isEmpty() && lower != QLatin1String("0") && lower != QLatin1String("false");
 }
 
-WrittenRow::WrittenRow(const Subject& subject, int element)
+WrittenRow::WrittenRow(const Description& description, int element)
     : m_element(element)
-    , m_name(subject.element(element).value("name"))
-    , m_className(subject.element(element).value("class"))
+    , m_name(description.element(element).value("name"))
+    , m_className(description.element(element).value("class"))
 {
-    if (subject.element(element).name == QLatin1String("Sheet")) {
-        m_kind = &subject.kinds().sheet();
+    const KindTable& kinds = KindTable::instance();
+    if (description.element(element).name == QLatin1String("Sheet")) {
+        m_kind = &kinds.sheet();
         m_isKnown = true;
-        for (const int child : subject.description().children(element)) {
-            const QString& block = subject.element(child).name;
+        for (const int child : description.children(element)) {
+            const QString& block = description.element(child).name;
             if (block == QLatin1String("Properties") || block == QLatin1String("CustomProperties"))
-                readBlock(subject, child, block == QLatin1String("CustomProperties"));
+                readBlock(description, child, block == QLatin1String("CustomProperties"));
         }
         return;
     }
-    m_kind = subject.kinds().findClass(m_className);
+    m_kind = kinds.findClass(m_className);
     m_isKnown = m_kind != nullptr;
     if (!m_kind)
-        m_kind = &subject.kinds().unknownClass();
-    readBlock(subject, element, false);
+        m_kind = &kinds.unknownClass();
+    readBlock(description, element, false);
 }
 
-void WrittenRow::readBlock(const Subject& subject, int block, bool isCustom)
+void WrittenRow::readBlock(const Description& description, int block, bool isCustom)
 {
-    const Description& description = subject.description();
-    for (int i = subject.element(block).firstChild; i >= 0; i = subject.element(i).nextSibling) {
-        const SourceElement& child = subject.element(i);
+    for (int i = description.element(block).firstChild; i >= 0; i = description.element(i).nextSibling) {
+        const SourceElement& child = description.element(i);
         if (child.name == QLatin1String("CustomProperties") && !isCustom) {
-            readBlock(subject, i, true);
+            readBlock(description, i, true);
             continue;
         }
         if (child.name != QLatin1String("Property"))
@@ -59,7 +59,7 @@ void WrittenRow::readBlock(const Subject& subject, int block, bool isCustom)
         property.type = child.firstChild;
         property.isCustom = isCustom;
         if (property.type >= 0) {
-            property.typeName = subject.element(property.type).name;
+            property.typeName = description.element(property.type).name;
             property.text = description.textOf(property.type);
         }
         (isCustom ? m_custom : m_plain).insert(property.name, m_all.size());
@@ -120,14 +120,14 @@ bool WrittenRow::isExported() const
     return m_kind->isExported() && isTrue("generateParameterXml");
 }
 
-WrittenForm::WrittenForm(const Subject& subject)
+WrittenForm::WrittenForm(const Description& description)
 {
-    for (const int element : subject.elements("Widget"))
-        m_rows.append(WrittenRow(subject, element));
-    for (const int element : subject.elements("Sheet"))
-        m_sheets.append(WrittenRow(subject, element));
-    for (const int script : subject.elements("Script"))
-        m_code += subject.description().textOf(script) + QLatin1Char('\n');
+    for (const int element : description.elementsNamed("Widget"))
+        m_rows.append(WrittenRow(description, element));
+    for (const int element : description.elementsNamed("Sheet"))
+        m_sheets.append(WrittenRow(description, element));
+    for (const int script : description.elementsNamed("Script"))
+        m_code += description.textOf(script) + QLatin1Char('\n');
     static const QRegularExpression word(QStringLiteral("[\\w$]+"));
     for (auto match = word.globalMatch(m_code); match.hasNext();)
         m_words.insert(match.next().captured());

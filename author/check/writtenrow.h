@@ -1,7 +1,8 @@
 #ifndef ZORVA_AUTHOR_WRITTENROW_H
 #define ZORVA_AUTHOR_WRITTENROW_H
 
-#include "subject.h"
+#include <author/document/description.h>
+#include <author/kinds/kindtable.h>
 
 #include <QHash>
 #include <QSet>
@@ -31,7 +32,7 @@ class WrittenRow
 {
 public:
     /** @p element is a "Widget" or a "Sheet". */
-    WrittenRow(const Subject& subject, int element);
+    WrittenRow(const Description& description, int element);
 
     int element() const { return m_element; }
     const QString& name() const { return m_name; }
@@ -54,7 +55,7 @@ public:
     bool isExported() const;
 
 private:
-    void readBlock(const Subject& subject, int block, bool isCustom);
+    void readBlock(const Description& description, int block, bool isCustom);
 
     int m_element;
     QString m_name;
@@ -70,7 +71,7 @@ private:
 class WrittenForm
 {
 public:
-    explicit WrittenForm(const Subject& subject);
+    explicit WrittenForm(const Description& description);
 
     const QVector<WrittenRow>& rows() const { return m_rows; }
     const QVector<WrittenRow>& sheets() const { return m_sheets; }

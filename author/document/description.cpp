@@ -40,6 +40,38 @@ int Description::elementEndingAt(int offset) const
     return static_cast<int>(found - m_elements.cbegin());
 }
 
+QVector<int> Description::elementsNamed(const char* name) const
+{
+    QVector<int> found;
+    const QLatin1String wanted(name);
+    for (int i = 0; i < m_elements.size(); ++i) {
+        if (m_elements.at(i).name == wanted)
+            found.append(i);
+    }
+    return found;
+}
+
+int Description::elementBeginningAt(int offset) const
+{
+    const auto found =
+        std::lower_bound(m_elements.cbegin(), m_elements.cend(), offset,
+                         [](const SourceElement& element, int wanted) { return element.tag.begin < wanted; });
+    if (found == m_elements.cend() || found->tag.begin != offset)
+        return -1;
+    return static_cast<int>(found - m_elements.cbegin());
+}
+
+int Description::elementAt(int offset) const
+{
+    const auto behind =
+        std::upper_bound(m_elements.cbegin(), m_elements.cend(), offset,
+                         [](int wanted, const SourceElement& element) { return wanted < element.tag.begin; });
+    int index = static_cast<int>(behind - m_elements.cbegin()) - 1;
+    while (index >= 0 && offset >= element(index).end)
+        index = element(index).parent;
+    return index;
+}
+
 QVector<int> Description::children(int index) const
 {
     QVector<int> found;
@@ -70,7 +102,7 @@ void Description::visitText(int index, Visit visit) const
             text = resolved(raw, false);
         else
             text.remove(QLatin1Char('\r'));
-        if (!visit(piece->range, text))
+        if (!visit(*piece, text))
             return;
     }
 }
@@ -78,7 +110,7 @@ void Description::visitText(int index, Visit visit) const
 QString Description::textOf(int index) const
 {
     QString whole;
-    visitText(index, [&whole](Range, const QString& text) {
+    visitText(index, [&whole](const Piece&, const QString& text) {
         whole += text;
         return true;
     });
@@ -89,7 +121,8 @@ int Description::offsetInText(int index, int position) const
 {
     int before = 0;
     int offset = element(index).tag.end;
-    visitText(index, [&](Range range, const QString& text) {
+    visitText(index, [&](const Piece& piece, const QString& text) {
+        const Range range = piece.range;
         offset = range.begin;
         if (before + text.size() <= position) {
             before += text.size();
@@ -107,6 +140,32 @@ int Description::offsetInText(int index, int position) const
         return false;
     });
     return offset;
+}
+
+QVector<int> Description::textOffsets(int index) const
+{
+    QVector<int> offsets;
+    int end = element(index).tag.end;
+    const QString& whole = m_source.text();
+    visitText(index, [&](const Piece& piece, const QString&) {
+        end = piece.range.end;
+        for (int offset = piece.range.begin; offset < end;) {
+            const QChar c = whole.at(offset);
+            const bool mayRefer = c == QLatin1Char('&') && piece.kind == Characters;
+            const Reference reference = mayRefer ? referenceAt(whole, offset) : Reference();
+            if (!reference.isKnown()) {
+                if (c != QLatin1Char('\r'))
+                    offsets.append(offset);
+                ++offset;
+                continue;
+            }
+            offsets.insert(offsets.size(), reference.text.size(), offset);
+            offset = reference.end;
+        }
+        return true;
+    });
+    offsets.append(end);
+    return offsets;
 }
 
 Range Description::contentRange(int index) const

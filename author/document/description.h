@@ -56,6 +56,17 @@ struct Problem
     int until = 0; // how far a reader may get before it notices
 };
 
+/** What a text ends within, as it does while somebody is writing it. */
+struct TextEnd
+{
+    enum Kind { Content, StartTag, EndTag, Comment, CData, Instruction };
+
+    Kind kind = Content;
+    int begin = 0;     // where that begins; for content the end of the text
+    int element = -1;  // the innermost element that is open there
+    SourceElement tag; // of a start tag, as far as it goes
+};
+
 /**
  * A description as its author meant it: elements, attributes, texts and comments,
  * with positions, whatever state the text is in. Reads on behind every error: a
@@ -75,8 +86,16 @@ public:
     /** In order of place. Guesses: only a reader of XML knows whether a text is well-formed. */
     const QVector<Problem>& problems() const { return m_problems; }
 
+    const TextEnd& textEnd() const { return m_textEnd; }
+
+    /** Elements of that name wherever they stand, in order of place. */
+    QVector<int> elementsNamed(const char* name) const;
     /** The element whose start tag ends at @p offset; -1 if none does. */
     int elementEndingAt(int offset) const;
+    /** The element whose start tag begins at @p offset; -1 if none does. */
+    int elementBeginningAt(int offset) const;
+    /** The innermost element that has @p offset in its tags or its content; -1 if none has. */
+    int elementAt(int offset) const;
     /** The child elements of @p index; of -1 the ones that stand in no other. */
     QVector<int> children(int index) const;
     /** First child of that name; -1 if there is none. */
@@ -89,6 +108,8 @@ public:
     bool isComment(int offset) const;
     /** Place in the text of the character @p position of textOf(index). */
     int offsetInText(int index, int position) const;
+    /** The same for each character of textOf(index), and for its end. */
+    QVector<int> textOffsets(int index) const;
     /** True if @p ancestor is @p index or has it somewhere inside. */
     bool isInside(int index, int ancestor) const;
 
@@ -110,6 +131,7 @@ private:
     QVector<Piece> m_pieces;
     QVector<Comment> m_comments;
     QVector<Problem> m_problems;
+    TextEnd m_textEnd;
     int m_firstRoot = -1;
     int m_lastRoot = -1;
 };

@@ -99,14 +99,21 @@ void Scanner::scanMarkup()
                 ? 3
                 : 0;
         m_description.m_comments.append({range, {range.begin + 4, range.end - closing}});
+        if (closing == 0)
+            endWithin(TextEnd::Comment, range.begin);
     } else if (at("<![CDATA[")) {
         const int begin = m_position + 9;
         const bool ends = find("]]>", begin) >= 0;
         const Range range = scanSection("<![CDATA[", "]]>", QStringLiteral("CDATA section"));
         if (ends)
             m_description.m_pieces.append({{begin, range.end - 3}, Description::CData});
+        else
+            endWithin(TextEnd::CData, range.begin);
     } else if (at("<?")) {
-        scanSection("<?", "?>", QStringLiteral("processing instruction"));
+        const bool ends = find("?>", m_position + 2) >= 0;
+        const Range range = scanSection("<?", "?>", QStringLiteral("processing instruction"));
+        if (!ends)
+            endWithin(TextEnd::Instruction, range.begin);
     } else if (at("</")) {
         scanEndTag();
     } else if (m_position + 1 < m_text.size() && isNameStart(m_text.at(m_position + 1))) {
@@ -169,6 +176,8 @@ void Scanner::scanStartTag()
     m_inTag = false;
     element.sound = element.closed && !slipped;
     if (!element.closed && m_position >= m_text.size()) {
+        m_description.m_textEnd.tag = element;
+        endWithin(TextEnd::StartTag, element.tag.begin);
         complain(element.tag,
                  QStringLiteral("the text ends within the tag `<%1`").arg(element.qualifiedName));
         return;
@@ -265,6 +274,8 @@ void Scanner::scanEndTag()
     if (closed)
         ++m_position;
     const Range range{begin, m_position};
+    if (!closed && m_position >= m_text.size())
+        endWithin(TextEnd::EndTag, begin);
     if (!closed)
         complain(range, QStringLiteral("the end tag `</%1` is not closed by `>`").arg(name));
     if (m_open.isEmpty()) {
@@ -298,9 +309,18 @@ void Scanner::closeThrough(int depth, Range endTag)
     close(m_open.constLast(), endTag.begin, endTag.end);
 }
 
+void Scanner::endWithin(TextEnd::Kind kind, int begin)
+{
+    m_description.m_textEnd.kind = kind;
+    m_description.m_textEnd.begin = begin;
+    m_description.m_textEnd.element = m_open.isEmpty() ? -1 : m_open.constLast();
+}
+
 void Scanner::endOfText()
 {
     const int end = m_text.size();
+    if (m_description.m_textEnd.kind == TextEnd::Content)
+        endWithin(TextEnd::Content, end);
     if (!m_open.isEmpty()) {
         const SourceElement& element = m_description.element(m_open.constLast());
         complain({end, end}, QStringLiteral("the text ends within the `%1` that begins in line %2")

@@ -37,6 +37,8 @@ private:
     void open(int index);
     void close(int index, int contentEnd, int end);
     void closeThrough(int depth, Range endTag);
+    /** The text ends before what begins at @p begin does. */
+    void endWithin(TextEnd::Kind kind, int begin);
     void endOfText();
     void complain(Range range, const QString& message);
 

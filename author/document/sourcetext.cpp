@@ -164,5 +164,20 @@ int SourceText::firstUnreadable() const
     return m_unsound ? qMax(0, m_text.indexOf(QChar(QChar::ReplacementCharacter))) : -1;
 }
 
+QByteArray storedBytes(const QString& text)
+{
+    QTextCodec* const codec = declaredCodec(text.left(1024).toLatin1());
+    if (!codec || codec->mibEnum() == utf8Mib)
+        return text.toUtf8();
+    if (codec->canEncode(text))
+        return codec->fromUnicode(text);
+    QString sound = text;
+    for (QChar& c : sound) {
+        if (!codec->canEncode(c))
+            c = QLatin1Char('?');
+    }
+    return codec->fromUnicode(sound);
+}
+
 } // namespace Author
 } // namespace Orvane

@@ -81,6 +81,10 @@ private:
     mutable int m_lastColumn = 1;
 };
 
+/** The file that an editor stores for @p text: in the encoding that it declares, else UTF-8. What that
+ * encoding does not have becomes "?", one for each UTF-16 unit. */
+QByteArray storedBytes(const QString& text);
+
 } // namespace Author
 } // namespace Orvane
 
