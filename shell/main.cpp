@@ -1,5 +1,6 @@
 #include "commandline.h"
 #include "console.h"
+#include "debuggerplace.h"
 #include "displaycheck.h"
 #include "filewatch.h"
 #include "shellmodule.h"
@@ -167,6 +168,7 @@ int show(QApplication& application, const CommandLine& line)
     const Orvane::FormShellOptions options = moduleOptions(line, &failure);
     if (!failure.isEmpty())
         return fail(failure);
+    const DebuggerPlace debuggerPlace; // which the module's forms leave behind
     ShellModule module;
     failure = module.Load();
     if (!failure.isEmpty())

@@ -33,22 +33,41 @@ namespace {
 
 const QLatin1String rootTag("KVParamGui");
 
-/** How the user left the last debugger of this process; null before that. */
-QByteArray& debuggerGeometry()
+/**
+ * Keeps size and place of a debugger's window in a property of the application, for the next debugger
+ * and for a host that stores them.
+ */
+class DebuggerGeometry : public QObject
 {
-    static QByteArray geometry;
-    return geometry;
-}
+public:
+    /** Takes the last one on; @p window owns this. */
+    explicit DebuggerGeometry(QMainWindow* window)
+        : QObject(window)
+    {
+        constexpr QSize firstSize(1100, 750);
+        if (!window->restoreGeometry(qApp->property(name).toByteArray()))
+            window->resize(firstSize);
+        window->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Resize || event->type() == QEvent::Move)
+            qApp->setProperty(name, static_cast<QWidget*>(watched)->saveGeometry());
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    static constexpr char name[] = "debugger-geometry";
+};
 
 /** Room for the source beside the docks, which would take all of Qt's first size. */
 void prepareDebuggerWindow(QMainWindow* window)
 {
     constexpr int sourceWidth = 400; // pixels
-    constexpr QSize firstSize(1100, 750);
     if (QWidget* const source = window->centralWidget())
         source->setMinimumWidth(sourceWidth);
-    if (!window->restoreGeometry(debuggerGeometry()))
-        window->resize(firstSize);
+    new DebuggerGeometry(window); // which the window owns
 }
 
 void traceInitFailure(unsigned short line)
@@ -189,8 +208,6 @@ ZorvaFormular::~ZorvaFormular()
 {
     FormHold::forget(this);
     letGo = true; // nothing is raised any more
-    if (scriptDebugger)
-        debuggerGeometry() = scriptDebugger->standardWindow()->saveGeometry();
     delete scriptDebugger;
     if (!name.isEmpty())
         TranslationCenter::Instance().Unregister(name);

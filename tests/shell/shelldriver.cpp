@@ -8,6 +8,8 @@
 //   go on           the action "Continue" of the script debugger
 //   await WHAT      until there is a dialog, menu, debugger or main window
 //   await no WHAT   until there is none
+//   shape WHAT      makes it 780 x 560 pixels
+//   measure WHAT    says its size
 //   close WHAT      as code would: nothing stands in the way
 //   request WHAT    as the display would: a modal dialog stands in the way
 //   close all       all windows
@@ -117,9 +119,10 @@ private:
             return visibleWindow(true) && continueAction(visibleWindow(true))->isEnabled();
         if (step == QLatin1String("close all"))
             return true;
-        if (step.startsWith(QLatin1String("await")) || step.startsWith(QLatin1String("close")) ||
-            step.startsWith(QLatin1String("request")))
-            return windowOfKind(object);
+        for (const char* verb : {"await", "close", "request", "shape", "measure"}) {
+            if (step.startsWith(QLatin1String(verb)))
+                return windowOfKind(object);
+        }
         return control(object);
     }
 
@@ -133,6 +136,10 @@ private:
             askForMenu(control(object));
         else if (verb == QLatin1String("go"))
             continueAction(visibleWindow(true))->trigger();
+        else if (verb == QLatin1String("shape"))
+            windowOfKind(object)->resize(780, 560);
+        else if (verb == QLatin1String("measure"))
+            sayMeasures(windowOfKind(object));
         else if (verb == QLatin1String("close") && object == QLatin1String("all"))
             QApplication::closeAllWindows();
         else if (verb == QLatin1String("close"))
@@ -141,6 +148,11 @@ private:
             windowOfKind(object)->windowHandle()->close();
         else if (verb == QLatin1String("hammer"))
             hammer(object);
+    }
+
+    static void sayMeasures(const QWidget* window)
+    {
+        std::fprintf(stderr, "driver: it is %d x %d\n", window->width(), window->height());
     }
 
     static void askForMenu(QWidget* widget)

@@ -24,6 +24,7 @@ void ShellTest::init()
     output.clear();
     errors.clear();
     setEnvironment(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    setEnvironment(QStringLiteral("XDG_CONFIG_HOME"), folder->path());
 }
 
 void ShellTest::cleanup()

@@ -67,6 +67,7 @@ private Q_SLOTS:
     void displayAsksToCloseBehindADialog();
     void debuggerIsClosed_data();
     void debuggerIsClosed();
+    void debuggerComesBackAsItWasLeft();
     void displayGoesAway_data();
     void displayGoesAway();
     void parametersAreWholeWhenTheDisplayGoesAway();
@@ -192,6 +193,17 @@ void TestShellFaults::debuggerIsClosed()
     QFETCH(QString, steps);
     drive({dataFile("stops.zorva"), QStringLiteral("debug")}, steps);
     expectOrderlyEnd();
+}
+
+void TestShellFaults::debuggerComesBackAsItWasLeft()
+{
+    const QStringList arguments{dataFile("stops.zorva"), QStringLiteral("debug")};
+    const QString rest = QStringLiteral("; request debugger; await main; close main");
+    drive(arguments, QStringLiteral("await debugger; shape debugger") + rest);
+    expectOrderlyEnd();
+    drive(arguments, QStringLiteral("await debugger; measure debugger") + rest);
+    expectOrderlyEnd();
+    QVERIFY2(errors.contains(QStringLiteral("it is 780 x 560")), qPrintable(errors));
 }
 
 void TestShellFaults::displayGoesAway_data()

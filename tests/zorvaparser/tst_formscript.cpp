@@ -68,6 +68,15 @@ private:
     bool m_clicked = false;
 };
 
+QMainWindow* debuggerWindow()
+{
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (auto* const frame = qobject_cast<QMainWindow*>(window))
+            return frame;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 class tst_formscript : public EngineTest
@@ -483,6 +492,34 @@ private Q_SLOTS:
         FormFixture form(edit("a"), FormFixture::Parsed);
         form.formular()->DebugScript();
         form.formular()->DebugScript();
+    }
+
+    void debuggerHasRoomForTheSource()
+    {
+        FormFixture form(edit("a"), FormFixture::Parsed);
+        form.formular()->DebugScript();
+        QMainWindow* const window = debuggerWindow();
+        QVERIFY(window);
+        window->show();
+        QVERIFY(window->centralWidget()->width() >= 400);
+        QVERIFY(window->centralWidget()->minimumWidth() >= 400); // also beside wide docks
+    }
+
+    void debuggerComesBackAsItWasLeft()
+    {
+        const QVariant before = qApp->property("debugger-geometry");
+        const auto restore = qScopeGuard([&before] { qApp->setProperty("debugger-geometry", before); });
+        qApp->setProperty("debugger-geometry", QVariant());
+        const QSize size(780, 560);
+        for (const bool again : {false, true}) {
+            FormFixture form(edit("a"), FormFixture::Parsed);
+            form.formular()->DebugScript();
+            QMainWindow* const window = debuggerWindow();
+            window->show();
+            QCOMPARE(window->size() == size, again);
+            window->resize(size);
+        }
+        QVERIFY(qApp->property("debugger-geometry").isValid());
     }
 };
 
