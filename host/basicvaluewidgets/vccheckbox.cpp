@@ -86,6 +86,7 @@ void VCCheckBox::paintEvent(QPaintEvent* event)
     for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
         option.palette.setBrush(QPalette::Disabled, role, palette().brush(QPalette::Inactive, role));
     option.palette.setBrush(QPalette::Disabled, QPalette::Base, palette().brush(QPalette::Window));
+    option.palette.setBrush(QPalette::Disabled, QPalette::Highlight, palette().brush(QPalette::Mid));
     option.palette.setCurrentColorGroup(QPalette::Disabled);
     QStylePainter(this).drawControl(QStyle::CE_CheckBox, option);
 }

@@ -264,16 +264,33 @@ void VCComboBoxClassic::paintEvent(QPaintEvent* event)
     const QString whole = option.currentText;
     option.currentText = option.fontMetrics.elidedText(whole, Qt::ElideRight, room);
     if (m_readOnly) {
-        option.subControls &= ~QStyle::SC_ComboBoxArrow; // there is nothing to open
-        option.state &= ~QStyle::State_MouseOver;
-        option.palette.setBrush(QPalette::Button, palette().brush(QPalette::Window));
-    } else if (option.currentText == whole || isEditable() || !option.currentIcon.isNull()) {
+        paintReadOnly(option);
+        return;
+    }
+    if (option.currentText == whole || isEditable() || !option.currentIcon.isNull()) {
         QComboBox::paintEvent(event);
         return;
     }
     QStylePainter painter(this);
     painter.setPen(palette().color(QPalette::Text));
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+// As an edit that can only be read: a box with nothing to open is no button.
+void VCComboBoxClassic::paintReadOnly(QStyleOptionComboBox& option)
+{
+    QStyleOptionFrame frame;
+    frame.initFrom(this);
+    frame.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, this);
+    frame.state |= QStyle::State_Sunken | QStyle::State_ReadOnly;
+    frame.state &= ~QStyle::State_MouseOver;
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+        frame.palette.setBrush(group, QPalette::Base, palette().brush(group, QPalette::Window));
+    QStylePainter painter(this);
+    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &frame, &painter, nullptr); // no style knows it in a box
+    option.palette.setBrush(QPalette::ButtonText, palette().brush(QPalette::Text));
+    painter.setPen(palette().color(QPalette::Text));
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 

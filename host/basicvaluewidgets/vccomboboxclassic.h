@@ -12,6 +12,7 @@ class ValueSelection;
 }
 class QStandardItem;
 class QStandardItemModel;
+class QStyleOptionComboBox;
 
 /// A combo box that shows a selection's items and writes the user's choice with
 /// the control as originator. Entries stand in the value's order and carry the
@@ -77,6 +78,7 @@ private:
     void choose(int index);
     QString entriesKey() const;
     QSize contentsSize() const;
+    void paintReadOnly(QStyleOptionComboBox& option);
 
     ValueBinding m_binding;
     bool m_readOnly = false;

@@ -1,6 +1,7 @@
 // Draws a form into a picture, without a display:
 //
-//   formpicture [--form-style NAME] [--text-size POINTS] [--size WIDTHxHEIGHT] FORM.zorva PICTURE.png
+//   formpicture [--form-style NAME] [--text-size POINTS] [--size WIDTHxHEIGHT] [--dark] [--right-to-left]
+//               FORM.zorva PICTURE.png
 //   formpicture --generated SEED FORM.zorva
 //
 // Without a size the window has the one that it opens with. The second form
@@ -53,6 +54,20 @@ int draw(const QString& form, const QString& picture, const QString& size)
     return window->grab().save(picture) ? 0 : fail(QStringLiteral("cannot write %1").arg(picture));
 }
 
+QPalette darkPalette()
+{
+    const QColor text(239, 240, 241);
+    QPalette palette(QColor(49, 54, 59), QColor(49, 54, 59)); // buttons, window
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(role, text);
+    palette.setColor(QPalette::Base, QColor(35, 38, 41));
+    palette.setColor(QPalette::AlternateBase, QColor(49, 54, 59));
+    palette.setColor(QPalette::Highlight, QColor(61, 174, 233));
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(120, 124, 128));
+    return palette;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -66,7 +81,9 @@ int main(int argc, char** argv)
                                       QStringLiteral("9"));
     const QCommandLineOption size(QStringLiteral("size"), QString(), QStringLiteral("WIDTHxHEIGHT"));
     const QCommandLineOption generated(QStringLiteral("generated"), QString(), QStringLiteral("seed"));
-    line.addOptions({style, textSize, size, generated});
+    const QCommandLineOption dark(QStringLiteral("dark"));
+    const QCommandLineOption rightToLeft(QStringLiteral("right-to-left"));
+    line.addOptions({style, textSize, size, generated, dark, rightToLeft});
     line.process(application);
     const QStringList files = line.positionalArguments();
     if (line.isSet(generated) && files.size() == 1)
@@ -77,5 +94,9 @@ int main(int argc, char** argv)
     QFont font = QApplication::font();
     font.setPointSize(line.value(textSize).toInt());
     QApplication::setFont(font);
+    if (line.isSet(dark))
+        QApplication::setPalette(darkPalette());
+    if (line.isSet(rightToLeft))
+        QApplication::setLayoutDirection(Qt::RightToLeft);
     return draw(files.first(), files.last(), line.value(size));
 }

@@ -5,6 +5,7 @@
 #include <basicvaluewidgets/vclineedit.h>
 #include <basicvaluewidgets/vcnumericfloatspin.h>
 #include <formtest.h>
+#include <layout/floatgrouplayout.h>
 #include <zorvaparser/zorvaparser.h>
 
 #include <QAbstractButton>
@@ -67,6 +68,7 @@ private Q_SLOTS:
     void walkBeginsInTheFirstRowAndEndsInTheBar();
     void tabLeavesATable();
     void openedGroupIsInOrder();
+    void insertedRowIsInOrder();
     void embeddedFormLeavesTheFocus();
 
 private:
@@ -238,6 +240,36 @@ void tst_FormAccess::openedGroupIsInOrder()
     pressTab();
     pressTab();
     QCOMPARE(focused(), QStringLiteral("inside"));
+}
+
+// In the place where the row is seen, also after all rows were built anew.
+void tst_FormAccess::insertedRowIsInOrder()
+{
+    FormFixture form(rowXml("LineEdit", "first", {{"labelText", "A"}}) +
+                         rowXml("LineEdit", "last", {{"labelText", "Z"}}),
+                     FormFixture::WithValues);
+    const auto insert = [&form](const char* name) {
+        auto* edit = new QLineEdit;
+        edit->setObjectName(QString::fromLatin1(name));
+        form.sheet().InsertWidget(edit->objectName(), QStringLiteral("Inserted"), edit, 1);
+    };
+    const auto walk = [&form] {
+        form.control<QWidget>("first")->setFocus();
+        QStringList names;
+        for (int i = 0; i < 2; ++i) {
+            pressTab();
+            names.append(focused());
+        }
+        return names;
+    };
+    insert("early");
+    form.createGui();
+    form.show();
+    QCOMPARE(walk(), (QStringList{QStringLiteral("early"), QStringLiteral("last")}));
+    insert("late");
+    qobject_cast<FloatGroupLayout*>(form.control<QWidget>("sheetArea")->layout())->removeAllWidgets();
+    form.formular()->CreateGUI(true);
+    QTRY_COMPARE(walk(), (QStringList{QStringLiteral("late"), QStringLiteral("last")}));
 }
 
 void tst_FormAccess::embeddedFormLeavesTheFocus()

@@ -1,4 +1,5 @@
 // Where captions stand, how far rows are apart, and how headings look.
+#include "contrast.h"
 #include "generatedform.h"
 
 #include <formtest.h>
@@ -88,22 +89,6 @@ QRect textInk(QWidget* control)
         palette.setColor(QPalette::WindowText, Qt::red);
         control->setPalette(palette);
     });
-}
-
-double luminance(QRgb colour)
-{
-    const auto linear = [](int part) {
-        const double share = part / 255.0;
-        return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) + 0.0722 * linear(qBlue(colour));
-}
-
-double contrast(QRgb a, QRgb b)
-{
-    const double lighter = qMax(luminance(a), luminance(b));
-    const double darker = qMin(luminance(a), luminance(b));
-    return (lighter + 0.05) / (darker + 0.05);
 }
 
 } // namespace

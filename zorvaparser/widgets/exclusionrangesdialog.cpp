@@ -35,6 +35,7 @@ void editExclusionRanges(QWidget* parent, values::ValueCommentedRangeMap* map,
     dialog->setWindowFlags(dialog->windowFlags() & ~Qt::WindowContextHelpButtonHint);
     auto* const layout = new QVBoxLayout(dialog);
     auto* const table = new FreqRangeTable(dialog);
+    table->setAccessibleName(words.title);
     table->attachMap(map, false);
     layout->addWidget(table);
     layout->addWidget(createButtons(dialog, table, words));

@@ -33,6 +33,8 @@ private Q_SLOTS:
     void sortButtonSorts();
     void keyboardAlone_data() { bothObjects(); }
     void keyboardAlone();
+    void tabWalksTheDialog_data() { bothObjects(); }
+    void tabWalksTheDialog();
     void formMayDieUnderIt_data() { bothObjects(); }
     void formMayDieUnderIt();
     void speaksTheWordsOfItsRow_data() { bothObjects(); }
@@ -180,6 +182,34 @@ void tst_ExclusionRangesDialog::keyboardAlone()
     });
     f.ask();
     QCOMPARE(rangesText(f.map), asItWas);
+}
+
+// The arrows walk the cells, Tab goes to the buttons and comes back.
+void tst_ExclusionRangesDialog::tabWalksTheDialog()
+{
+    ObjectForm f;
+    whenDialogOpens([&](QDialog* dialog) {
+        FreqRangeTable* const table = tableOf(dialog);
+        QCOMPARE(QApplication::focusWidget(), table);
+        table->setCurrentCell(0, 0);
+        QTest::keyClick(table, Qt::Key_Right);
+        QTest::keyClick(table, Qt::Key_Down);
+        QCOMPARE(table->currentColumn(), 1);
+        QCOMPARE(table->currentRow(), 1);
+        QWidgetList walk;
+        for (int i = 0; i < 3; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            walk.append(QApplication::focusWidget());
+        }
+        for (const QDialogButtonBox::ButtonRole role :
+             {QDialogButtonBox::AcceptRole, QDialogButtonBox::RejectRole, QDialogButtonBox::ActionRole})
+            QVERIFY(walk.contains(dialogButton(dialog, role)));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), table);
+        QVERIFY(!table->accessibleName().isEmpty());
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    f.ask();
 }
 
 void tst_ExclusionRangesDialog::formMayDieUnderIt()
