@@ -2,6 +2,10 @@
 
 #include "completion.h"
 #include "diagnostics.h"
+#include "fixes.h"
+#include "hover.h"
+#include "namerequests.h"
+#include "outline.h"
 
 #include <QJsonDocument>
 
@@ -50,7 +54,17 @@ const QHash<QString, LanguageServer::Answer>& LanguageServer::answers()
     static const QHash<QString, Answer> all{
         {QStringLiteral("initialize"), &LanguageServer::initialize},
         {QStringLiteral("shutdown"), &LanguageServer::shutdown},
+        {QStringLiteral("textDocument/codeAction"), &LanguageServer::codeAction},
         {QStringLiteral("textDocument/completion"), &LanguageServer::completion},
+        {QStringLiteral("textDocument/definition"), &LanguageServer::definition},
+        {QStringLiteral("textDocument/documentHighlight"), &LanguageServer::documentHighlight},
+        {QStringLiteral("textDocument/documentSymbol"), &LanguageServer::documentSymbol},
+        {QStringLiteral("textDocument/foldingRange"), &LanguageServer::foldingRange},
+        {QStringLiteral("textDocument/formatting"), &LanguageServer::formatting},
+        {QStringLiteral("textDocument/hover"), &LanguageServer::hover},
+        {QStringLiteral("textDocument/prepareRename"), &LanguageServer::prepareRename},
+        {QStringLiteral("textDocument/references"), &LanguageServer::references},
+        {QStringLiteral("textDocument/rename"), &LanguageServer::rename},
     };
     return all;
 }
@@ -207,25 +221,36 @@ void LanguageServer::notify(const char* method, const QJsonObject& params)
     send({{QStringLiteral("method"), QLatin1String(method)}, {QStringLiteral("params"), params}});
 }
 
+QJsonObject LanguageServer::capabilities() const
+{
+    constexpr int incremental = 2;
+    QJsonObject all{
+        {QStringLiteral("textDocumentSync"),
+         QJsonObject{{QStringLiteral("openClose"), true}, {QStringLiteral("change"), incremental}}},
+        {QStringLiteral("completionProvider"),
+         QJsonObject{{QStringLiteral("triggerCharacters"),
+                      QJsonArray::fromStringList(QStringLiteral("< / \" ' . > {").split(QLatin1Char(' ')))}}},
+        {QStringLiteral("codeActionProvider"),
+         QJsonObject{{QStringLiteral("codeActionKinds"), QJsonArray{QStringLiteral("quickfix")}}}},
+        {QStringLiteral("renameProvider"),
+         m_abilities.preparesRenaming ? QJsonValue(QJsonObject{{QStringLiteral("prepareProvider"), true}})
+                                      : QJsonValue(true)}};
+    for (const char* const provider :
+         {"definitionProvider", "documentFormattingProvider", "documentHighlightProvider",
+          "documentSymbolProvider", "foldingRangeProvider", "hoverProvider", "referencesProvider"})
+        all.insert(QLatin1String(provider), true);
+    return all;
+}
+
 Reply LanguageServer::initialize(const QJsonObject& params)
 {
     m_state = State::Running;
     m_abilities = abilitiesOf(objectIn(params, "capabilities"));
     m_clientProcess = static_cast<qint64>(params.value(QLatin1String("processId")).toDouble());
-    constexpr int incremental = 2;
-    QJsonObject capabilities{
-        {QStringLiteral("textDocumentSync"),
-         QJsonObject{{QStringLiteral("openClose"), true}, {QStringLiteral("change"), incremental}}},
-    };
-    const QJsonArray triggers{QStringLiteral("<"), QStringLiteral("/"), QStringLiteral("\""),
-                              QStringLiteral("'"), QStringLiteral(" "), QStringLiteral("."),
-                              QStringLiteral(">"), QStringLiteral("{")};
-    capabilities.insert(QStringLiteral("completionProvider"),
-                        QJsonObject{{QStringLiteral("triggerCharacters"), triggers}});
     const QJsonObject info{{QStringLiteral("name"), QStringLiteral("zorva")},
                            {QStringLiteral("version"), m_settings.version}};
     return Reply(
-        QJsonObject{{QStringLiteral("capabilities"), capabilities}, {QStringLiteral("serverInfo"), info}});
+        QJsonObject{{QStringLiteral("capabilities"), capabilities()}, {QStringLiteral("serverInfo"), info}});
 }
 
 Reply LanguageServer::shutdown(const QJsonObject&)
@@ -238,21 +263,109 @@ Reply LanguageServer::shutdown(const QJsonObject&)
     return Reply();
 }
 
-Reply LanguageServer::answerAt(const QJsonObject& params, const AnswerAt& answerAtOffset)
+Reply LanguageServer::answerIn(const QJsonObject& params, const AnswerIn& answerInFile)
 {
     OpenFile* const file = findFile(params);
-    if (!file)
-        return Reply::failure(InvalidParams, QStringLiteral("no open document of that URI"));
-    EditorPosition position;
-    if (!readPosition(params.value(QLatin1String("position")), position))
-        return Reply::failure(InvalidParams, QStringLiteral("`position` is none"));
-    return answerAtOffset(*file, file->document.offset(position));
+    return file ? answerInFile(*file)
+                : Reply::failure(InvalidParams, QStringLiteral("no open document of that URI"));
+}
+
+Reply LanguageServer::answerAt(const QJsonObject& params, const AnswerAt& answerAtOffset)
+{
+    return answerIn(params, [&](const OpenFile& file) {
+        EditorPosition position;
+        if (!readPosition(params.value(QLatin1String("position")), position))
+            return Reply::failure(InvalidParams, QStringLiteral("`position` is none"));
+        return answerAtOffset(file.document, file.document.offset(position));
+    });
 }
 
 Reply LanguageServer::completion(const QJsonObject& params)
 {
-    return answerAt(params, [this](const OpenFile& file, int offset) {
-        return Reply(completionAt(file.document, offset, m_abilities));
+    return answerAt(params, [this](const OpenDocument& document, int offset) {
+        return Reply(completionAt(document, offset, m_abilities));
+    });
+}
+
+Reply LanguageServer::hover(const QJsonObject& params)
+{
+    return answerAt(params, [this](const OpenDocument& document, int offset) {
+        return Reply(hoverAt(document, offset, m_abilities));
+    });
+}
+
+Reply LanguageServer::definition(const QJsonObject& params)
+{
+    return answerAt(params, [](const OpenDocument& document, int offset) {
+        return Reply(definitionsAt(document, offset));
+    });
+}
+
+Reply LanguageServer::references(const QJsonObject& params)
+{
+    const bool withDefinitions =
+        objectIn(params, "context").value(QLatin1String("includeDeclaration")).toBool();
+    return answerAt(params, [withDefinitions](const OpenDocument& document, int offset) {
+        return Reply(referencesAt(document, offset, withDefinitions));
+    });
+}
+
+Reply LanguageServer::documentHighlight(const QJsonObject& params)
+{
+    return answerAt(params, [](const OpenDocument& document, int offset) {
+        return Reply(highlightsAt(document, offset));
+    });
+}
+
+Reply LanguageServer::prepareRename(const QJsonObject& params)
+{
+    return answerAt(params,
+                    [](const OpenDocument& document, int offset) { return renamableAt(document, offset); });
+}
+
+Reply LanguageServer::rename(const QJsonObject& params)
+{
+    const QJsonValue name = params.value(QLatin1String("newName"));
+    if (!name.isString())
+        return Reply::failure(InvalidParams, QStringLiteral("`newName` is no text"));
+    return answerAt(params, [&name](const OpenDocument& document, int offset) {
+        return renameAt(document, offset, name.toString());
+    });
+}
+
+Reply LanguageServer::documentSymbol(const QJsonObject& params)
+{
+    return answerIn(params,
+                    [this](const OpenFile& file) { return Reply(outlineOf(file.document, m_abilities)); });
+}
+
+Reply LanguageServer::foldingRange(const QJsonObject& params)
+{
+    return answerIn(
+        params, [this](const OpenFile& file) { return Reply(foldingRangesOf(file.document, m_abilities)); });
+}
+
+Reply LanguageServer::formatting(const QJsonObject& params)
+{
+    return answerIn(params, [](const OpenFile& file) { return layoutOf(file.document); });
+}
+
+Reply LanguageServer::codeAction(const QJsonObject& params)
+{
+    return answerIn(params, [&](const OpenFile& file) {
+        EditorRange range;
+        if (!readRange(params.value(QLatin1String("range")), range))
+            return Reply::failure(InvalidParams, QStringLiteral("`range` is none"));
+        const QJsonValue only = objectIn(params, "context").value(QLatin1String("only"));
+        const bool isWanted = !only.isArray() || only.toArray().contains(QStringLiteral("quickfix"));
+        if (!isWanted || !m_abilities.literalActions)
+            return Reply(QJsonArray());
+        const OpenDocument& document = file.document;
+        const Range place{document.offset(range.begin), document.offset(range.end)};
+        // A moment after a change there are no findings yet; those with a fix need no run of the script.
+        return Reply(fixesFor(
+            document, file.result ? file.result->findings : check(document.uri(), document.stored()).findings,
+            place, m_abilities));
     });
 }
 

@@ -62,7 +62,8 @@ private:
     using Answer = Reply (LanguageServer::*)(const QJsonObject& params);
     using Listen = void (LanguageServer::*)(const QJsonObject& params);
 
-    using AnswerAt = std::function<Reply(const OpenFile& file, int offset)>;
+    using AnswerIn = std::function<Reply(const OpenFile& file)>;
+    using AnswerAt = std::function<Reply(const OpenDocument& document, int offset)>;
 
     static const QHash<QString, Answer>& answers();
     static const QHash<QString, Listen>& listeners();
@@ -78,15 +79,27 @@ private:
     void sendReply(const QJsonValue& id, const Reply& reply);
     void notify(const char* method, const QJsonObject& params);
 
+    QJsonObject capabilities() const;
     Reply initialize(const QJsonObject& params);
     Reply shutdown(const QJsonObject& params);
+    Reply codeAction(const QJsonObject& params);
     Reply completion(const QJsonObject& params);
+    Reply definition(const QJsonObject& params);
+    Reply documentHighlight(const QJsonObject& params);
+    Reply documentSymbol(const QJsonObject& params);
+    Reply foldingRange(const QJsonObject& params);
+    Reply formatting(const QJsonObject& params);
+    Reply hover(const QJsonObject& params);
+    Reply prepareRename(const QJsonObject& params);
+    Reply references(const QJsonObject& params);
+    Reply rename(const QJsonObject& params);
     void exit(const QJsonObject& params);
     void didOpen(const QJsonObject& params);
     void didChange(const QJsonObject& params);
     void didClose(const QJsonObject& params);
 
-    /** The answer about the document and the place that a request names. */
+    /** The answer about the document that a request names, and about the place in it. */
+    Reply answerIn(const QJsonObject& params, const AnswerIn& answerInFile);
     Reply answerAt(const QJsonObject& params, const AnswerAt& answerAtOffset);
     OpenFile* findFile(const QJsonObject& params);
     void applyChange(OpenDocument& document, const QJsonObject& change);

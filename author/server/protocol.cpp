@@ -43,6 +43,7 @@ ClientAbilities abilitiesOf(const QJsonObject& capabilities)
     abilities.literalActions =
         child(document, "codeAction").contains(QLatin1String("codeActionLiteralSupport"));
     abilities.markdown = formats.contains(QStringLiteral("markdown"));
+    abilities.preparesRenaming = flag(child(document, "rename"), "prepareSupport");
     abilities.foldingLimit = child(document, "foldingRange").value(QLatin1String("rangeLimit")).toInt();
     return abilities;
 }
@@ -94,7 +95,7 @@ QJsonObject markupJson(const QString& markdown, const ClientAbilities& abilities
 
 QString escapedText(const QString& text)
 {
-    return text.toHtmlEscaped();
+    return text.toHtmlEscaped().replace(QLatin1Char('\''), QLatin1String("&apos;"));
 }
 
 } // namespace Author

@@ -48,6 +48,7 @@ struct ClientAbilities
     bool relatedInformation = false;
     bool literalActions = false;
     bool markdown = false;
+    bool preparesRenaming = false;
     int foldingLimit = 0; // 0: none
 };
 

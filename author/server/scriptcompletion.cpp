@@ -119,7 +119,7 @@ private:
         QSet<QString> names = m_names.declaredAt(place);
         const int script = m_place.inRest(m_place.element());
         if (script >= 0)
-            names.unite(ScriptNames(m_place.rest().textOf(script)).scopes().constFirst().names);
+            names.unite(ScriptNames(m_place.rest().textOf(script)).declaredAt(0));
         QStringList sorted(names.cbegin(), names.cend());
         sorted.sort();
         for (const QString& name : qAsConst(sorted)) {

@@ -32,7 +32,7 @@ void ScriptNames::findScopes()
         const bool isCatch = isSign(i, "catch") && !isSign(i - 1, ".");
         if ((isSign(i, "function") && !isSign(i - 1, ".")) || isCatch) {
             if (!isCatch && isWord(i + 1))
-                m_scopes[current].names.insert(m_tokens.at(i + 1).text);
+                declare(current, i + 1);
             m_scopes.append({current, i, m_tokens.size(), {}});
             current = m_scopes.size() - 1;
             declareParameters(current, isCatch || !isWord(i + 1) ? i + 1 : i + 2);
@@ -52,11 +52,18 @@ void ScriptNames::findScopes()
     }
 }
 
+void ScriptNames::declare(int scope, int token)
+{
+    QHash<QString, int>& names = m_scopes[scope].names;
+    if (!names.contains(m_tokens.at(token).text))
+        names.insert(m_tokens.at(token).text, token);
+}
+
 void ScriptNames::declareParameters(int scope, int index)
 {
     for (; index < m_tokens.size() && !isSign(index, ")") && !isSign(index, "{"); ++index) {
         if (isWord(index))
-            m_scopes[scope].names.insert(m_tokens.at(index).text);
+            declare(scope, index);
     }
 }
 
@@ -66,7 +73,7 @@ void ScriptNames::declareVariables(int scope, int index)
     bool isAwaited = true;
     for (; index < m_tokens.size() && !isSign(index, ";") && nesting >= 0; ++index) {
         if (isAwaited && isWord(index))
-            m_scopes[scope].names.insert(m_tokens.at(index).text);
+            declare(scope, index);
         isAwaited = nesting == 0 && isSign(index, ",");
         if (isSign(index, "(") || isSign(index, "[") || isSign(index, "{"))
             ++nesting;
@@ -104,7 +111,7 @@ QSet<QString> ScriptNames::declaredAt(int token) const
 {
     QSet<QString> names;
     for (int scope = scopeOf(token); scope >= 0; scope = m_scopes.at(scope).parent)
-        names.unite(m_scopes.at(scope).names);
+        names.unite(QSet<QString>(m_scopes.at(scope).names.keyBegin(), m_scopes.at(scope).names.keyEnd()));
     return names;
 }
 
@@ -115,10 +122,27 @@ bool ScriptNames::isKey(int token) const
                                       isSign(token - 1, ";") || isSign(token - 1, "}"));
 }
 
+bool ScriptNames::isName(int token) const
+{
+    return isWord(token) && !isSign(token - 1, ".") && !isKey(token);
+}
+
+int ScriptNames::declaringScope(int token) const
+{
+    if (!isName(token))
+        return -1;
+    int scope = scopeOf(token);
+    // The name of a function belongs to what is around it.
+    if (isSign(token - 1, "function"))
+        scope = m_scopes.at(scope).parent;
+    while (scope >= 0 && !m_scopes.at(scope).names.contains(m_tokens.at(token).text))
+        scope = m_scopes.at(scope).parent;
+    return scope;
+}
+
 bool ScriptNames::isGlobal(int token) const
 {
-    return isWord(token) && !isSign(token - 1, ".") && !isKey(token) &&
-           !isCaptured(token, m_tokens.at(token).text);
+    return isName(token) && declaringScope(token) <= 0;
 }
 
 int ScriptNames::ownerOf(int token) const

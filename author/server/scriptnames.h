@@ -3,6 +3,7 @@
 
 #include <author/check/scripttokens.h>
 
+#include <QHash>
 #include <QSet>
 #include <QString>
 #include <QVector>
@@ -16,7 +17,7 @@ struct ScriptScope
     int parent = -1;
     int begin = 0; // tokens
     int end = 0;
-    QSet<QString> names; // declared in it
+    QHash<QString, int> names; // declared in it, with the token that does
 };
 
 /**
@@ -29,6 +30,9 @@ public:
     explicit ScriptNames(const QString& code);
 
     const QVector<ScriptToken>& tokens() const { return m_tokens; }
+    /** The scope that declares what the token means; -1 if none does, or it is no word that means anything.
+     */
+    int declaringScope(int token) const;
     /** True if the token is a word that means the global of that name. */
     bool isGlobal(int token) const;
     /** The token that stands before "." before this one; -1 if this is no member of a bare name. */
@@ -45,10 +49,12 @@ private:
     bool isSign(int index, const char* sign) const;
     bool isWord(int index) const;
     void findScopes();
+    void declare(int scope, int token);
     void declareParameters(int scope, int index);
     void declareVariables(int scope, int index);
     int scopeOf(int token) const;
     bool isKey(int token) const;
+    bool isName(int token) const;
 
     QVector<ScriptToken> m_tokens;
     QVector<ScriptScope> m_scopes; // the first is the whole; inner ones follow outer ones
