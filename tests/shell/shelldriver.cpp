@@ -5,6 +5,7 @@
 //   click NAME      a mouse click in the middle of the control
 //   toggle NAME     a click on the mark of a check box
 //   ask NAME        a request for the control's context menu
+//   tell NAME       says the text of the label
 //   go on           the action "Continue" of the script debugger
 //   await WHAT      until there is a dialog, menu, debugger or main window
 //   await no WHAT   until there is none
@@ -18,6 +19,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QGenericPlugin>
+#include <QLabel>
 #include <QMainWindow>
 #include <QTimer>
 #include <QToolBar>
@@ -70,6 +72,11 @@ QWidget* control(const QString& name)
 void clickMark(QWidget* box)
 {
     QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+}
+
+void tellText(const QWidget* label)
+{
+    std::fprintf(stderr, "driver: text %s\n", qPrintable(static_cast<const QLabel*>(label)->text()));
 }
 
 class ShellDriver : public QObject
@@ -134,6 +141,8 @@ private:
             clickMark(control(object));
         else if (verb == QLatin1String("ask"))
             askForMenu(control(object));
+        else if (verb == QLatin1String("tell"))
+            tellText(control(object));
         else if (verb == QLatin1String("go"))
             continueAction(visibleWindow(true))->trigger();
         else if (verb == QLatin1String("shape"))

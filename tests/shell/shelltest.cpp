@@ -55,6 +55,14 @@ void ShellTest::start(const QStringList& arguments)
     QVERIFY2(program->waitForStarted(), qPrintable(program->errorString()));
 }
 
+void ShellTest::drive(const QStringList& arguments, const QString& steps)
+{
+    setEnvironment(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(ZORVA_SHELL_PLUGINS));
+    setEnvironment(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("shelldriver"));
+    setEnvironment(QStringLiteral("ZORVA_SHELL_STEPS"), steps);
+    start(arguments);
+}
+
 void ShellTest::waitUntilShown()
 {
     // The handlers are there before the form is read; what matters is that they are.

@@ -19,6 +19,8 @@ protected:
     /** A null @p value takes the variable away. */
     void setEnvironment(const QString& name, const QString& value);
     void start(const QStringList& arguments);
+    /** As start(), with the plugin that performs @p steps from inside the program. */
+    void drive(const QStringList& arguments, const QString& steps);
     /** Until the program obeys requests to end; it ends by itself if there is nothing to show. */
     void waitUntilShown();
     /** Until the program has said @p words on stderr. */

@@ -73,19 +73,10 @@ private Q_SLOTS:
     void parametersAreWholeWhenTheDisplayGoesAway();
 
 private:
-    void drive(const QStringList& arguments, const QString& steps);
     void driveOn(const Display& display, const QStringList& arguments, const QString& steps);
     void expectOrderlyEnd();
     void expectEndForWantOfADisplay();
 };
-
-void TestShellFaults::drive(const QStringList& arguments, const QString& steps)
-{
-    setEnvironment(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(ZORVA_SHELL_PLUGINS));
-    setEnvironment(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("shelldriver"));
-    setEnvironment(QStringLiteral("ZORVA_SHELL_STEPS"), steps);
-    start(arguments);
-}
 
 void TestShellFaults::driveOn(const Display& display, const QStringList& arguments, const QString& steps)
 {

@@ -1,5 +1,7 @@
 #include "shelltest.h"
 
+#include <translationfile.h>
+
 #include <QDir>
 #include <QFile>
 
@@ -34,6 +36,8 @@ private Q_SLOTS:
     void wrongOptionsAreExplained_data();
     void wrongOptionsAreExplained();
     void optionsReachTheForm();
+    void captionsComeInTheLanguageAskedFor_data();
+    void captionsComeInTheLanguageAskedFor();
     void storedParametersAreLeftOut();
     void savedFormIsReadAgain();
     void brokenSaveKeepsTheForm();
@@ -362,6 +366,37 @@ void TestZorvaShell::optionsReachTheForm()
     QVERIFY2(contentOf("mine.xml").contains("<First>true</First>"), contentOf("mine.xml").constData());
     QVERIFY(contentOf("mine.xml").contains("<Second>true</Second>"));
     QVERIFY(!QFile::exists(inFolder("ZorvaTest_test.xml")));
+}
+
+void TestZorvaShell::captionsComeInTheLanguageAskedFor_data()
+{
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<QString>("caption");
+    const auto row = [](const char* name, const char* options, const char* caption) {
+        QTest::newRow(name) << QString::fromLatin1(options) << QString::fromLatin1(caption);
+    };
+    row("language and folder", "--language de --translations words", "Lauter Ton");
+    row("another language", "--language fr --translations words", "Volume");
+    row("several folders", "--translations . --translations words --language de_AT", "Lauter Ton");
+    row("no folder", "--language de", "Volume");
+}
+
+void TestZorvaShell::captionsComeInTheLanguageAskedFor()
+{
+    QFETCH(QString, options);
+    QFETCH(QString, caption);
+    QVERIFY(makeFile(inFolder("audio.zorva"),
+                     "<KVParamGui><Sheet name=\"sheet\"><Widget name=\"gain\" class=\"SpinBox\">"
+                     "<Property name=\"labelText\"><String>Volume</String></Property>"
+                     "</Widget></Sheet></KVParamGui>"));
+    QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("words")));
+    QVERIFY(makeFile(inFolder("words/audio_de.qm"),
+                     translationFile({{"gain", "Volume", "", QStringLiteral("Lauter Ton")}})));
+    drive(QStringList(QStringLiteral("audio.zorva")) + options.split(QLatin1Char(' ')),
+          QStringLiteral("tell labelgain; close all"));
+    finish();
+    QVERIFY2(errors.contains(QStringLiteral("driver: text %1\n").arg(caption)), qPrintable(errors));
+    QCOMPARE(program->exitCode(), 0);
 }
 
 void TestZorvaShell::storedParametersAreLeftOut()
