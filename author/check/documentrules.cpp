@@ -13,6 +13,10 @@ constexpr int mostBreaks = 20;
 // A reader notices a little later than a person.
 constexpr int slack = 2;
 
+#define BEFORE_TONE(content)                                                                                 \
+    "<Widget name=\"volume\" class=\"Label\">\n" content "</Widget>\n<Widget name=\"tone\" "                 \
+                                                         "class=\"Label\"/>"
+
 const QVector<Rule> rules{
     {"no-form", Severity::Error, "no form comes of the file",
      "The engine looks for the element `KVParamGui`. Without it, or where the text breaks before it, there "
@@ -77,28 +81,15 @@ const QVector<Rule> rules{
      "anything else there, takes its end for the end of the row, the end of the row for the end of the "
      "sheet, and so "
      "on: all rows behind it are gone, and with them every enumeration and script behind the sheet.",
-     R"(<Widget name="volume" class="Label">
-  <Note>loudness</Note>
-</Widget>
-<Widget name="tone" class="Label"/>)",
-     R"(<Widget name="volume" class="Label">
-  <!-- loudness -->
-</Widget>
-<Widget name="tone" class="Label"/>)"},
+     BEFORE_TONE("  <Note>loudness</Note>\n"), BEFORE_TONE("  <!-- loudness -->\n")},
     {"properties-in-row", Severity::Error, "a row with a block `Properties`",
      "The sheet wraps its properties in `Properties`, a row holds them directly. In a row the block acts as "
      "a stray "
      "element: the rest of the row and everything behind it is gone.",
-     R"(<Widget name="volume" class="Label">
-  <Properties>
-    <Property name="text"><String>loud</String></Property>
-  </Properties>
-</Widget>
-<Widget name="tone" class="Label"/>)",
-     R"(<Widget name="volume" class="Label">
-  <Property name="text"><String>loud</String></Property>
-</Widget>
-<Widget name="tone" class="Label"/>)"},
+     BEFORE_TONE("  <Properties>\n"
+                 "    <Property name=\"text\"><String>loud</String></Property>\n"
+                 "  </Properties>\n"),
+     BEFORE_TONE("  <Property name=\"text\"><String>loud</String></Property>\n")},
     {"misplaced-property", Severity::Error, "a property directly in the sheet",
      "The properties of the sheet stand in a block `Properties`. One that stands beside it is skipped.",
      R"(<Property name="autoApplyEnabled"><Bool>true</Bool></Property>)",
@@ -107,26 +98,14 @@ const QVector<Rule> rules{
      "The value of a property stands in an element that says its type: `<Int>40</Int>`. Without it the "
      "property is "
      "lost, and the engine leaves the row too early: everything behind it is gone, as with a stray element.",
-     R"(<Widget name="volume" class="Label">
-  <Property name="text">loud</Property>
-</Widget>
-<Widget name="tone" class="Label"/>)",
-     R"(<Widget name="volume" class="Label">
-  <Property name="text"><String>loud</String></Property>
-</Widget>
-<Widget name="tone" class="Label"/>)"},
+     BEFORE_TONE("  <Property name=\"text\">loud</Property>\n"),
+     BEFORE_TONE("  <Property name=\"text\"><String>loud</String></Property>\n")},
     {"element-in-text", Severity::Error, "an element inside a text",
      "Values, names and scripts are texts. At an element within one the engine stops reading the whole "
      "document, as at "
      "broken XML. Write `&lt;` for the character, or put a script into a CDATA section.",
-     R"(<Widget name="volume" class="Label">
-  <Property name="text"><String>very <b>loud</b></String></Property>
-</Widget>
-<Widget name="tone" class="Label"/>)",
-     R"(<Widget name="volume" class="Label">
-  <Property name="text"><String>very &lt;b>loud&lt;/b></String></Property>
-</Widget>
-<Widget name="tone" class="Label"/>)"},
+     BEFORE_TONE("  <Property name=\"text\"><String>very <b>loud</b></String></Property>\n"),
+     BEFORE_TONE("  <Property name=\"text\"><String>very &lt;b>loud&lt;/b></String></Property>\n")},
     {"second-value", Severity::Error, "a second element in a property",
      "The first element of a property is its value, and all others are skipped with what they hold. Perhaps "
      "the end "
@@ -423,9 +402,7 @@ void DocumentCheck::checkAttributes(int index)
     const Element* const known = m_subject.kinds().findElement(element(index).name);
     if (!known)
         return;
-    QStringList names;
-    for (const Attribute& attribute : known->attributes)
-        names.append(attribute.name);
+    const QStringList names = namesOf(known->attributes);
     for (const SourceAttribute& attribute : element(index).attributes) {
         if (names.contains(attribute.name) || attribute.name.startsWith(QLatin1String("xmlns")))
             continue;

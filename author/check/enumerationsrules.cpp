@@ -206,10 +206,11 @@ private:
         const int found = m_byName.value(property.text, -1);
         if (found < 0 && !property.text.isEmpty()) {
             const QStringList names = m_byName.keys();
-            m_subject.report("unknown-enumeration", m_subject.description().contentRange(property.type),
-                             QStringLiteral("there is no enumeration `%1`, so there is nothing to choose")
-                                 .arg(property.text),
-                             -1, nearest(property.text, names));
+            m_subject.reportValue(
+                "unknown-enumeration", property,
+                QStringLiteral("there is no enumeration `%1`, so there is nothing to choose")
+                    .arg(property.text),
+                nearest(property.text, names));
         }
         return found;
     }
@@ -224,12 +225,12 @@ private:
         if (values.isEmpty() || values.contains(property.text))
             return;
         const int first = m_subject.description().child(enumeration, "EnumValue");
-        m_subject.report(
-            "start-value", m_subject.description().contentRange(property.type),
+        m_subject.reportValue(
+            "start-value", property,
             QStringLiteral("no entry of `%1` has the value `%2`; the row starts on `%3` (%4) instead")
                 .arg(m_subject.element(enumeration).value("name"), property.text, values.first(),
                      part(first, "DisplayName")),
-            -1, nearest(property.text, values));
+            nearest(property.text, values));
     }
 
     Subject& m_subject;

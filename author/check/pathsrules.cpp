@@ -84,7 +84,7 @@ private:
             if (property.type >= 0 && property.text == row.path() &&
                 (property.name == QLatin1String("parameterXmlTag") ||
                  property.name == QLatin1String("customXmlTag")))
-                return m_subject.description().contentRange(property.type);
+                return m_subject.valueRange(property);
         }
         const SourceAttribute* const name = m_subject.element(row.element()).attribute("name");
         return name ? name->valueRange : m_subject.element(row.element()).nameRange();

@@ -183,19 +183,15 @@ public:
             checkProperties(sheet);
             const WrittenProperty* const pause = sheet.find("autoApplyTimeout");
             if (pause && pause->number().value_or(100.0) < 100.0)
-                report("short-pause", *pause,
-                       QStringLiteral("the pause will be 100 milliseconds, not `%1`").arg(pause->text));
+                m_subject.reportValue(
+                    "short-pause", *pause,
+                    QStringLiteral("the pause will be 100 milliseconds, not `%1`").arg(pause->text));
         }
         for (const WrittenRow& row : m_form.rows())
             checkRow(row);
     }
 
 private:
-    void report(const char* id, const WrittenProperty& property, const QString& message)
-    {
-        m_subject.report(id, m_subject.description().contentRange(property.type), message);
-    }
-
     void checkRow(const WrittenRow& row)
     {
         if (!row.isKnown()) {
@@ -218,9 +214,6 @@ private:
 
     void reportClass(const WrittenRow& row)
     {
-        QStringList names;
-        for (const ControlClass& known : m_subject.kinds().classes())
-            names.append(known.name);
         if (!m_subject.element(row.element()).sound)
             return;
         const SourceAttribute* const written = m_subject.element(row.element()).attribute("class");
@@ -234,7 +227,7 @@ private:
                 QStringLiteral("there is no class `%1`, so this row has no control, no value and no "
                                "parameters; `zorva kinds` lists the classes")
                     .arg(row.className()),
-                -1, nearest(row.className(), names));
+                -1, nearest(row.className(), namesOf(m_subject.kinds().classes())));
     }
 
     void checkProperties(const WrittenRow& row)
@@ -274,10 +267,7 @@ private:
 
     void reportUnknown(const WrittenRow& row, const QString& name, Range place)
     {
-        QStringList names;
-        for (const Property& property : row.kind().properties)
-            names.append(property.name);
-        const QString near = nearest(name, names);
+        const QString near = nearest(name, namesOf(row.kind().properties));
         const QString of = row.className().isEmpty() ? QStringLiteral("the sheet") : row.className();
         m_subject.report(near.isEmpty() ? "unknown-property" : "misspelt-property", place,
                          QStringLiteral("`%1` knows no property `%2`, so it does nothing").arg(of, name), -1,
@@ -328,7 +318,7 @@ private:
         const WrittenProperty* const maximum = row.find("maximum");
         if (minimum && maximum && minimum->number() && maximum->number() &&
             *minimum->number() > *maximum->number()) {
-            report(
+            m_subject.reportValue(
                 "empty-range", *minimum,
                 QStringLiteral("the minimum %1 is above the maximum %2").arg(minimum->text, maximum->text));
             return;
@@ -338,9 +328,10 @@ private:
             checkStart(row, row.find(name), minimum, maximum);
         const WrittenProperty* const step = row.find("singleStep");
         if (step && step->number() && *step->number() <= 0.0)
-            report("bad-step", *step,
-                   *step->number() < 0.0 ? QStringLiteral("a step of %1 goes the wrong way").arg(step->text)
-                                         : QStringLiteral("a step of 0 changes nothing"));
+            m_subject.reportValue("bad-step", *step,
+                                  *step->number() < 0.0
+                                      ? QStringLiteral("a step of %1 goes the wrong way").arg(step->text)
+                                      : QStringLiteral("a step of 0 changes nothing"));
         checkDecimals(row, step);
     }
 
@@ -350,8 +341,9 @@ private:
             const WrittenProperty* const factor = row.find(name);
             const Property* const known = row.kind().findProperty(QLatin1String(name));
             if (factor && known && !known->inert && factor->number() && *factor->number() == 0.0)
-                report("zero-factor", *factor,
-                       QStringLiteral("a `%1` of 0 leaves nothing to show").arg(QLatin1String(name)));
+                m_subject.reportValue(
+                    "zero-factor", *factor,
+                    QStringLiteral("a `%1` of 0 leaves nothing to show").arg(QLatin1String(name)));
         }
     }
 
@@ -368,11 +360,11 @@ private:
         const double value = shown(row, *start->number());
         const double slack = 1e-9 * std::fmax(1.0, std::abs(value));
         if (minimum && minimum->number() && value < *minimum->number() - slack)
-            report(
+            m_subject.reportValue(
                 "start-outside", *start,
                 QStringLiteral("the start value %1 is below the minimum %2").arg(start->text, minimum->text));
         else if (maximum && maximum->number() && value > *maximum->number() + slack)
-            report(
+            m_subject.reportValue(
                 "start-outside", *start,
                 QStringLiteral("the start value %1 is above the maximum %2").arg(start->text, maximum->text));
     }
@@ -388,12 +380,13 @@ private:
         if (scale == 0.0)
             return;
         if (step && step->number() && decimalsOf(*step->number() / scale) > decimals)
-            report(
+            m_subject.reportValue(
                 "few-decimals", *step,
                 QStringLiteral("a step of %1 does not show with %2 decimals").arg(step->text).arg(decimals));
         else if (value && value->number() && decimalsOf(shown(row, *value->number()) / scale) > decimals)
-            report("few-decimals", *value,
-                   QStringLiteral("%1 does not show with %2 decimals").arg(value->text).arg(decimals));
+            m_subject.reportValue(
+                "few-decimals", *value,
+                QStringLiteral("%1 does not show with %2 decimals").arg(value->text).arg(decimals));
     }
 
     void checkUnit(const WrittenRow& row)
@@ -406,14 +399,16 @@ private:
         const QString unit = row.text("unit");
         static const QStringList scaled{QStringLiteral("kHz"), QStringLiteral("MHz"), QStringLiteral("GHz")};
         if (unit.isEmpty())
-            report("unit-scale", *scale,
-                   QStringLiteral("what is shown is divided by %1, but `unit` does not say of what")
-                       .arg(scale->text));
+            m_subject.reportValue(
+                "unit-scale", *scale,
+                QStringLiteral("what is shown is divided by %1, but `unit` does not say of what")
+                    .arg(scale->text));
         else if (scaled.contains(unit, Qt::CaseInsensitive))
-            report("unit-scale", *row.find("unit"),
-                   QStringLiteral(
-                       "the number in parameter XML is not divided by `unitScale`, so its unit is not `%1`")
-                       .arg(unit));
+            m_subject.reportValue(
+                "unit-scale", *row.find("unit"),
+                QStringLiteral(
+                    "the number in parameter XML is not divided by `unitScale`, so its unit is not `%1`")
+                    .arg(unit));
     }
 
     Subject& m_subject;

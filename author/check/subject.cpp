@@ -66,5 +66,16 @@ Finding& Subject::reportAt(const char* id, int index, const QString& message, co
     return report(id, {about.tag.begin, about.nameRange().end}, message, index, fix);
 }
 
+Range Subject::valueRange(const WrittenProperty& property) const
+{
+    return m_description.contentRange(property.type);
+}
+
+Finding& Subject::reportValue(const char* id, const WrittenProperty& property, const QString& message,
+                              const QString& fix)
+{
+    return report(id, valueRange(property), message, -1, fix);
+}
+
 } // namespace Author
 } // namespace Orvane

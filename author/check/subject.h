@@ -18,6 +18,7 @@ namespace Author {
 class ScriptRunner;
 class WrittenForm;
 struct ScriptTrial;
+struct WrittenProperty;
 
 /** One description under examination: what the rules look at, and where they report. */
 class Subject
@@ -48,6 +49,12 @@ public:
                     const QString& fix = QString());
     /** The same at the name in the element's start tag. */
     Finding& reportAt(const char* id, int element, const QString& message, const QString& fix = QString());
+
+    /** Where the text of the property's value stands; it has a type element. */
+    Range valueRange(const WrittenProperty& property) const;
+    /** A finding there. */
+    Finding& reportValue(const char* id, const WrittenProperty& property, const QString& message,
+                         const QString& fix = QString());
 
     const QVector<Finding>& findings() const { return m_findings; }
     QVector<Finding>& findings() { return m_findings; }

@@ -87,9 +87,7 @@ private:
     void checkProperty(const WrittenRow& row, const WrittenProperty& property)
     {
         if (!m_subject.kinds().isValueType(property.typeName)) {
-            QStringList types;
-            for (const ValueType& type : m_subject.kinds().valueTypes())
-                types.append(type.name);
+            const QStringList types = namesOf(m_subject.kinds().valueTypes());
             m_subject.report(
                 "type-name", m_subject.element(property.type).nameRange(),
                 QStringLiteral("there is no type `%1`, and the value counts as text; the types are `%2`")
@@ -106,20 +104,16 @@ private:
             checkNumber(property, type);
     }
 
-    Range place(const WrittenProperty& property) const
-    {
-        return m_subject.description().contentRange(property.type);
-    }
-
     void checkBool(const WrittenProperty& property)
     {
         if (property.text == QLatin1String("true") || property.text == QLatin1String("false"))
             return;
         const QString meant = property.text.trimmed().toLower();
         const bool isNear = meant == QLatin1String("true") || meant == QLatin1String("false");
-        m_subject.report("bool-text", place(property),
-                         QStringLiteral("`%1` is false, because it is not exactly `true`").arg(property.text),
-                         -1, isNear ? meant : QString());
+        m_subject.reportValue(
+            "bool-text", property,
+            QStringLiteral("`%1` is false, because it is not exactly `true`").arg(property.text),
+            isNear ? meant : QString());
     }
 
     void checkTruth(const WrittenProperty& property)
@@ -127,8 +121,8 @@ private:
         static const QStringList sensible{QStringLiteral("true"), QStringLiteral("false"),
                                           QStringLiteral("1"), QStringLiteral("0")};
         if (!sensible.contains(property.text))
-            m_subject.report(
-                "bool-text", place(property),
+            m_subject.reportValue(
+                "bool-text", property,
                 QStringLiteral("`%1` counts as %2 here; write `<Bool>true</Bool>` or `<Bool>false</Bool>`")
                     .arg(property.text,
                          property.isTrue() ? QStringLiteral("true") : QStringLiteral("false")));
@@ -146,9 +140,9 @@ private:
             : property.number()
                 ? QStringLiteral("it is no number of the kind that `%1` needs").arg(property.name)
                 : QStringLiteral("it is no number");
-        m_subject.report("number-text", place(property),
-                         QStringLiteral("`%1` counts as not given: %2").arg(property.text, why), -1,
-                         isComma ? fixed : QString());
+        m_subject.reportValue("number-text", property,
+                              QStringLiteral("`%1` counts as not given: %2").arg(property.text, why),
+                              isComma ? fixed : QString());
     }
 
     Subject& m_subject;

@@ -165,6 +165,17 @@ struct ScriptLanguage
     QStringList globals() const;
 };
 
+/** The names of classes, properties, attributes and so on, in their order. */
+template <typename Named>
+QStringList namesOf(const QList<Named>& all)
+{
+    QStringList names;
+    names.reserve(all.size());
+    for (const Named& one : all)
+        names.append(one.name);
+    return names;
+}
+
 /**
  * The one table of the language, read from kinds.json: every class, property, signal,
  * slot and element with what it does. Nothing in it changes after the first use; all
