@@ -1,6 +1,4 @@
-#include "checktest.h"
-
-#include <QTest>
+#include "rulestest.h"
 
 #define ROW(name) "<Widget name=\"" name "\" class=\"Separator\"/>\n"
 #define ROW_A ROW("a")
@@ -17,26 +15,15 @@ QString root(const char* content)
 
 } // namespace
 
-class tst_documentrules : public QObject
+class tst_documentrules : public RulesTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void rules_data()
+protected:
+    void addCases() override
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("places");
-        QTest::addColumn<QString>("effects");
-        const auto whole = [](const char* what, const char* text, const char* places, const char* effects) {
-            QTest::newRow(what) << QString::fromUtf8(text) << QString::fromLatin1(places)
-                                << QString::fromLatin1(effects);
-        };
-        const auto rows = [](const char* what, const char* text, const char* places, const char* effects) {
-            QTest::newRow(what) << formOf(text) << QString::fromLatin1(places)
-                                << QString::fromLatin1(effects);
-        };
         const auto inRoot = [](const char* what, const char* text, const char* places, const char* effects) {
-            QTest::newRow(what) << root(text) << QString::fromLatin1(places) << QString::fromLatin1(effects);
+            add(what, root(text), places, effects);
         };
         whole("empty", "", "no-form 1:1", "");
         whole("root of another name", "<KVParamGUI><Sheet name=\"s\">" ROW_A "</Sheet></KVParamGUI>",
@@ -111,15 +98,7 @@ private Q_SLOTS:
              "stray-element 4:1, stray-element 7:1", "because of this the form loses the row b");
     }
 
-    void rules()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, places);
-        QFETCH(QString, effects);
-        QCOMPARE(placesIn(text), places);
-        QCOMPARE(effectsIn(text), effects);
-    }
-
+private Q_SLOTS:
     void encodings_data()
     {
         QTest::addColumn<QByteArray>("bytes");

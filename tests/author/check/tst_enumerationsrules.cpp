@@ -1,270 +1,51 @@
-#include "checktest.h"
+#include "rulestest.h"
 
-#include <QTest>
+#define ENTRY(shown, identifier, value)                                                                      \
+    "<EnumValue><DisplayName>" shown "</DisplayName><EnumIdentifier>" identifier                             \
+    "</EnumIdentifier><Value>" value "</Value></EnumValue>"
+#define ENUM_NAME(name) "<Property name=\"enumName\"><String>" name "</String></Property>"
+#define START(value) "<Property name=\"currentValue\"><String>" value "</String></Property>"
 
-class tst_enumerationsrules : public QObject
+class tst_enumerationsrules : public RulesTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void rules_data()
+protected:
+    void addCases() override
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("places");
-        const auto whole = [](const char* what, const char* text, const char* places) {
-            QTest::newRow(what) << QString::fromUtf8(text) << QString::fromLatin1(places);
+        // The entries begin in line 4.
+        const auto choice = [](const char* what, const char* entries, const char* places,
+                               const char* properties = ENUM_NAME("E")) {
+            add(what,
+                QStringLiteral(
+                    "<KVParamGui version=\"1.0\">\n<Enums>\n<Enum name=\"E\">\n%1\n</Enum>\n</Enums>\n"
+                    "<Sheet name=\"sheet\">\n<Widget name=\"row\" class=\"ComboBox\">\n%2\n"
+                    "<Property name=\"labelText\"><String>A</String></Property>" SHOWN_AND_SENT
+                    "</Widget>\n</Sheet>\n</KVParamGui>")
+                    .arg(QString::fromLatin1(entries), QString::fromLatin1(properties)),
+                places);
         };
-        whole("all is well",
-              "<KVParamGui version=\"1.0\">\n"
-              "<Enums>\n"
-              "<Enum name=\"E\">\n"
-              "<EnumValue><DisplayName>1</DisplayName><EnumIdentifier>A</EnumIdentifier><Value>1</Value></"
-              "EnumValue>\n"
-              "<EnumValue><DisplayName>2</DisplayName><EnumIdentifier>B</EnumIdentifier><Value>2</Value></"
-              "EnumValue>\n"
-              "</Enum>\n"
-              "</Enums>\n"
-              "<Sheet name=\"sheet\">\n"
-              "<Widget name=\"row\" class=\"ComboBox\">\n"
-              "<Property name=\"enumName\"><String>E</String></Property>\n"
-              "<Property name=\"labelText\"><String>A</String></Property><Property "
-              "name=\"enabled\"><Bool>true</Bool></Property><Property "
-              "name=\"visible\"><Bool>true</Bool></Property><Property "
-              "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-              "</Widget>\n"
-              "</Sheet>\n"
-              "</KVParamGui>",
-              "");
-        whole("a part is missing",
-              "<KVParamGui version=\"1.0\">\n"
-              "<Enums>\n"
-              "<Enum name=\"E\">\n"
-              "<EnumValue><DisplayName>1</DisplayName><EnumIdentifier>A</EnumIdentifier><Value>1</Value></"
-              "EnumValue>\n"
-              "<EnumValue><DisplayName>2</DisplayName><Value>2</Value></EnumValue>\n"
-              "</Enum>\n"
-              "</Enums>\n"
-              "<Sheet name=\"sheet\">\n"
-              "<Widget name=\"row\" class=\"ComboBox\">\n"
-              "<Property name=\"enumName\"><String>E</String></Property>\n"
-              "<Property name=\"labelText\"><String>A</String></Property><Property "
-              "name=\"enabled\"><Bool>true</Bool></Property><Property "
-              "name=\"visible\"><Bool>true</Bool></Property><Property "
-              "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-              "</Widget>\n"
-              "</Sheet>\n"
-              "</KVParamGui>",
-              "entry-part 5:1");
-        whole("an empty part",
-              "<KVParamGui version=\"1.0\">\n"
-              "<Enums>\n"
-              "<Enum name=\"E\">\n"
-              "<EnumValue><DisplayName>1</DisplayName><EnumIdentifier>A</EnumIdentifier><Value>1</Value></"
-              "EnumValue>\n"
-              "<EnumValue><DisplayName>2</DisplayName><EnumIdentifier>B</EnumIdentifier><Value></Value></"
-              "EnumValue>\n"
-              "</Enum>\n"
-              "</Enums>\n"
-              "<Sheet name=\"sheet\">\n"
-              "<Widget name=\"row\" class=\"ComboBox\">\n"
-              "<Property name=\"enumName\"><String>E</String></Property>\n"
-              "<Property name=\"labelText\"><String>A</String></Property><Property "
-              "name=\"enabled\"><Bool>true</Bool></Property><Property "
-              "name=\"visible\"><Bool>true</Bool></Property><Property "
-              "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-              "</Widget>\n"
-              "</Sheet>\n"
-              "</KVParamGui>",
-              "entry-part 5:1");
-        whole("no entries",
-              "<KVParamGui version=\"1.0\">\n"
-              "<Enums>\n"
-              "<Enum name=\"E\">\n"
-              "\n"
-              "</Enum>\n"
-              "</Enums>\n"
-              "<Sheet name=\"sheet\">\n"
-              "<Widget name=\"row\" class=\"ComboBox\">\n"
-              "<Property name=\"enumName\"><String>E</String></Property>\n"
-              "<Property name=\"labelText\"><String>A</String></Property><Property "
-              "name=\"enabled\"><Bool>true</Bool></Property><Property "
-              "name=\"visible\"><Bool>true</Bool></Property><Property "
-              "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-              "</Widget>\n"
-              "</Sheet>\n"
-              "</KVParamGui>",
-              "empty-enumeration 3:1");
-        whole("an identifier with a minus",
-              "<KVParamGui version=\"1.0\">\n"
-              "<Enums>\n"
-              "<Enum name=\"E\">\n"
-              "<EnumValue><DisplayName>1</DisplayName><EnumIdentifier>A-B</EnumIdentifier><Value>1</Value></"
-              "EnumValue>\n"
-              "</Enum>\n"
-              "</Enums>\n"
-              "<Sheet name=\"sheet\">\n"
-              "<Widget name=\"row\" class=\"ComboBox\">\n"
-              "<Property name=\"enumName\"><String>E</String></Property>\n"
-              "<Property name=\"labelText\"><String>A</String></Property><Property "
-              "name=\"enabled\"><Bool>true</Bool></Property><Property "
-              "name=\"visible\"><Bool>true</Bool></Property><Property "
-              "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-              "</Widget>\n"
-              "</Sheet>\n"
-              "</KVParamGui>",
-              "entry-identifier 4:56");
-        whole("a shown text twice",
-              "<KVParamGui version=\"1.0\">\n"
-              "<Enums>\n"
-              "<Enum name=\"E\">\n"
-              "<EnumValue><DisplayName>1</DisplayName><EnumIdentifier>A</EnumIdentifier><Value>1</Value></"
-              "EnumValue>\n"
-              "<EnumValue><DisplayName>1</DisplayName><EnumIdentifier>B</EnumIdentifier><Value>2</Value></"
-              "EnumValue>\n"
-              "</Enum>\n"
-              "</Enums>\n"
-              "<Sheet name=\"sheet\">\n"
-              "<Widget name=\"row\" class=\"ComboBox\">\n"
-              "<Property name=\"enumName\"><String>E</String></Property>\n"
-              "<Property name=\"labelText\"><String>A</String></Property><Property "
-              "name=\"enabled\"><Bool>true</Bool></Property><Property "
-              "name=\"visible\"><Bool>true</Bool></Property><Property "
-              "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-              "</Widget>\n"
-              "</Sheet>\n"
-              "</KVParamGui>",
-              "doubled-entry 5:25");
-        whole("a value twice",
-              "<KVParamGui version=\"1.0\">\n"
-              "<Enums>\n"
-              "<Enum name=\"E\">\n"
-              "<EnumValue><DisplayName>1</DisplayName><EnumIdentifier>A</EnumIdentifier><Value>1</Value></"
-              "EnumValue>\n"
-              "<EnumValue><DisplayName>2</DisplayName><EnumIdentifier>B</EnumIdentifier><Value>1</Value></"
-              "EnumValue>\n"
-              "</Enum>\n"
-              "</Enums>\n"
-              "<Sheet name=\"sheet\">\n"
-              "<Widget name=\"row\" class=\"ComboBox\">\n"
-              "<Property name=\"enumName\"><String>E</String></Property>\n"
-              "<Property name=\"labelText\"><String>A</String></Property><Property "
-              "name=\"enabled\"><Bool>true</Bool></Property><Property "
-              "name=\"visible\"><Bool>true</Bool></Property><Property "
-              "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-              "</Widget>\n"
-              "</Sheet>\n"
-              "</KVParamGui>",
-              "doubled-entry 5:81");
-        whole("an identifier twice",
-              "<KVParamGui version=\"1.0\">\n"
-              "<Enums>\n"
-              "<Enum name=\"E\">\n"
-              "<EnumValue><DisplayName>1</DisplayName><EnumIdentifier>A</EnumIdentifier><Value>1</Value></"
-              "EnumValue>\n"
-              "<EnumValue><DisplayName>2</DisplayName><EnumIdentifier>A</EnumIdentifier><Value>2</Value></"
-              "EnumValue>\n"
-              "</Enum>\n"
-              "</Enums>\n"
-              "<Sheet name=\"sheet\">\n"
-              "<Widget name=\"row\" class=\"ComboBox\">\n"
-              "<Property name=\"enumName\"><String>E</String></Property>\n"
-              "<Property name=\"labelText\"><String>A</String></Property><Property "
-              "name=\"enabled\"><Bool>true</Bool></Property><Property "
-              "name=\"visible\"><Bool>true</Bool></Property><Property "
-              "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-              "</Widget>\n"
-              "</Sheet>\n"
-              "</KVParamGui>",
-              "doubled-entry 5:56");
-        whole("a part twice",
-              "<KVParamGui version=\"1.0\">\n"
-              "<Enums>\n"
-              "<Enum name=\"E\">\n"
-              "<EnumValue><DisplayName>2</DisplayName><DisplayName>1</DisplayName><EnumIdentifier>A</"
-              "EnumIdentifier><Value>2</Value></EnumValue>\n"
-              "</Enum>\n"
-              "</Enums>\n"
-              "<Sheet name=\"sheet\">\n"
-              "<Widget name=\"row\" class=\"ComboBox\">\n"
-              "<Property name=\"enumName\"><String>E</String></Property>\n"
-              "<Property name=\"labelText\"><String>A</String></Property><Property "
-              "name=\"enabled\"><Bool>true</Bool></Property><Property "
-              "name=\"visible\"><Bool>true</Bool></Property><Property "
-              "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-              "</Widget>\n"
-              "</Sheet>\n"
-              "</KVParamGui>",
-              "doubled-part 4:40");
-        whole("another enumeration",
-              "<KVParamGui version=\"1.0\">\n"
-              "<Enums>\n"
-              "<Enum name=\"E\">\n"
-              "<EnumValue><DisplayName>1</DisplayName><EnumIdentifier>A</EnumIdentifier><Value>1</Value></"
-              "EnumValue>\n"
-              "</Enum>\n"
-              "</Enums>\n"
-              "<Sheet name=\"sheet\">\n"
-              "<Widget name=\"row\" class=\"ComboBox\">\n"
-              "<Property name=\"enumName\"><String>F</String></Property>\n"
-              "<Property name=\"labelText\"><String>A</String></Property><Property "
-              "name=\"enabled\"><Bool>true</Bool></Property><Property "
-              "name=\"visible\"><Bool>true</Bool></Property><Property "
-              "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-              "</Widget>\n"
-              "</Sheet>\n"
-              "</KVParamGui>",
-              "unused-enumeration 3:1, unknown-enumeration 9:35");
-        whole("a start that is not there",
-              "<KVParamGui version=\"1.0\">\n"
-              "<Enums>\n"
-              "<Enum name=\"E\">\n"
-              "<EnumValue><DisplayName>1</DisplayName><EnumIdentifier>A</EnumIdentifier><Value>1</Value></"
-              "EnumValue>\n"
-              "<EnumValue><DisplayName>2</DisplayName><EnumIdentifier>B</EnumIdentifier><Value>2</Value></"
-              "EnumValue>\n"
-              "</Enum>\n"
-              "</Enums>\n"
-              "<Sheet name=\"sheet\">\n"
-              "<Widget name=\"row\" class=\"ComboBox\">\n"
-              "<Property name=\"enumName\"><String>E</String></Property><Property "
-              "name=\"currentValue\"><String>3</String></Property>\n"
-              "<Property name=\"labelText\"><String>A</String></Property><Property "
-              "name=\"enabled\"><Bool>true</Bool></Property><Property "
-              "name=\"visible\"><Bool>true</Bool></Property><Property "
-              "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-              "</Widget>\n"
-              "</Sheet>\n"
-              "</KVParamGui>",
-              "start-value 10:94");
-        whole("a start that is there",
-              "<KVParamGui version=\"1.0\">\n"
-              "<Enums>\n"
-              "<Enum name=\"E\">\n"
-              "<EnumValue><DisplayName>1</DisplayName><EnumIdentifier>A</EnumIdentifier><Value>1</Value></"
-              "EnumValue>\n"
-              "<EnumValue><DisplayName>2</DisplayName><EnumIdentifier>B</EnumIdentifier><Value>2</Value></"
-              "EnumValue>\n"
-              "</Enum>\n"
-              "</Enums>\n"
-              "<Sheet name=\"sheet\">\n"
-              "<Widget name=\"row\" class=\"ComboBox\">\n"
-              "<Property name=\"enumName\"><String>E</String></Property><Property "
-              "name=\"currentValue\"><String>2</String></Property>\n"
-              "<Property name=\"labelText\"><String>A</String></Property><Property "
-              "name=\"enabled\"><Bool>true</Bool></Property><Property "
-              "name=\"visible\"><Bool>true</Bool></Property><Property "
-              "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-              "</Widget>\n"
-              "</Sheet>\n"
-              "</KVParamGui>",
-              "");
-    }
-
-    void rules()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, places);
-        QCOMPARE(placesIn(text), places);
+        choice("all is well", ENTRY("1", "A", "1") "\n" ENTRY("2", "B", "2"), "");
+        choice("a part is missing",
+               ENTRY("1", "A", "1") "\n"
+                                    "<EnumValue><DisplayName>2</DisplayName><Value>2</Value></EnumValue>",
+               "entry-part 5:1");
+        choice("an empty part", ENTRY("1", "A", "1") "\n" ENTRY("2", "B", ""), "entry-part 5:1");
+        choice("no entries", "", "empty-enumeration 3:1");
+        choice("an identifier with a minus", ENTRY("1", "A-B", "1"), "entry-identifier 4:56");
+        choice("a shown text twice", ENTRY("1", "A", "1") "\n" ENTRY("1", "B", "2"), "doubled-entry 5:25");
+        choice("a value twice", ENTRY("1", "A", "1") "\n" ENTRY("2", "B", "1"), "doubled-entry 5:81");
+        choice("an identifier twice", ENTRY("1", "A", "1") "\n" ENTRY("2", "A", "2"), "doubled-entry 5:56");
+        choice("a part twice",
+               "<EnumValue><DisplayName>2</DisplayName><DisplayName>1</DisplayName><EnumIdentifier>A</"
+               "EnumIdentifier><Value>2</Value></EnumValue>",
+               "doubled-part 4:40");
+        choice("another enumeration", ENTRY("1", "A", "1"),
+               "unused-enumeration 3:1, unknown-enumeration 9:35", ENUM_NAME("F"));
+        choice("a start that is not there", ENTRY("1", "A", "1") "\n" ENTRY("2", "B", "2"),
+               "start-value 10:94", ENUM_NAME("E") START("3"));
+        choice("a start that is there", ENTRY("1", "A", "1") "\n" ENTRY("2", "B", "2"), "",
+               ENUM_NAME("E") START("2"));
     }
 };
 

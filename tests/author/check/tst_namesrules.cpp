@@ -1,27 +1,19 @@
-#include "checktest.h"
+#include "rulestest.h"
 
-#include <QTest>
-
-class tst_namesrules : public QObject
+class tst_namesrules : public RulesTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void rules_data()
+protected:
+    void addCases() override
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("places");
-        QTest::addColumn<QString>("effects");
-        const auto rows = [](const char* what, const char* text, const char* places) {
-            QTest::newRow(what) << formOf(text) << QString::fromLatin1(places) << QString();
-        };
         const auto enums = [](const char* what, const char* text, const char* places, const char* effects) {
-            QTest::newRow(what) << QStringLiteral(
-                                       "<KVParamGui>\n<Enums>\n%1</Enums>\n<Sheet name=\"sheet\">\n"
-                                       "<Widget name=\"row\" class=\"Separator\"/>\n</Sheet>\n<Script "
-                                       "language=\"QtScript\">E;</Script>\n</KVParamGui>\n")
-                                       .arg(QString::fromLatin1(text))
-                                << QString::fromLatin1(places) << QString::fromLatin1(effects);
+            add(what,
+                QStringLiteral("<KVParamGui>\n<Enums>\n%1</Enums>\n<Sheet name=\"sheet\">\n"
+                               "<Widget name=\"row\" class=\"Separator\"/>\n</Sheet>\n<Script "
+                               "language=\"QtScript\">E;</Script>\n</KVParamGui>\n")
+                    .arg(QString::fromLatin1(text)),
+                places, effects);
         };
 #define ENUM(name)                                                                                           \
     "<Enum name=\"" name "\"><EnumValue><DisplayName>1</DisplayName><EnumIdentifier>ONE</EnumIdentifier>"    \
@@ -42,15 +34,6 @@ private Q_SLOTS:
              "property-name 3:52");
         enums("two enumerations", ENUM("E") ENUM("E"), "doubled-enumeration 3:1",
               "because of this the form loses the enumeration E");
-    }
-
-    void rules()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, places);
-        QFETCH(QString, effects);
-        QCOMPARE(placesIn(text), places);
-        QCOMPARE(effectsIn(text), effects);
     }
 };
 

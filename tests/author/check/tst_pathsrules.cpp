@@ -1,19 +1,12 @@
-#include "checktest.h"
+#include "rulestest.h"
 
-#include <QTest>
-
-class tst_pathsrules : public QObject
+class tst_pathsrules : public RulesTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void rules_data()
+protected:
+    void addCases() override
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("places");
-        const auto rows = [](const char* what, const char* text, const char* places) {
-            QTest::newRow(what) << formOf(text) << QString::fromLatin1(places);
-        };
         rows("two rows on one path",
              "<Widget name=\"a\" class=\"HiddenParameter\">\n"
              "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
@@ -78,13 +71,6 @@ private Q_SLOTS:
              "name=\"Attribute_a\"><String>1</String></Property></Properties><CustomProperties><Property "
              "name=\"Attribute_a\"><String></String></Property></CustomProperties>",
              "");
-    }
-
-    void rules()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, places);
-        QCOMPARE(placesIn(text), places);
     }
 };
 

@@ -1,63 +1,35 @@
-#include "checktest.h"
+#include "rulestest.h"
 
-#include <QTest>
-
-class tst_reachrules : public QObject
+class tst_reachrules : public RulesTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void rules_data()
+protected:
+    void addCases() override
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("places");
-        const auto rows = [](const char* what, const char* text, const char* places) {
-            QTest::newRow(what) << formOf(text) << QString::fromLatin1(places);
-        };
-        rows("no caption",
-             "<Widget name=\"a\" class=\"LineEdit\">\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+        rows("no caption", "<Widget name=\"a\" class=\"LineEdit\">\n" SHOWN_AND_SENT "</Widget>",
              "no-caption 3:1");
         rows("a tool tip for a caption",
              "<Widget name=\"a\" class=\"LineEdit\">\n"
-             "<Property name=\"toolTip\"><String>A</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"toolTip\"><String>A</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "");
         rows("no range",
              "<Widget name=\"a\" class=\"SpinBox\">\n"
-             "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"labelText\"><String>A</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "untold-range 3:1");
         rows("no unit to see",
              "<Widget name=\"a\" class=\"SpinBox\">\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
              "<Property name=\"minimum\"><Int>1</Int></Property>\n"
              "<Property name=\"maximum\"><Int>2</Int></Property>\n"
-             "<Property name=\"unit\"><String>dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"unit\"><String>dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "untold-unit 3:1");
         rows("the unit in the caption",
              "<Widget name=\"a\" class=\"SpinBox\">\n"
              "<Property name=\"labelText\"><String>A (dB)</String></Property>\n"
              "<Property name=\"minimum\"><Int>1</Int></Property>\n"
              "<Property name=\"maximum\"><Int>2</Int></Property>\n"
-             "<Property name=\"unit\"><String>dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"unit\"><String>dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "");
         rows("never open",
              "<Widget name=\"a\" class=\"LineEdit\">\n"
@@ -67,13 +39,6 @@ private Q_SLOTS:
              "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
              "</Widget>",
              "unreachable 3:1");
-    }
-
-    void rules()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, places);
-        QCOMPARE(placesIn(text), places);
     }
 };
 

@@ -1,19 +1,12 @@
-#include "checktest.h"
+#include "rulestest.h"
 
-#include <QTest>
-
-class tst_rowsrules : public QObject
+class tst_rowsrules : public RulesTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void rules_data()
+protected:
+    void addCases() override
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("places");
-        const auto rows = [](const char* what, const char* text, const char* places) {
-            QTest::newRow(what) << formOf(text) << QString::fromLatin1(places);
-        };
         rows("a class in another case",
              "<Widget name=\"a\" class=\"separator\">\n"
              "\n"
@@ -42,11 +35,7 @@ private Q_SLOTS:
              "inert-property 4:17");
         rows("a choice without an enumeration",
              "<Widget name=\"a\" class=\"ComboBox\">\n"
-             "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"labelText\"><String>A</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "missing-property 3:1");
         rows("a caption without visible",
              "<Widget name=\"a\" class=\"Separator\">\n"
@@ -72,11 +61,7 @@ private Q_SLOTS:
              "<Property name=\"minimum\"><Double>2</Double></Property>\n"
              "<Property name=\"maximum\"><Double>1</Double></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "empty-range 4:34");
         rows("a start below the minimum",
              "<Widget name=\"a\" class=\"DoubleSpinBox\">\n"
@@ -84,11 +69,7 @@ private Q_SLOTS:
              "<Property name=\"maximum\"><Double>4</Double></Property>\n"
              "<Property name=\"value\"><Double>1</Double></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "start-outside 6:32");
         rows("a start above the maximum",
              "<Widget name=\"a\" class=\"DoubleSpinBox\">\n"
@@ -96,11 +77,7 @@ private Q_SLOTS:
              "<Property name=\"maximum\"><Double>4</Double></Property>\n"
              "<Property name=\"value\"><Double>5</Double></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "start-outside 6:32");
         rows("a start inside in display units",
              "<Widget name=\"a\" class=\"DoubleSpinBox\">\n"
@@ -109,11 +86,7 @@ private Q_SLOTS:
              "<Property name=\"value\"><Double>30</Double></Property>\n"
              "<Property name=\"displayScalingFactor\"><Double>0.1</Double></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "");
         rows("a start outside in display units",
              "<Widget name=\"a\" class=\"DoubleSpinBox\">\n"
@@ -122,11 +95,7 @@ private Q_SLOTS:
              "<Property name=\"value\"><Double>3</Double></Property>\n"
              "<Property name=\"displayScalingFactor\"><Double>10</Double></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "start-outside 6:32");
         rows("a step of nothing",
              "<Widget name=\"a\" class=\"DoubleSpinBox\">\n"
@@ -134,11 +103,7 @@ private Q_SLOTS:
              "<Property name=\"maximum\"><Double>4</Double></Property>\n"
              "<Property name=\"singleStep\"><Double>0</Double></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "bad-step 6:37");
         rows("a step back",
              "<Widget name=\"a\" class=\"DoubleSpinBox\">\n"
@@ -146,11 +111,7 @@ private Q_SLOTS:
              "<Property name=\"maximum\"><Double>4</Double></Property>\n"
              "<Property name=\"singleStep\"><Double>-1</Double></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "bad-step 6:37");
         rows("a factor of nothing",
              "<Widget name=\"a\" class=\"DoubleSpinBox\">\n"
@@ -158,11 +119,7 @@ private Q_SLOTS:
              "<Property name=\"maximum\"><Double>4</Double></Property>\n"
              "<Property name=\"displayScalingFactor\"><Double>0</Double></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "zero-factor 6:47");
         rows("a step that does not show",
              "<Widget name=\"a\" class=\"DoubleSpinBox\">\n"
@@ -170,11 +127,7 @@ private Q_SLOTS:
              "<Property name=\"maximum\"><Double>4</Double></Property>\n"
              "<Property name=\"singleStep\"><Double>0.1</Double></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "few-decimals 6:37");
         rows("a step that shows",
              "<Widget name=\"a\" class=\"DoubleSpinBox\">\n"
@@ -183,11 +136,7 @@ private Q_SLOTS:
              "<Property name=\"singleStep\"><Double>0.1</Double></Property>\n"
              "<Property name=\"decimals\"><Int>1</Int></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "");
         rows("a start that does not show",
              "<Widget name=\"a\" class=\"DoubleSpinBox\">\n"
@@ -196,11 +145,7 @@ private Q_SLOTS:
              "<Property name=\"value\"><Double>2.25</Double></Property>\n"
              "<Property name=\"decimals\"><Int>1</Int></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "few-decimals 6:32");
         rows("a scaled unit",
              "<Widget name=\"a\" class=\"BandwidthEdit\">\n"
@@ -208,22 +153,14 @@ private Q_SLOTS:
              "<Property name=\"minimum\"><Int64>1</Int64></Property>\n"
              "<Property name=\"maximum\"><Int64>2</Int64></Property>\n"
              "<Property name=\"unitScale\"><UInt64>1000</UInt64></Property>\n"
-             "<Property name=\"unit\"><String>kHz</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"unit\"><String>kHz</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "unit-scale 8:31");
         rows("a scale without a unit",
              "<Widget name=\"a\" class=\"BandwidthEdit\">\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
              "<Property name=\"minimum\"><Int64>1</Int64></Property>\n"
              "<Property name=\"maximum\"><Int64>2</Int64></Property>\n"
-             "<Property name=\"unitScale\"><UInt64>1000</UInt64></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"unitScale\"><UInt64>1000</UInt64></Property>\n" SHOWN_AND_SENT "</Widget>",
              "unit-scale 7:36");
         rows("a short pause",
              "<Properties><Property name=\"autoApplyTimeout\"><Int>99</Int></Property></Properties>",
@@ -235,19 +172,8 @@ private Q_SLOTS:
              "<Property name=\"value\"><Double>9</Double></Property>\n"
              "<Property name=\"singleStep\"><Double>0</Double></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "start-outside 6:32, bad-step 7:37");
-    }
-
-    void rules()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, places);
-        QCOMPARE(placesIn(text), places);
     }
 };
 

@@ -1,6 +1,4 @@
-#include "checktest.h"
-
-#include <QTest>
+#include "rulestest.h"
 
 namespace {
 
@@ -21,18 +19,16 @@ QString formWith(const char* code, const char* language)
 
 } // namespace
 
-class tst_scriptrules : public QObject
+class tst_scriptrules : public RulesTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void rules_data()
+protected:
+    void addCases() override
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("places");
         const auto row = [](const char* what, const char* code, const char* places,
                             const char* language = "QtScript") {
-            QTest::newRow(what) << formWith(code, language) << QString::fromLatin1(places);
+            add(what, formWith(code, language), places);
         };
         row("all is well", "row.toggled.connect(function(on) { print(on ? E.A : row.checked); });", "");
         row("a syntax error",
@@ -63,13 +59,6 @@ private Q_SLOTS:
             "function f() { row.nothing(); }\n"
             "function g() { nowhere(); }",
             "unknown-member 13:20, unknown-global 14:16");
-    }
-
-    void rules()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, places);
-        QCOMPARE(placesIn(text), places);
     }
 };
 

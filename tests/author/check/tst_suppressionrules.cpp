@@ -1,45 +1,31 @@
-#include "checktest.h"
+#include "rulestest.h"
 
-#include <QTest>
-
-class tst_suppressionrules : public QObject
+class tst_suppressionrules : public RulesTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void comments_data()
+protected:
+    void addCases() override
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("places");
-        const auto row = [](const char* what, const char* rows, const char* places) {
-            QTest::newRow(what) << formOf(rows) << QString::fromLatin1(places);
-        };
-        row("before the element", "<!-- zorva: allow nameless made so -->\n<Widget class=\"Separator\"/>",
-            "");
-        row("on the line", "<Widget class=\"Separator\"/> <!-- zorva: allow nameless made so -->", "");
-        row("for all in the element",
-            "<!-- zorva: allow doubled-property kept -->\n<Widget name=\"a\" class=\"Separator\">\n"
-            "<Property name=\"toolTip\"><String>1</String></Property>\n"
-            "<Property name=\"toolTip\"><String>2</String></Property>\n</Widget>",
-            "");
-        row("not for the line behind",
-            "<Widget name=\"a\" class=\"Separator\"/> <!-- zorva: allow nameless made so -->\n<Widget "
-            "class=\"Separator\"/>",
-            "unused-allow 3:38, nameless 4:1");
-        row("of another rule", "<!-- zorva: allow doubled-property no -->\n<Widget class=\"Separator\"/>",
-            "unused-allow 3:1, nameless 4:1");
-        row("without a reason", "<!-- zorva: allow nameless -->\n<Widget class=\"Separator\"/>",
-            "bad-allow 3:1, nameless 4:1");
-        row("of no rule", "<!-- zorva: allow namless yes -->\n<Widget name=\"a\" class=\"Separator\"/>",
-            "bad-allow 3:1");
-        row("an ordinary comment", "<!-- zorva is fine -->\n<Widget name=\"a\" class=\"Separator\"/>", "");
-    }
-
-    void comments()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, places);
-        QCOMPARE(placesIn(text), places);
+        rows("before the element", "<!-- zorva: allow nameless made so -->\n<Widget class=\"Separator\"/>",
+             "");
+        rows("on the line", "<Widget class=\"Separator\"/> <!-- zorva: allow nameless made so -->", "");
+        rows("for all in the element",
+             "<!-- zorva: allow doubled-property kept -->\n<Widget name=\"a\" class=\"Separator\">\n"
+             "<Property name=\"toolTip\"><String>1</String></Property>\n"
+             "<Property name=\"toolTip\"><String>2</String></Property>\n</Widget>",
+             "");
+        rows("not for the line behind",
+             "<Widget name=\"a\" class=\"Separator\"/> <!-- zorva: allow nameless made so -->\n<Widget "
+             "class=\"Separator\"/>",
+             "unused-allow 3:38, nameless 4:1");
+        rows("of another rule", "<!-- zorva: allow doubled-property no -->\n<Widget class=\"Separator\"/>",
+             "unused-allow 3:1, nameless 4:1");
+        rows("without a reason", "<!-- zorva: allow nameless -->\n<Widget class=\"Separator\"/>",
+             "bad-allow 3:1, nameless 4:1");
+        rows("of no rule", "<!-- zorva: allow namless yes -->\n<Widget name=\"a\" class=\"Separator\"/>",
+             "bad-allow 3:1");
+        rows("an ordinary comment", "<!-- zorva is fine -->\n<Widget name=\"a\" class=\"Separator\"/>", "");
     }
 };
 

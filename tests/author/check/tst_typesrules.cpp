@@ -1,19 +1,12 @@
-#include "checktest.h"
+#include "rulestest.h"
 
-#include <QTest>
-
-class tst_typesrules : public QObject
+class tst_typesrules : public RulesTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void rules_data()
+protected:
+    void addCases() override
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("places");
-        const auto rows = [](const char* what, const char* text, const char* places) {
-            QTest::newRow(what) << formOf(text) << QString::fromLatin1(places);
-        };
         rows("a truth in another case",
              "<Widget name=\"a\" class=\"Separator\">\n"
              "<Property name=\"enabled\"><Bool>True</Bool></Property>\n"
@@ -44,11 +37,7 @@ private Q_SLOTS:
              "<Property name=\"minimum\"><Double>0,5</Double></Property>\n"
              "<Property name=\"maximum\"><Double>1</Double></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "number-text 4:34");
         rows("no number",
              "<Widget name=\"a\" class=\"Separator\">\n"
@@ -70,11 +59,7 @@ private Q_SLOTS:
              "<Property name=\"minimum\"><Double>-1e3</Double></Property>\n"
              "<Property name=\"maximum\"><Double>1e3</Double></Property>\n"
              "<Property name=\"labelText\"><String>A</String></Property>\n"
-             "<Property name=\"suffix\"><String> dB</String></Property>\n"
-             "<Property name=\"enabled\"><Bool>true</Bool></Property><Property "
-             "name=\"visible\"><Bool>true</Bool></Property><Property "
-             "name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
-             "</Widget>",
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "");
         rows("an empty number",
              "<Widget name=\"a\" class=\"Separator\">\n"
@@ -91,13 +76,6 @@ private Q_SLOTS:
              "<Property name=\"toolTip\"><string>4</string></Property>\n"
              "</Widget>",
              "type-name 4:27");
-    }
-
-    void rules()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, places);
-        QCOMPARE(placesIn(text), places);
     }
 };
 

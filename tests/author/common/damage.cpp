@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <QTest>
 #include <QVector>
 
 namespace {
@@ -52,6 +53,8 @@ const char* const snippets[] = {
     " ",
     "\n",
     "x"};
+
+const char* const countOfTheNight = "ZORVA_DAMAGES";
 
 } // namespace
 
@@ -192,4 +195,38 @@ QString exampleText(const char* name)
 {
     QFile file(QStringLiteral(ZORVA_EXAMPLES_DIR "/") + QString::fromLatin1(name));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+void addTextsToDamage()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("receiver") << exampleText("receiver.zorva");
+    QTest::newRow("gallery") << exampleText("gallery.zorva");
+}
+
+QString faultOfPrefixes(const QByteArray& bytes, int step, int thoroughStep, const Judge& judge)
+{
+    const int wide = qEnvironmentVariableIsSet(countOfTheNight) ? thoroughStep : step;
+    for (int size = 0; size <= bytes.size(); size += wide) {
+        const QString fault = judge(bytes.left(size));
+        if (!fault.isEmpty())
+            return QStringLiteral("%1 at %2").arg(fault).arg(size);
+    }
+    return QString();
+}
+
+QString faultOfDamages(const QString& text, int count, const Judge& judge)
+{
+    bool isNight = false;
+    const int many = qEnvironmentVariableIntValue(countOfTheNight, &isNight);
+    for (int seed = 0; seed < (isNight ? many : count); ++seed) {
+        Damage damage(static_cast<quint32>(seed));
+        QString damaged = damage.apply(text);
+        if (seed % 3 == 0)
+            damaged = damage.apply(damaged);
+        const QString fault = judge(damaged.toUtf8());
+        if (!fault.isEmpty())
+            return QStringLiteral("%1, seed %2: %3").arg(fault).arg(seed).arg(damage.what());
+    }
+    return QString();
 }

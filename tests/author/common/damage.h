@@ -5,6 +5,8 @@
 #include <QRandomGenerator>
 #include <QString>
 
+#include <functional>
+
 /// Spoils a description in one place, as authors and tools do: elements and attributes go
 /// missing, are renamed, doubled, moved or inserted where they do not belong, and text breaks.
 class Damage
@@ -36,5 +38,16 @@ private:
 
 /// The text of a file below examples/.
 QString exampleText(const char* name);
+/// A column "text" with descriptions that are worth damaging.
+void addTextsToDamage();
+
+/// What a test finds wrong with a description; empty if nothing.
+using Judge = std::function<QString(const QByteArray& bytes)>;
+/// What `judge` finds wrong first with `bytes` cut behind every `step`th one, and where;
+/// every `thoroughStep`th by night.
+QString faultOfPrefixes(const QByteArray& bytes, int step, int thoroughStep, const Judge& judge);
+/// The same with `text` damaged in `count` ways once or twice; by night as often as the
+/// variable ZORVA_DAMAGES says.
+QString faultOfDamages(const QString& text, int count, const Judge& judge);
 
 #endif

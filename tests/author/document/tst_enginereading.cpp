@@ -128,40 +128,22 @@ class tst_enginereading : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyPrefixIsReadAsByTheEngine_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("receiver") << exampleText("receiver.zorva");
-        QTest::newRow("gallery") << exampleText("gallery.zorva");
-    }
+    void everyPrefixIsReadAsByTheEngine_data() { addTextsToDamage(); }
 
     void everyPrefixIsReadAsByTheEngine()
     {
         QFETCH(QString, text);
-        const QByteArray bytes = text.toUtf8();
-        const int step = qEnvironmentVariableIsSet("ZORVA_DAMAGES") ? 1 : 241;
-        for (int size = 0; size <= bytes.size(); size += step) {
-            const QString seen = difference(bytes.left(size));
-            QVERIFY2(seen.isEmpty(), qPrintable(QStringLiteral("%1 at %2").arg(seen).arg(size)));
-        }
+        const QString fault = faultOfPrefixes(text.toUtf8(), 241, 1, difference);
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
     }
 
-    void everyDamageIsReadAsByTheEngine_data() { everyPrefixIsReadAsByTheEngine_data(); }
+    void everyDamageIsReadAsByTheEngine_data() { addTextsToDamage(); }
 
     void everyDamageIsReadAsByTheEngine()
     {
         QFETCH(QString, text);
-        bool given = false;
-        const int count = qEnvironmentVariableIntValue("ZORVA_DAMAGES", &given);
-        for (int seed = 0; seed < (given ? count : 300); ++seed) {
-            Damage damage(static_cast<quint32>(seed));
-            QString damaged = damage.apply(text);
-            if (seed % 3 == 0)
-                damaged = damage.apply(damaged);
-            const QString seen = difference(damaged.toUtf8());
-            QVERIFY2(seen.isEmpty(),
-                     qPrintable(QStringLiteral("%1, seed %2: %3").arg(seen).arg(seed).arg(damage.what())));
-        }
+        const QString fault = faultOfDamages(text, 300, difference);
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
     }
 };
 
