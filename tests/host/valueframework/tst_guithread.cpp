@@ -1,13 +1,10 @@
 #include <recordingobserver.h>
+#include <scenes.h>
 
 #include <valueframework/tree.h>
 #include <valueframework/value.h>
 #include <vkbase/guithread.h>
 
-#include <QProcess>
-#include <QTest>
-
-#include <cstring>
 #include <functional>
 #include <memory>
 #include <thread>
@@ -84,14 +81,7 @@ void postsTheWrite()
         qFatal("the write did not arrive");
 }
 
-struct Scene
-{
-    const char* name;
-    void (*play)();
-    bool stops;
-};
-
-const Scene scenes[] = {
+const QVector<Scene> scenes{
     {"writes a value in the tree", writesAValueInTheTree, true},
     {"writes an observed value", writesAnObservedValue, true},
     {"writes in a transaction", writesInATransaction, true},
@@ -100,16 +90,6 @@ const Scene scenes[] = {
     {"keeps a value to itself", keepsAValueToItself, false},
     {"posts the write", postsTheWrite, false},
 };
-
-int play(int argc, char** argv)
-{
-    const QCoreApplication application(argc, argv);
-    for (const Scene& scene : scenes) {
-        if (std::strcmp(scene.name, argv[2]) == 0)
-            scene.play();
-    }
-    return 0;
-}
 
 } // namespace
 
@@ -133,35 +113,19 @@ void TestGuiThread::isThatOfTheApplication()
 
 void TestGuiThread::otherThreads_data()
 {
-    QTest::addColumn<bool>("stops");
-    for (const Scene& scene : scenes) {
-#ifdef QT_NO_DEBUG
-        if (scene.stops)
-            continue; // nobody looks there
-#endif
-        QTest::newRow(scene.name) << scene.stops;
-    }
+    addScenes(scenes);
 }
 
 void TestGuiThread::otherThreads()
 {
     QFETCH(bool, stops);
-    QProcess process;
-    process.start(QCoreApplication::applicationFilePath(),
-                  {QStringLiteral("--play"), QString::fromLatin1(QTest::currentDataTag())});
-    QVERIFY(process.waitForFinished());
-    const QByteArray errors = process.readAllStandardError();
-    QCOMPARE(process.exitStatus(), stops ? QProcess::CrashExit : QProcess::NormalExit);
+    const QByteArray errors = playedApart(stops);
     QCOMPARE(errors.contains("values belong to the GUI thread"), stops);
 }
 
 int main(int argc, char** argv)
 {
-    if (argc == 3 && std::strcmp(argv[1], "--play") == 0)
-        return play(argc, argv);
-    QCoreApplication application(argc, argv);
-    TestGuiThread test;
-    return QTest::qExec(&test, argc, argv);
+    return runWithScenes<TestGuiThread>(scenes, argc, argv);
 }
 
 #include "tst_guithread.moc"

@@ -1,9 +1,7 @@
+#include <scenes.h>
+
 #include <vkbase/observable.h>
 
-#include <QProcess>
-#include <QTest>
-
-#include <cstring>
 #include <memory>
 
 namespace {
@@ -75,14 +73,7 @@ void anotherTakesItsPlace()
     observer->~Forgetful();
 }
 
-struct Scene
-{
-    const char* name;
-    void (*play)();
-    bool stops;
-};
-
-const Scene scenes[] = {
+const QVector<Scene> scenes{
     {"dies while it observes", diesWhileObserving, true},
     {"dies at the head", diesAtTheHead, true},
     {"leaves first", leavesFirst, false},
@@ -90,15 +81,6 @@ const Scene scenes[] = {
     {"is never told again", isNeverToldAgain, false},
     {"another takes its place", anotherTakesItsPlace, false},
 };
-
-int play(const char* name)
-{
-    for (const Scene& scene : scenes) {
-        if (std::strcmp(scene.name, name) == 0)
-            scene.play();
-    }
-    return 0;
-}
 
 } // namespace
 
@@ -113,36 +95,20 @@ private Q_SLOTS:
 
 void TestObserverLedger::observersThatDie_data()
 {
-    QTest::addColumn<bool>("stops");
-    for (const Scene& scene : scenes) {
-#ifdef QT_NO_DEBUG
-        if (scene.stops)
-            continue; // nobody looks there
-#endif
-        QTest::newRow(scene.name) << scene.stops;
-    }
+    addScenes(scenes);
 }
 
 void TestObserverLedger::observersThatDie()
 {
     QFETCH(bool, stops);
-    QProcess process;
-    process.start(QCoreApplication::applicationFilePath(),
-                  {QStringLiteral("--play"), QString::fromLatin1(QTest::currentDataTag())});
-    QVERIFY(process.waitForFinished());
-    const QByteArray errors = process.readAllStandardError();
-    QCOMPARE(process.exitStatus(), stops ? QProcess::CrashExit : QProcess::NormalExit);
+    const QByteArray errors = playedApart(stops);
     QCOMPARE(errors.contains("was destroyed while it observed"), stops);
     QVERIFY2(!stops || errors.contains("Forgetful"), errors.constData());
 }
 
 int main(int argc, char** argv)
 {
-    if (argc == 3 && std::strcmp(argv[1], "--play") == 0)
-        return play(argv[2]);
-    QCoreApplication application(argc, argv);
-    TestObserverLedger test;
-    return QTest::qExec(&test, argc, argv);
+    return runWithScenes<TestObserverLedger>(scenes, argc, argv);
 }
 
 #include "tst_observerledger.moc"
