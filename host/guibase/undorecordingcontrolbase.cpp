@@ -21,15 +21,37 @@ bool isRedoKey(const QKeyEvent* event)
 
 } // namespace
 
+/// Stands on the stack while a state is being put back. A listener may delete the control meanwhile.
+class UndoRecordingControlBase::Walk
+{
+public:
+    explicit Walk(UndoRecordingControlBase* control)
+        : m_control(control)
+    {
+        control->m_walk = this;
+    }
+    ~Walk()
+    {
+        if (m_control)
+            m_control->m_walk = nullptr;
+    }
+    Q_DISABLE_COPY(Walk)
+
+    void forget() { m_control = nullptr; }
+
+private:
+    UndoRecordingControlBase* m_control;
+};
+
 UndoRecordingControlBase::~UndoRecordingControlBase()
 {
-    if (m_destroyed)
-        *m_destroyed = true;
+    if (m_walk)
+        m_walk->forget();
 }
 
 void UndoRecordingControlBase::RecordEdit(const QVariant& before, const QVariant& after)
 {
-    if (m_applying || before == after)
+    if (m_walk || before == after)
         return;
     m_edits.resize(m_position);
     if (m_edits.size() == MaximumEdits)
@@ -40,7 +62,7 @@ void UndoRecordingControlBase::RecordEdit(const QVariant& before, const QVariant
 
 bool UndoRecordingControlBase::Undo()
 {
-    if (m_applying || !CanUndo())
+    if (m_walk || !CanUndo())
         return false;
     --m_position;
     apply(m_edits.at(m_position).before);
@@ -49,7 +71,7 @@ bool UndoRecordingControlBase::Undo()
 
 bool UndoRecordingControlBase::Redo()
 {
-    if (m_applying || !CanRedo())
+    if (m_walk || !CanRedo())
         return false;
     ++m_position;
     apply(m_edits.at(m_position - 1).after);
@@ -66,14 +88,8 @@ void UndoRecordingControlBase::apply(const QVariant& state)
 {
     // The record may be cleared meanwhile. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const QVariant copy = state;
-    bool destroyed = false;
-    m_destroyed = &destroyed;
-    m_applying = true;
+    const Walk walk(this);
     ApplyRecordedState(copy);
-    if (destroyed)
-        return;
-    m_applying = false;
-    m_destroyed = nullptr;
 }
 
 bool UndoRecordingControlBase::IsUndoKey(const QKeyEvent* event)

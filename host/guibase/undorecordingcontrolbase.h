@@ -53,12 +53,13 @@ private:
         QVariant after;
     };
 
+    class Walk;
+
     void apply(const QVariant& state);
 
-    QVector<Edit> m_edits; // oldest first
-    int m_position = 0;    // edits before it can be undone, the others redone
-    bool m_applying = false;
-    bool* m_destroyed = nullptr; // while applying: where to tell that a listener deleted the control
+    QVector<Edit> m_edits;  // oldest first
+    int m_position = 0;     // edits before it can be undone, the others redone
+    Walk* m_walk = nullptr; // not owned: on the stack while a state is being put back
 };
 
 #endif

@@ -3,6 +3,9 @@
 #include <QKeyEvent>
 #include <QTest>
 
+#include <functional>
+#include <memory>
+
 namespace {
 
 class Recorder : public UndoRecordingControlBase
@@ -24,8 +27,15 @@ public:
 
     int state = 0;
 
+    std::function<void()> applied;
+
 protected:
-    void ApplyRecordedState(const QVariant& recorded) override { edit(recorded.toInt()); }
+    void ApplyRecordedState(const QVariant& recorded) override
+    {
+        edit(recorded.toInt());
+        if (applied)
+            applied();
+    }
 };
 
 } // namespace
@@ -42,6 +52,7 @@ private Q_SLOTS:
     void keys_data();
     void keys();
     void claimsOnlyWhatItCanDo();
+    void mayDieWhileAStateIsPutBack();
 };
 
 void TestUndoRecordingControlBase::walksBackAndForth()
@@ -126,6 +137,22 @@ void TestUndoRecordingControlBase::claimsOnlyWhatItCanDo()
     QVERIFY(shortcut.isAccepted());
     QKeyEvent press(QEvent::KeyPress, Qt::Key_Z, Qt::ControlModifier);
     QVERIFY(!recorder.ClaimUndoShortcut(&press));
+}
+
+void TestUndoRecordingControlBase::mayDieWhileAStateIsPutBack()
+{
+    auto recorder = std::make_unique<Recorder>();
+    recorder->edit(1);
+    recorder->edit(2);
+    int walks = 0;
+    recorder->applied = [&] {
+        ++walks;
+        QVERIFY(!recorder->Undo()); // one is under way
+        recorder.reset();
+    };
+    QVERIFY(recorder->Undo());
+    QVERIFY(!recorder);
+    QCOMPARE(walks, 1);
 }
 
 QTEST_MAIN(TestUndoRecordingControlBase)
