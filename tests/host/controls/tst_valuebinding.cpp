@@ -245,9 +245,10 @@ public:
     {
         box->installEventFilter(this);
     }
-    bool eventFilter(QObject* watched, QEvent* event) override
+    bool eventFilter(QObject*, QEvent* event) override
     {
-        if (watched != m_box || event->type() != QEvent::EnabledChange)
+        // It is asked while the box is being destroyed, too.
+        if (event->type() != QEvent::EnabledChange)
             return false;
         delete m_box;
         return true;
