@@ -4,6 +4,7 @@
 #include <QStyle>
 #include <QStyleOption>
 #include <QWidget>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -14,6 +15,7 @@ namespace {
 constexpr int CommonLetters = 20;
 constexpr int FrameSpace = 24;   // pixels
 constexpr int ShortestLine = 14; // pixels, as Qt's own controls have it
+constexpr int LineSpace = 2;     // pixels, likewise
 constexpr int UpperFactor = 2;
 
 } // namespace
@@ -26,7 +28,8 @@ int FieldSize::CommonWidth(const QWidget* field)
 int FieldSize::CommonHeight(const QWidget* field)
 {
     const QFontMetrics metrics = field->fontMetrics();
-    const QSize line(CommonLetters * metrics.averageCharWidth(), qMax(metrics.height(), ShortestLine) + 2);
+    const QSize line(CommonLetters * metrics.averageCharWidth(),
+                     qMax(metrics.height(), ShortestLine) + LineSpace);
     const auto heightOf = [&](QStyle::ContentsType kind, auto option, int height) {
         option.initFrom(field);
         return field->style()->sizeFromContents(kind, &option, QSize(line.width(), height), nullptr).height();
@@ -40,7 +43,12 @@ int FieldSize::CommonHeight(const QWidget* field)
     const int inner = heightOf(QStyle::CT_LineEdit, QStyleOptionFrame(), line.height());
     return std::max({heightOf(QStyle::CT_LineEdit, edit, line.height()),
                      heightOf(QStyle::CT_SpinBox, spin, inner),
-                     heightOf(QStyle::CT_ComboBox, QStyleOptionComboBox(), line.height())});
+                     heightOf(QStyle::CT_ComboBox, QStyleOptionComboBox(), ChoiceLineHeight(field))});
+}
+
+int FieldSize::ChoiceLineHeight(const QWidget* field)
+{
+    return qMax(qCeil(QFontMetricsF(field->font()).height()), ShortestLine) + LineSpace;
 }
 
 int FieldSize::UpperWidth(const QWidget* field)

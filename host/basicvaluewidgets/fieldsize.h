@@ -16,6 +16,9 @@ BASICVALUEWIDGETS_EXPORT int CommonWidth(const QWidget* field);
 /// The height of fields of one line, in the style and font of \a field: that of
 /// the highest kind, so that all rows stand equally far apart.
 BASICVALUEWIDGETS_EXPORT int CommonHeight(const QWidget* field);
+/// The height of a line of words in a choice, without its frame: what Qt's own
+/// takes, which cannot be asked for it.
+BASICVALUEWIDGETS_EXPORT int ChoiceLineHeight(const QWidget* field);
 /// The most that a field asks for, however long its words are.
 BASICVALUEWIDGETS_EXPORT int UpperWidth(const QWidget* field);
 /// What a field asks for whose contents need \a needed pixels, frame included.

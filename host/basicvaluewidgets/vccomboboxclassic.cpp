@@ -17,7 +17,6 @@
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 #include <QWheelEvent>
-#include <QtMath>
 
 VCComboBoxClassic::VCComboBoxClassic(QWidget* parent, const char* name)
     : QComboBox(parent)
@@ -224,10 +223,10 @@ QSize VCComboBoxClassic::contentsSize() const
     int width = count() ? 0 : 7 * metrics.horizontalAdvance(QLatin1Char('x'));
     for (int i = 0; i < count(); ++i)
         width = qMax(width, metrics.boundingRect(itemText(i)).width());
-    const int height = qMax(qCeil(QFontMetricsF(font()).height()), 14) + 2;
     QStyleOptionComboBox option;
     initStyleOption(&option);
-    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, QSize(width, height), this);
+    return style()->sizeFromContents(QStyle::CT_ComboBox, &option,
+                                     QSize(width, FieldSize::ChoiceLineHeight(this)), this);
 }
 
 QSize VCComboBoxClassic::sizeHint() const

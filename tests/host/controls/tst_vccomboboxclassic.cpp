@@ -259,6 +259,9 @@ void TestVCComboBoxClassic::hintsAreTheStockOnesWithinTheEnds_data()
     QTest::newRow("no entries") << QStringList() << "Fusion" << QString();
     QTest::newRow("style sheet") << names << "Fusion"
                                  << "padding: 7px; font-size: 20pt";
+    for (int size = 7; size < 20; size += 3)
+        QTest::newRow(qPrintable(QStringLiteral("%1 points").arg(size)))
+            << names << "Fusion" << QStringLiteral("font-size: %1pt").arg(size);
 }
 
 void TestVCComboBoxClassic::hintsAreTheStockOnesWithinTheEnds()
