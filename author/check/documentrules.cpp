@@ -15,7 +15,7 @@ constexpr int slack = 2;
 
 #define BEFORE_TONE(content)                                                                                 \
     "<Widget name=\"volume\" class=\"Label\">\n" content "</Widget>\n<Widget name=\"tone\" "                 \
-                                                         "class=\"Label\"/>"
+    "class=\"Label\"/>"
 
 const QVector<Rule> rules{
     {"no-form", Severity::Error, "no form comes of the file",
