@@ -1,7 +1,7 @@
 # What installs where. Each file belongs to one of four components, which are
 # also the Debian packages (packaging/CMakeLists.txt):
 #
-#   Runtime        the shared libraries                        libzorvaparser1
+#   Runtime        the shared libraries and their translations libzorvaparser1
 #   Development    headers, links to the libraries, CMake      libzorvaparser-dev
 #                  package, pkg-config file
 #   Tools          the programs, their man pages, completions,  zorva-tools
@@ -15,6 +15,8 @@ include(CMakePackageConfigHelpers)
 # <zorvaparser/zorvaformular.h> read alike in the tree and in an installation.
 set(ZORVA_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/zorvaparser-${PROJECT_VERSION_MAJOR})
 set(ZORVA_INSTALL_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/ZorvaParser)
+# Beside those of the next major version.
+set(ZORVA_INSTALL_TRANSLATIONDIR ${CMAKE_INSTALL_DATADIR}/zorvaparser-${PROJECT_VERSION_MAJOR}/translations)
 set(ZORVA_INSTALL_EXAMPLEDIR ${CMAKE_INSTALL_DATADIR}/zorvaparser/examples)
 set(ZORVA_PACKAGING_DIR ${PROJECT_SOURCE_DIR}/packaging)
 
@@ -79,7 +81,8 @@ function(zorva_install_package)
   configure_package_config_file(
     ${PROJECT_SOURCE_DIR}/cmake/ZorvaParserConfig.cmake.in
     ${PROJECT_BINARY_DIR}/ZorvaParserConfig.cmake
-    INSTALL_DESTINATION ${ZORVA_INSTALL_CMAKEDIR})
+    INSTALL_DESTINATION ${ZORVA_INSTALL_CMAKEDIR}
+    PATH_VARS ZORVA_INSTALL_TRANSLATIONDIR)
   write_basic_package_version_file(
     ${PROJECT_BINARY_DIR}/ZorvaParserConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)

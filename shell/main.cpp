@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QTabWidget>
 #include <QTimer>
@@ -144,6 +145,10 @@ void reload(Orvane::FormShell* shell, const CommandLine& line)
 QString chooseLanguage(const CommandLine& line)
 {
     TranslationCenter& center = TranslationCenter::Instance();
+    // The library's own words, and those of Qt's dialogs.
+    center.AddFolder(QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    center.Register(QStringLiteral("qtbase"));
+    center.AddFolder(QApplication::applicationDirPath() + QStringLiteral("/" ZORVASHELL_TRANSLATIONS));
     for (const QString& folder : line.translationFolders) {
         if (!QFileInfo(folder).isDir())
             return QStringLiteral("there is no folder %1").arg(folder);

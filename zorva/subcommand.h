@@ -34,6 +34,7 @@ extern const Subcommand parametersCommand;
 extern const Subcommand schemaCommand;
 extern const Subcommand serverCommand;
 extern const Subcommand showCommand;
+extern const Subcommand stringsCommand;
 /** For the program itself: not in the list of subcommands. */
 extern const Subcommand serveScriptsCommand;
 

@@ -2,6 +2,7 @@
 
 #include <velkappstartup/translationcenter.h>
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace Orvane {
@@ -10,6 +11,7 @@ namespace Author {
 QString speak(const QString& language, const QStringList& folders)
 {
     TranslationCenter& center = TranslationCenter::Instance();
+    center.AddFolder(QCoreApplication::applicationDirPath() + QStringLiteral("/" ZORVA_TRANSLATIONS));
     for (const QString& folder : folders) {
         if (!QFileInfo(folder).isDir())
             return QStringLiteral("there is no folder \"%1\"").arg(folder);

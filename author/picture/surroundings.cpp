@@ -64,18 +64,13 @@ QString putOnStyle(const Look& look)
 QString putOnLanguage(const Look& look)
 {
     const bool isFile = !look.form.isEmpty() && look.form != QLatin1String("-");
-    QStringList folders;
-    for (const QString& folder :
-         {libraryTranslations(), isFile ? QFileInfo(look.form).absolutePath() : QString()}) {
-        if (QFileInfo(folder).isDir())
-            folders << folder;
-    }
+    const QStringList own = isFile ? QStringList(QFileInfo(look.form).absolutePath()) : QStringList();
     if (look.language.isEmpty()) {
         // Not that of the session either.
         QLocale::setDefault(QLocale::c());
         TranslationCenter::Instance().SetLocale(QLocale::c());
     }
-    return speak(look.language, folders + look.translationFolders);
+    return speak(look.language, own + look.translationFolders);
 }
 
 } // namespace
@@ -125,11 +120,6 @@ QString putOn(const Look& look)
 {
     const QString problem = putOnStyle(look);
     return problem.isEmpty() ? putOnLanguage(look) : problem;
-}
-
-QString libraryTranslations()
-{
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/../share/zorvaparser/translations");
 }
 
 } // namespace Author

@@ -51,9 +51,6 @@ struct Look
 /** Gives the application that look. Gives why that cannot be; empty if it can. */
 QString putOn(const Look& look);
 
-/** Where the installed translations of the library's own texts are, seen from the program. */
-QString libraryTranslations();
-
 } // namespace Author
 } // namespace Orvane
 

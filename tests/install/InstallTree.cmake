@@ -24,7 +24,9 @@ endfunction()
 
 expect(Runtime
   ${LIBDIR}/libzorvaparser.so.1
-  ${LIBDIR}/libvkbase.so.1)
+  ${LIBDIR}/libvkbase.so.1
+  share/zorvaparser-1/translations/ZorvaParser_de.qm
+  share/zorvaparser-1/translations/ZorvaParser_fr.qm)
 expect(Development
   ${LIBDIR}/libzorvaparser.so
   ${LIBDIR}/cmake/ZorvaParser/ZorvaParserConfig.cmake

@@ -15,8 +15,10 @@
 //   request WHAT    as the display would: a modal dialog stands in the way
 //   close all       all windows
 //   hammer NAME     clicks the check box and applies, again and again
+//   say texts       all that the main window has to read, each text on a line of stderr behind "text: "
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QGenericPlugin>
 #include <QLabel>
@@ -126,6 +128,8 @@ private:
             return visibleWindow(true) && continueAction(visibleWindow(true))->isEnabled();
         if (step == QLatin1String("close all"))
             return true;
+        if (step == QLatin1String("say texts"))
+            return visibleWindow(false);
         for (const char* verb : {"await", "close", "request", "shape", "measure"}) {
             if (step.startsWith(QLatin1String(verb)))
                 return windowOfKind(object);
@@ -157,6 +161,22 @@ private:
             windowOfKind(object)->windowHandle()->close();
         else if (verb == QLatin1String("hammer"))
             hammer(object);
+        else if (verb == QLatin1String("say"))
+            sayTexts();
+    }
+
+    static void sayTexts()
+    {
+        QStringList texts;
+        for (const QWidget* const widget : visibleWindow(false)->findChildren<QWidget*>()) {
+            for (const char* const property : {"text", "title"})
+                texts << widget->property(property).toString();
+            const auto* const choices = qobject_cast<const QComboBox*>(widget);
+            for (int i = 0; choices && i < choices->count(); ++i)
+                texts << choices->itemText(i);
+        }
+        for (const QString& text : qAsConst(texts))
+            std::fprintf(stderr, "text: %s\n", text.toUtf8().constData());
     }
 
     static void sayMeasures(const QWidget* window)
