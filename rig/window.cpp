@@ -20,6 +20,7 @@ namespace {
 
 constexpr int round = 200; // milliseconds: live rows five times a second
 constexpr int messageTime = 10000;
+constexpr QMargins air(8, 6, 0, 4); // pixels round the form, whose scroll bar stands at the edge
 
 } // namespace
 
@@ -33,6 +34,7 @@ Window::Window(const QString& title, const hostkit::FormLink::Form& form, std::s
 {
     setWindowTitle(title);
     setCentralWidget(m_form->GetGUI());
+    m_form->GetGUI()->setContentsMargins(air);
     m_linkText->setObjectName(QStringLiteral("linkState"));
     m_linkText->setTextFormat(Qt::PlainText); // the device has its say in it
     statusBar()->addPermanentWidget(m_linkText);

@@ -1,5 +1,5 @@
-# shellcheck shell=bash disable=SC2034
-# Shared by scripts/run and scripts/test; sourced, not run.
+# shellcheck shell=bash disable=SC2034,SC2154
+# Shared by the scripts and by tools/renew-images; sourced, not run.
 # The caller has set -euo pipefail and stands in the root of the tree.
 
 # What it takes to build; names of Debian 12.
@@ -95,4 +95,54 @@ use_ccache() {
         export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
         export CCACHE_SLOPPINESS=pch_defines,time_macros # it passes precompiled headers by without
     fi
+}
+
+# Pictures of windows on a display of their own; $work is a folder of the caller's.
+
+# Starts Xvfb and sets DISPLAY to it.
+start_virtual_display() {
+    Xvfb -noreset -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3> "$work/display" 2> "$work/xvfb.log" &
+    virtual_display=$!
+    local tries=0
+    until [ -s "$work/display" ]; do
+        tries=$((tries + 1))
+        if [ $tries -gt 200 ] || ! kill -0 $virtual_display 2> /dev/null; then
+            die "the virtual display does not start: $(cat "$work/xvfb.log")"
+        fi
+        sleep 0.1
+    done
+    DISPLAY=:$(head -n 1 "$work/display")
+    export DISPLAY
+}
+
+# All that is on the virtual screen; fails while nothing is. (Asked for a window
+# by its title, import waits for a click if there is none yet.)
+picture() {
+    timeout 20 import -silent -window root "ppm:$1" 2> /dev/null &&
+        [ "$(convert "$1" -format '%[fx:maxima>0]' info:)" = 1 ]
+}
+
+# wait_for_picture PROCESS: takes pictures until its window has come to rest,
+# which a cursor that blinks does between two pictures.
+wait_for_picture() {
+    local process=$1 equal=0 tries=0
+    while [ $equal -lt 4 ]; do
+        tries=$((tries + 1))
+        [ $tries -le 100 ] || return 1
+        sleep 0.3
+        kill -0 "$process" 2> /dev/null || return 1
+        picture "$work/now.ppm" || continue
+        if cmp -s "$work/now.ppm" "$work/last.ppm" || cmp -s "$work/now.ppm" "$work/before.ppm"; then
+            equal=$((equal + 1))
+        else
+            equal=0
+        fi
+        cmp -s "$work/now.ppm" "$work/last.ppm" || mv "$work/last.ppm" "$work/before.ppm" 2> /dev/null || true
+        mv "$work/now.ppm" "$work/last.ppm"
+    done
+}
+
+# keep_picture FILE: the last picture. There is no window manager: round the window the screen is black.
+keep_picture() {
+    convert "$work/last.ppm" -bordercolor black -border 1 -trim +repage "$1"
 }
