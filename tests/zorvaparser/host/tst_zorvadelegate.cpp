@@ -311,6 +311,8 @@ private Q_SLOTS:
 
     // Base behaviour
     void baseOperationsDoNothing();
+    void takenPlaceIsTracedOnRequest_data();
+    void takenPlaceIsTracedOnRequest();
     void emptyResyncIsTracedOnRequest_data();
     void emptyResyncIsTracedOnRequest();
 
@@ -1880,6 +1882,30 @@ void TestZorvaDelegate::emptyResyncIsTracedOnRequest_data()
     QTest::addColumn<bool>("traced");
     QTest::newRow("errors only") << ErrorHandler::TraceErrors << false;
     QTest::newRow("notes") << ErrorHandler::TraceNotes << true;
+}
+
+void TestZorvaDelegate::takenPlaceIsTracedOnRequest_data()
+{
+    emptyResyncIsTracedOnRequest_data();
+}
+
+void TestZorvaDelegate::takenPlaceIsTracedOnRequest()
+{
+    QFETCH(int, mask);
+    QFETCH(bool, traced);
+    const int before = ErrorHandler::Instance().GetTraceMask();
+    ErrorHandler::Instance().SetTraceMask(mask);
+    ProbeRow row;
+    row.delegate.SetXmlPath(QStringLiteral("x"));
+    row.delegate.SetVTPath(QStringLiteral("/form"));
+    const QString property = QStringLiteral("value");
+    const std::unique_ptr<values::ValueBool> first(row.delegate.CreateValueBoolean(property));
+    if (traced) {
+        guard->expect(QStringLiteral("A value is refused: its place /form/x is taken"));
+        guard->expect(QStringLiteral("The place /form/x in the value tree is taken"));
+    }
+    QVERIFY(!row.delegate.CreateValueBoolean(property));
+    ErrorHandler::Instance().SetTraceMask(before);
 }
 
 void TestZorvaDelegate::emptyResyncIsTracedOnRequest()
