@@ -19,6 +19,7 @@
 #include <vkbase/qtrace.h>
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QMainWindow>
 #include <QScriptEngineDebugger>
