@@ -10,6 +10,8 @@ display_packages="xvfb xauth fonts-dejavu-core"
 assistive_packages="at-spi2-core dbus-daemon python3-pyatspi"
 # The radios of zorva-rig, and the daemon and client that its tests use.
 radio_packages="libhamlib-dev libhamlib-utils"
+# An editor that speaks to the language server, and the colours of others.
+editor_packages="neovim libkf5syntaxhighlighting-tools"
 # What it takes to make and judge Debian packages.
 package_packages="dpkg-dev fakeroot lintian doxygen"
 # What it takes to compare the public classes with those of the last release.

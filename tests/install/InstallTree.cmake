@@ -42,6 +42,7 @@ expect(Tools
   bin/zorvashell
   share/applications/zorvashell.desktop
   share/mime/packages/zorvaparser.xml
+  share/org.kde.syntax-highlighting/syntax/zorva.xml
   share/icons/hicolor/scalable/apps/zorvashell.svg
   share/icons/hicolor/scalable/mimetypes/application-x-zorva+xml.svg)
 expect(Documentation
