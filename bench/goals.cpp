@@ -244,7 +244,7 @@ std::vector<Bound> arrangementBounds(const Timings& timings)
                               found->ours * 1e9 / rows, 50.0, 30.0});
     }
     const Arrangements counted = countArrangements(1000);
-    bounds.push_back({"10", QStringLiteral("arrangements per resize"), double(counted.perResize), 3.0, 1.0});
+    bounds.push_back({"10", QStringLiteral("arrangements per resize"), double(counted.perResize), 1.0, 1.0});
     bounds.push_back(
         {"11", QStringLiteral("arrangements per group toggled"), double(counted.perGroup), 1.0, none});
     return bounds;

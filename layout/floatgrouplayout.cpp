@@ -14,8 +14,6 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
-#include <QPointer>
-#include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QTableView>
 
@@ -340,6 +338,7 @@ void FloatGroupLayout::remeasureHeads() const
 void FloatGroupLayout::addItem(QLayoutItem* item)
 {
     clearHints();
+    m_itemHintsStand = false;
     m_items.append(item);
     m_flags.append(0);
 }
@@ -378,6 +377,7 @@ Qt::Orientations FloatGroupLayout::expandingDirections() const
 void FloatGroupLayout::setGeometry(const QRect& rect)
 {
     const QSize size = sizeHint(rect.width(), 0);
+    m_isWidthChange = false;
     const int generation = m_generation;
     if (m_scrollArea && m_scrollArea->widget())
         m_scrollArea->widget()->setMinimumSize(size.boundedTo({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX}));
@@ -427,7 +427,21 @@ int FloatGroupLayout::heightForWidth(int width) const
 void FloatGroupLayout::invalidate()
 {
     clearHints();
+    m_itemHintsStand = m_itemHintsStand && m_isWidthChange;
     QLayout::invalidate();
+}
+
+FloatGroupLayout::WidthChange::WidthChange(QLayout* layout)
+    : m_layout(qobject_cast<FloatGroupLayout*>(layout))
+{
+    if (m_layout)
+        m_before = std::exchange(m_layout->m_isWidthChange, true);
+}
+
+FloatGroupLayout::WidthChange::~WidthChange()
+{
+    if (m_layout)
+        m_layout->m_isWidthChange = m_before;
 }
 
 void FloatGroupLayout::addRow(const QString& label, QWidget* widget)
@@ -609,7 +623,7 @@ void FloatGroupLayout::gatherHints() const
 {
     // Kept apart until complete: a hint may be computed by a control that
     // invalidates the layout while it is asked.
-    if (!m_reuseItemHints)
+    if (!m_itemHintsStand || m_itemHints.count() != m_items.count())
         askItems();
     QVector<QRect> hints;
     hints.reserve(m_items.count());
@@ -622,6 +636,7 @@ void FloatGroupLayout::askItems() const
 {
     QVector<QSize> hints;
     hints.reserve(m_items.count());
+    const int generation = m_generation;
     uint key = 1;
     for (const QLayoutItem* item : m_items) {
         const QSize hint = item ? item->sizeHint() : QSize(0, 0);
@@ -630,13 +645,11 @@ void FloatGroupLayout::askItems() const
     }
     m_itemHints = std::move(hints);
     m_hintsKey = key;
+    m_itemHintsStand = generation == m_generation;
 }
 
 int FloatGroupLayout::rearrange(int width) const
 {
-    const bool isSettled =
-        m_hints.count() == m_items.count() && m_itemHints.count() == m_items.count() && !m_items.isEmpty();
-    const QScopedValueRollback<bool> reuse(m_reuseItemHints, isSettled);
     clearHints();
     return sizeHint(width, 0).height();
 }

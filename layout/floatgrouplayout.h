@@ -5,6 +5,7 @@
 
 #include <QLayout>
 #include <QList>
+#include <QPointer>
 #include <QRect>
 #include <QSize>
 #include <QVector>
@@ -109,12 +110,29 @@ public:
     /// Size in one column whatever the width of the scroll area is; the
     /// arrangement stays as it is.
     QSize columnSize() const;
-    /// Settles the arrangement at another width; items are asked for their hints
-    /// only if the present one is not settled.
+    /// Settles the arrangement at another width, from the hints that the items gave
+    /// last, unless the layout was invalidated meanwhile.
     int rearrange(int width) const;
     /// Stands for the hints of all items as the last arrangement found them: equal
     /// as long as they are, whatever the width was.
     uint hintsKey() const { return m_hintsKey; }
+
+    /// Held while nothing but the width changes, which no item's hint depends on: Qt
+    /// invalidates a layout for each step of a resize, and the items need not be
+    /// asked anew for each. Ends when items are placed: they may answer with changes.
+    class LAYOUT_EXPORT WidthChange
+    {
+        Q_DISABLE_COPY(WidthChange)
+
+    public:
+        /// Null and layouts of another kind are left alone; the layout may go first.
+        explicit WidthChange(QLayout* layout);
+        ~WidthChange();
+
+    private:
+        QPointer<FloatGroupLayout> m_layout;
+        bool m_before = false;
+    };
 
     /// Pixels after each item of a row, from the next arrangement on.
     void setHorizontalSpacing(int spacing);
@@ -160,8 +178,9 @@ private:
     mutable int m_generation = 0;        // counts the changes of m_hints
     mutable int m_widestFirst = -1;      // of the arrangement; -1 until asked for
     mutable uint m_hintsKey = 0;
-    mutable QVector<QSize> m_itemHints; // what the arrangement was made from
-    mutable bool m_reuseItemHints = false;
+    mutable QVector<QSize> m_itemHints;    // what the arrangement was made from
+    mutable bool m_itemHintsStand = false; // nothing was invalidated since they were asked for
+    bool m_isWidthChange = false;
 };
 
 #endif

@@ -19,6 +19,11 @@ void release(QWidget* content)
     content->setMaximumWidth(QWIDGETSIZE_MAX);
 }
 
+QLayout* layoutOf(const QWidget* content)
+{
+    return content ? content->layout() : nullptr;
+}
+
 int arrangedHeight(QWidget* content, int width)
 {
     content->layout()->invalidate();
@@ -47,7 +52,7 @@ QSize FloatScrollArea::minimumSizeHint() const
 
 QSize FloatScrollArea::sizeHint() const
 {
-    const auto* layout = widget() ? qobject_cast<const FloatGroupLayout*>(widget()->layout()) : nullptr;
+    const auto* layout = qobject_cast<const FloatGroupLayout*>(layoutOf(widget()));
     if (!layout || layout->count() == 0)
         return QScrollArea::sizeHint();
     ensurePolished();
@@ -59,15 +64,17 @@ QSize FloatScrollArea::sizeHint() const
 
 bool FloatScrollArea::event(QEvent* event)
 {
-    if (event->type() == QEvent::LayoutRequest)
-        reconsider();
+    if (event->type() != QEvent::LayoutRequest)
+        return QScrollArea::event(event);
+    const FloatGroupLayout::WidthChange widthChange(layoutOf(widget()));
+    reconsider();
     return QScrollArea::event(event);
 }
 
 void FloatScrollArea::reconsider()
 {
     QWidget* content = widget();
-    const auto* layout = content ? qobject_cast<const FloatGroupLayout*>(content->layout()) : nullptr;
+    const auto* layout = qobject_cast<const FloatGroupLayout*>(layoutOf(content));
     if (!layout || verticalScrollBarPolicy() != Qt::ScrollBarAsNeeded)
         return;
     const bool isHeld = content->maximumWidth() < QWIDGETSIZE_MAX;
@@ -99,7 +106,6 @@ bool FloatScrollArea::settle()
 {
     const int fullWidth = maximumViewportSize().width();
     const int narrowWidth = fullWidth - verticalScrollBar()->sizeHint().width();
-    widget()->layout()->invalidate();
     const bool fitsWhole = fits(fullWidth);
     const bool isHeld = !fitsWhole && fits(narrowWidth);
     widget()->setMaximumWidth(isHeld ? narrowWidth : QWIDGETSIZE_MAX);
@@ -110,8 +116,9 @@ bool FloatScrollArea::settle()
 
 void FloatScrollArea::resizeEvent(QResizeEvent* event)
 {
+    QLayout* const layout = layoutOf(widget());
+    const FloatGroupLayout::WidthChange widthChange(layout);
     if (QWidget* content = widget()) {
-        QLayoutItem* layout = content->layout();
         if (layout)
             layout->invalidate();
         release(content);

@@ -12,6 +12,12 @@ RowWatch::RowWatch(ZorvaDelegate& row)
     row.watches = this;
 }
 
+void RowWatch::announceWrite(const char* name, const QVariant& value)
+{
+    m_writtenName = name;
+    m_written = &value;
+}
+
 RowWatch::~RowWatch()
 {
     if (m_row)

@@ -5,7 +5,7 @@
 
 #include <QList>
 
-#include <list>
+#include <vector>
 
 namespace Orvane {
 
@@ -16,13 +16,12 @@ namespace Orvane {
 template <typename Visit>
 void fromLastToFirst(const QList<values::ValueBase*>& list, const Visit& visit)
 {
-    std::list<ObservableGuard> there;
-    for (values::ValueBase* const value : list)
-        there.emplace_back(value);
-    auto guard = there.crbegin();
-    for (auto value = list.crbegin(); value != list.crend(); ++value, ++guard) {
-        if (guard->Get() || !*value)
-            visit(*value);
+    std::vector<ObservableGuard> there(std::size_t(list.size()));
+    for (int i = 0; i < list.size(); ++i)
+        there[std::size_t(i)].Reset(list.at(i));
+    for (int i = list.size() - 1; i >= 0; --i) {
+        if (there[std::size_t(i)].Get() || !list.at(i))
+            visit(list.at(i));
     }
 }
 

@@ -276,7 +276,7 @@ protected:
         ConfigureValueNumeric(value);
         // An observer may have removed it.
         if (value && value->GetValue() != before)
-            setProperty("value", value->GetValue());
+            SetProperty("value", value->GetValue());
     }
 
     // Everything below that runs somebody else's code gives false if the row is gone
@@ -289,10 +289,7 @@ protected:
         return RunWatched([](const void* target) { (*static_cast<const Call*>(target))(); }, &call);
     }
     /** As setProperty(). */
-    bool SetProperty(const char* name, const QVariant& value)
-    {
-        return Watched([&] { setProperty(name, value); });
-    }
+    bool SetProperty(const char* name, const QVariant& value);
     /** Raises @p signal of this row, which is silent once its form is let go. */
     template <typename Row, typename... Params, typename... Args>
     bool Raise(void (Row::*signal)(Params...), const Args&... args)
@@ -396,6 +393,8 @@ private:
     /** Lets the control show @p look for a defined property; false if that is not wanted any more. */
     bool ShowLook(const QString& name, const QVariant& look);
     bool RunWatched(void (*call)(const void*), const void* target);
+    /** Hands a change on to PropertyChanged(); false if the row is gone after it. */
+    bool TellChange(const QByteArray& key);
     bool ParseProperty(QXmlStreamReader& reader, bool custom);
     /** A description's thousandth name is the last new one that a row takes. */
     void SetParsedProperty(const QByteArray& key, const QVariant& value);

@@ -64,7 +64,7 @@ bool ZorvaDelegate::ParseProperty(QXmlStreamReader& reader, bool custom)
 void ZorvaDelegate::SetParsedProperty(const QByteArray& key, const QVariant& value)
 {
     if (dynamicPropertyNames().count() < mostProperties || property(key.constData()).isValid())
-        setProperty(key.constData(), value);
+        SetProperty(key.constData(), value);
 }
 
 void ZorvaDelegate::FinishParse()
@@ -84,11 +84,29 @@ bool ZorvaDelegate::event(QEvent* event)
 {
     if (event->type() == QEvent::DynamicPropertyChange) {
         const QByteArray key = static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName();
-        const auto change = [&] { PropertyChanged(QString::fromLatin1(key), property(key.constData())); };
-        if (!key.startsWith("_q_") && !Watched(change))
+        if (!key.startsWith("_q_") && !TellChange(key))
             return true;
     }
     return QObject::event(event);
+}
+
+bool ZorvaDelegate::SetProperty(const char* name, const QVariant& value)
+{
+    RowWatch row(*this);
+    row.announceWrite(name, value);
+    setProperty(name, value);
+    return static_cast<bool>(row);
+}
+
+bool ZorvaDelegate::TellChange(const QByteArray& key)
+{
+    // Qt would look up what SetProperty() has at hand, and that watches already.
+    RowWatch* const write = watches;
+    if (write && write->isWriting(key)) {
+        PropertyChanged(QString::fromLatin1(key.constData(), key.size()), write->takeWrite());
+        return static_cast<bool>(*write);
+    }
+    return Watched([&] { PropertyChanged(QString::fromLatin1(key), property(key.constData())); });
 }
 
 void ZorvaDelegate::PropertyChanged(const QString& name, const QVariant& value)
@@ -114,7 +132,7 @@ bool ZorvaDelegate::ChangeProperty(const char* name, const QVariant& value)
 {
     if (value == property(name))
         return false;
-    setProperty(name, value);
+    SetProperty(name, value);
     return true;
 }
 

@@ -120,8 +120,8 @@ bool ZorvaDelegate::TakeConverted(const char* name, const char* marker, double& 
         return false;
     number = reverseDisplayTransformation(number, factor, offset);
     // The marker first: writing the property comes back here, and must find nothing to do.
-    setProperty(marker, number);
-    setProperty(name, number);
+    SetProperty(marker, number);
+    SetProperty(name, number);
     return true;
 }
 

@@ -196,7 +196,6 @@ ZorvaFormular::ZorvaFormular()
     : emptyEnum(new ZorvaEnum)
     , sheet(this)
     , scriptDebugger(nullptr)
-    , scriptGuard(std::make_unique<ScriptGuard>())
 {
     connect(sheet.GetSheetUi(), &ZorvaSheetUi::si_parametersModified, this,
             &ZorvaFormular::si_parametersModified);
@@ -449,11 +448,11 @@ values::ValueBase* ZorvaFormular::GetVTValue(values::ValueBase* target, IObserve
         return nullptr;
     }
     const FormHold form(this);
-    const ObservableGuard targetThere(target);
     const ObservableGuard sourceThere(source);
     const auto result = [&] { return sourceThere.Get() ? source : nullptr; };
     const QString text = source->GetStringValue();
     if (initialize) {
+        const ObservableGuard targetThere(target);
         InitVTValue(target, source, observer);
         if (!targetThere.Get() || !sourceThere.Get())
             return result();
@@ -462,8 +461,9 @@ values::ValueBase* ZorvaFormular::GetVTValue(values::ValueBase* target, IObserve
             return result();
         }
     }
-    auto* const selection = dynamic_cast<values::ValueSelection*>(target);
-    if (selection && source->GetType() != values::TypeSelection)
+    auto* const selection =
+        source->GetType() != values::TypeSelection ? dynamic_cast<values::ValueSelection*>(target) : nullptr;
+    if (selection)
         selectOrReduce(selection, text, observer);
     else
         target->SetStringValue(text, observer);
@@ -572,7 +572,7 @@ void ZorvaFormular::InitScript()
 {
     const FormHold form(this);
     if (!script.GetCode().isEmpty())
-        scriptGuard->install(sheet, scriptEngine);
+        GuardScript();
     scriptEngine.evaluate(script.GetCode(), QString(), 1);
     if (!scriptEngine.hasUncaughtException() || !ErrorHandler::Traces(ErrorHandler::TraceErrors))
         return;
@@ -581,10 +581,17 @@ void ZorvaFormular::InitScript()
              QStringLiteral("zorvaformular"), __LINE__);
 }
 
+void ZorvaFormular::GuardScript()
+{
+    if (!scriptGuard)
+        scriptGuard = std::make_unique<ScriptGuard>();
+    scriptGuard->install(sheet, scriptEngine);
+}
+
 void ZorvaFormular::EvaluateScript(const QString& code)
 {
     const FormHold form(this);
-    scriptGuard->install(sheet, scriptEngine);
+    GuardScript();
     scriptEngine.evaluate(code, QString(), 1);
     if (scriptEngine.hasUncaughtException())
         TraceScriptError(scriptEngine.uncaughtException());

@@ -170,6 +170,8 @@ private:
     void ParseChangedEnums(QXmlStreamReader& reader);
     void PublishEnum(const QExplicitlySharedDataPointer<ZorvaEnum>& enumeration);
     void InitScript();
+    /** Called before code runs. */
+    void GuardScript();
     void TraceScriptError(const QScriptValue& error) const;
     QString WriteXml(bool withValues, bool modifiedOnly);
     /** Takes each element named @p root, wherever it stands. */
@@ -189,7 +191,7 @@ private:
     QScriptEngineDebugger* scriptDebugger; // owned
     QPointer<QObject> configObject;        // not owned
     QString configKey;
-    std::unique_ptr<ScriptGuard> scriptGuard; // never null; goes before the engine
+    std::unique_ptr<ScriptGuard> scriptGuard; // null until code is to run; goes before the engine
     // The calls that are under way, and what the host did to the form meanwhile.
     int holds = 0;
     bool keptAlive = false;    // by a reference that they share

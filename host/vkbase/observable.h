@@ -14,8 +14,10 @@ class Observable;
 class VKBASE_EXPORT ObservableGuard
 {
 public:
+    /// Guards nothing yet.
+    ObservableGuard() noexcept = default;
     /// `observable` may be null.
-    explicit ObservableGuard(Observable* observable = nullptr) noexcept;
+    explicit ObservableGuard(Observable* observable) noexcept;
     ObservableGuard(const ObservableGuard&) = delete;
     ObservableGuard& operator=(const ObservableGuard&) = delete;
     virtual ~ObservableGuard();
