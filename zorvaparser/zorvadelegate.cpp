@@ -152,6 +152,8 @@ void ZorvaDelegate::setModified(bool autoApply)
 {
     if (!generateParameterXml)
         return;
+    if (!modified && widget)
+        widget->NoteModified();
     modified = true;
     if (ZorvaSheet* const sheet = GetSheet())
         sheet->setModified(autoApply);

@@ -7,6 +7,9 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <algorithm>
+#include <vector>
+
 namespace Orvane {
 
 // A path has as many levels as its author likes, so no walk here calls itself.
@@ -32,13 +35,15 @@ QStringView takePart(QStringView& path)
 
 ZorvaElement::~ZorvaElement()
 {
-    QList<ZorvaElement*> descendants;
+    if (widget)
+        widget->LeaveElement();
+    Children descendants;
     takeDescendants(descendants);
     while (!descendants.isEmpty())
         delete descendants.takeLast();
 }
 
-void ZorvaElement::takeDescendants(QList<ZorvaElement*>& taken)
+void ZorvaElement::takeDescendants(Children& taken)
 {
     taken.append(children);
     children.clear();
@@ -58,6 +63,7 @@ ZorvaElement* ZorvaElement::append(const QStringList& childTags)
     auto* const element = new ZorvaElement;
     element->tags = childTags;
     element->parent = this;
+    element->place = children.count();
     children.append(element);
     for (const QString& tag : qAsConst(element->tags)) {
         if (!firstChildByTag.contains(tag))
@@ -81,9 +87,10 @@ void ZorvaElement::addWidget(const WidgetPointer& newWidget)
     }
     const QStringList leafTags =
         delegate->HasSeveralXmlTags() ? delegate->GetAllTags() : QStringList{delegate->GetXmlTagName()};
-    current->append(leafTags)->widget = newWidget;
+    ZorvaElement* const leaf = current->append(leafTags);
+    leaf->widget = newWidget;
     if (isWritten)
-        leaves.append({newWidget.data(), current});
+        newWidget->TakeElement(leaf);
 }
 
 ZorvaElement::WidgetPointer ZorvaElement::findWidget(const QString& path) const
@@ -98,45 +105,69 @@ ZorvaElement::WidgetPointer ZorvaElement::findWidget(const QString& path) const
     return current->widget;
 }
 
-ZorvaElement::Groups ZorvaElement::modifiedGroups() const
+void ZorvaElement::noteModified()
 {
-    Groups groups;
-    for (const Leaf& leaf : leaves) {
-        if (!leaf.widget->isModified())
-            continue;
-        for (const ZorvaElement* group = leaf.group; group && !groups.contains(group); group = group->parent)
-            groups.insert(group);
+    if (isNoted)
+        return;
+    isNoted = true;
+    ZorvaElement* root = this;
+    while (root->parent)
+        root = root->parent;
+    root->noted.append(this);
+}
+
+ZorvaElement::Branches ZorvaElement::modifiedBranches() const
+{
+    const auto isDone = [](ZorvaElement* leaf) {
+        leaf->isNoted = leaf->widget->isModified();
+        return !leaf->isNoted;
+    };
+    noted.erase(std::remove_if(noted.begin(), noted.end(), isDone), noted.end());
+    Branches branches;
+    for (ZorvaElement* const leaf : qAsConst(noted)) {
+        bool isOpen = false;
+        for (ZorvaElement* element = leaf; element->parent && !isOpen; element = element->parent) {
+            isOpen = branches.contains(element->parent);
+            branches[element->parent].append(element);
+        }
     }
-    return groups;
+    for (Children& branch : branches)
+        std::sort(branch.begin(), branch.end(), [](const ZorvaElement* left, const ZorvaElement* right) {
+            return left->place < right->place;
+        });
+    return branches;
 }
 
 void ZorvaElement::writeChildren(QXmlStreamWriter& writer, bool modifiedOnly) const
 {
     struct Open
     {
-        const ZorvaElement* element;
+        const Children children;
         int next;
     };
-    const Groups wanted = modifiedOnly ? modifiedGroups() : Groups();
+    const Branches branches = modifiedOnly ? modifiedBranches() : Branches();
+    const auto wanted = [&](const ZorvaElement* group) {
+        return modifiedOnly ? branches.value(group) : group->children;
+    };
     const bool isIndented = writer.autoFormatting();
-    QVector<Open> open{{this, 0}};
-    while (!open.isEmpty()) {
-        Open& group = open.last();
-        if (group.next == group.element->children.count()) {
-            open.removeLast();
-            if (!open.isEmpty())
+    std::vector<Open> open{{wanted(this), 0}};
+    while (!open.empty()) {
+        Open& group = open.back();
+        if (group.next == group.children.count()) {
+            open.pop_back();
+            if (!open.empty())
                 writer.writeEndElement();
-            if (open.count() == deepestIndent)
+            if (open.size() == deepestIndent)
                 writer.setAutoFormatting(isIndented);
             continue;
         }
-        const ZorvaElement* const element = group.element->children.at(group.next++);
+        const ZorvaElement* const element = group.children.at(group.next++);
         if (element->widget) {
             element->widget->GetXml(writer, modifiedOnly);
-        } else if (!modifiedOnly || wanted.contains(element)) {
+        } else {
             writer.writeStartElement(element->tags.first());
-            open.append({element, 0});
-            if (open.count() > deepestIndent)
+            open.push_back({wanted(element), 0});
+            if (open.size() > deepestIndent)
                 writer.setAutoFormatting(false);
         }
     }

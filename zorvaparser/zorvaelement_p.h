@@ -6,7 +6,6 @@
 #include <QExplicitlySharedDataPointer>
 #include <QHash>
 #include <QList>
-#include <QSet>
 #include <QStringList>
 #include <QStringView>
 #include <QVector>
@@ -44,32 +43,30 @@ public:
      * as @p goOn says after each that this tree is still wanted.
      */
     void readChildren(QXmlStreamReader& reader, const std::function<bool()>& goOn) const;
+    /** Called on the leaf of a row that was just marked. */
+    void noteModified();
 
 private:
-    using Groups = QSet<const ZorvaElement*>;
-
-    struct Leaf
-    {
-        ZorvaWidget* widget;       // held by the element of the leaf
-        const ZorvaElement* group; // what the leaf hangs in
-    };
+    using Children = QList<ZorvaElement*>;
+    using Branches = QHash<const ZorvaElement*, Children>;
 
     /** Keeps @p row meanwhile, which may lose its tree. */
     static bool readWidget(WidgetPointer row, QXmlStreamReader& reader, const std::function<bool()>& goOn);
     ZorvaElement* child(QStringView tag) const;
     ZorvaElement* append(const QStringList& childTags);
-    /** Called on the root: the groups that a modified row stands below, the root included. */
-    Groups modifiedGroups() const;
-    void takeDescendants(QList<ZorvaElement*>& taken);
+    /** Called on the root: what to write of the root and each group that a modified row stands below. */
+    Branches modifiedBranches() const;
+    void takeDescendants(Children& taken);
 
     QStringList tags;
     WidgetPointer widget;
-    QList<ZorvaElement*> children;                     // owned
+    Children children;                                 // owned
     QHash<QStringView, ZorvaElement*> firstChildByTag; // keys: the children's own tags
-    const ZorvaElement* parent = nullptr;
-    // The root's alone, every leaf that is written: the walk for modified ones must be short.
-    // A leaf whose path goes through the leaf of another row is found, but not written.
-    QVector<Leaf> leaves;
+    ZorvaElement* parent = nullptr;
+    int place = 0;        // among the parent's children
+    bool isNoted = false; // in the list below
+    // The root's alone: leaves whose rows were marked since they were last looked for.
+    mutable QVector<ZorvaElement*> noted;
 };
 
 } // namespace Orvane

@@ -4,6 +4,7 @@
 #include "guardedrollback_p.h"
 #include "numbertext_p.h"
 #include "scriptguard_p.h"
+#include "scriptnames_p.h"
 #include "textsize_p.h"
 #include "valuewalk_p.h"
 #include "widgets/zorvasheetui.h"
@@ -200,7 +201,6 @@ ZorvaFormular::ZorvaFormular()
     connect(sheet.GetSheetUi(), &ZorvaSheetUi::si_parametersModified, this,
             &ZorvaFormular::si_parametersModified);
     connect(sheet.GetSheetUi(), &ZorvaSheetUi::si_chooseFontSize, this, &ZorvaFormular::sl_fontSize);
-    connect(&scriptEngine, &QScriptEngine::signalHandlerException, this, &ZorvaFormular::TraceScriptError);
     RegisterScriptTypes();
 }
 
@@ -461,9 +461,9 @@ values::ValueBase* ZorvaFormular::GetVTValue(values::ValueBase* target, IObserve
             return result();
         }
     }
-    auto* const selection =
-        source->GetType() != values::TypeSelection ? dynamic_cast<values::ValueSelection*>(target) : nullptr;
-    if (selection)
+    const bool isChoice =
+        target->GetType() == values::TypeSelection && source->GetType() != values::TypeSelection;
+    if (auto* const selection = isChoice ? dynamic_cast<values::ValueSelection*>(target) : nullptr)
         selectOrReduce(selection, text, observer);
     else
         target->SetStringValue(text, observer);
@@ -583,9 +583,19 @@ void ZorvaFormular::InitScript()
 
 void ZorvaFormular::GuardScript()
 {
-    if (!scriptGuard)
+    PublishNames();
+    if (!scriptGuard) {
         scriptGuard = std::make_unique<ScriptGuard>();
+        connect(&scriptEngine, &QScriptEngine::signalHandlerException, this,
+                &ZorvaFormular::TraceScriptError);
+    }
     scriptGuard->install(sheet, scriptEngine);
+}
+
+void ZorvaFormular::PublishNames()
+{
+    if (const auto names = std::move(scriptNames))
+        names->publish(scriptEngine);
 }
 
 void ZorvaFormular::EvaluateScript(const QString& code)
@@ -612,6 +622,7 @@ void ZorvaFormular::DebugScript()
 {
     if (scriptDebugger)
         return;
+    GuardScript();
     scriptDebugger = new QScriptEngineDebugger;
     scriptDebugger->attachTo(&scriptEngine);
     prepareDebuggerWindow(scriptDebugger->standardWindow());
@@ -620,6 +631,7 @@ void ZorvaFormular::DebugScript()
 
 void ZorvaFormular::SetGlobal(const QString& globalName, const QScriptValue& value)
 {
+    PublishNames();
     scriptEngine.globalObject().setProperty(globalName, value);
 }
 
@@ -640,13 +652,14 @@ void ZorvaFormular::SetScriptValue(const QString& globalName, bool value)
 
 void ZorvaFormular::SetScriptValue(const QString& globalName, QObject* value)
 {
-    // A row that a script deletes would be missed by everybody else.
-    SetGlobal(globalName,
-              scriptEngine.newQObject(value, QScriptEngine::QtOwnership, QScriptEngine::ExcludeDeleteLater));
+    if (!scriptNames)
+        scriptNames = std::make_unique<ScriptNames>();
+    scriptNames->add(globalName, value);
 }
 
 QMap<QString, QScriptValue> ZorvaFormular::GetScriptValues()
 {
+    PublishNames();
     QMap<QString, QScriptValue> globals;
     QScriptValueIterator property(scriptEngine.globalObject());
     while (property.hasNext()) {

@@ -29,6 +29,7 @@ class ValueSelection;
 namespace Orvane {
 
 class ScriptGuard;
+class ScriptNames;
 
 /**
  * The root object of one live form: sheet, script and enumerations of a
@@ -172,6 +173,8 @@ private:
     void InitScript();
     /** Called before code runs. */
     void GuardScript();
+    /** Called before anybody looks at the engine's globals. */
+    void PublishNames();
     void TraceScriptError(const QScriptValue& error) const;
     QString WriteXml(bool withValues, bool modifiedOnly);
     /** Takes each element named @p root, wherever it stands. */
@@ -191,6 +194,7 @@ private:
     QScriptEngineDebugger* scriptDebugger; // owned
     QPointer<QObject> configObject;        // not owned
     QString configKey;
+    std::unique_ptr<ScriptNames> scriptNames; // null if all are published
     std::unique_ptr<ScriptGuard> scriptGuard; // null until code is to run; goes before the engine
     // The calls that are under way, and what the host did to the form meanwhile.
     int holds = 0;

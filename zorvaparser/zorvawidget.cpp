@@ -1,6 +1,7 @@
 #include "zorvawidget.h"
 
 #include "zorvadelegatefactory_p.h"
+#include "zorvaelement_p.h"
 
 #include <zorvaparser/zorvadelegate.h>
 #include <zorvaparser/zorvaformular.h>
@@ -99,6 +100,24 @@ void ZorvaWidget::SetExtWidget(QString newName, QString labelText, QWidget* extW
     delegate->setProperty("enabled", true);
     if (sheet)
         sheet->RowsChanged();
+}
+
+void ZorvaWidget::TakeElement(ZorvaElement* leaf)
+{
+    element = leaf;
+    if (isModified())
+        NoteModified();
+}
+
+void ZorvaWidget::LeaveElement()
+{
+    element = nullptr;
+}
+
+void ZorvaWidget::NoteModified()
+{
+    if (element)
+        element->noteModified();
 }
 
 bool ZorvaWidget::isModified()

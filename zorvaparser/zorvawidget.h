@@ -15,6 +15,7 @@ class QXmlStreamWriter;
 namespace Orvane {
 
 class ZorvaDelegate;
+class ZorvaElement;
 class ZorvaFormular;
 class ZorvaSheet;
 
@@ -68,7 +69,15 @@ public:
     ZorvaFormular* GetFormular() const;
 
 private:
+    friend class ZorvaDelegate;
+    friend class ZorvaElement;
+
     void createDelegate();
+    /** The row is written by @p leaf from now on. */
+    void TakeElement(ZorvaElement* leaf);
+    void LeaveElement();
+    /** Called when the row gets its mark. */
+    void NoteModified();
     void SetClass(const QString& newClass);
 
     QString name;
@@ -76,7 +85,8 @@ private:
     ZorvaSheet* sheet;       // not owned
     ZorvaDelegate* delegate; // owned
     bool selected;
-    bool headline; // className is "Headline": group walks ask it for every row
+    bool headline;                   // className is "Headline": group walks ask it for every row
+    ZorvaElement* element = nullptr; // not owned: the leaf that writes the row; null if none does
 };
 
 } // namespace Orvane

@@ -155,6 +155,46 @@ private Q_SLOTS:
         QVERIFY(globals.contains(QStringLiteral("Math")));
     }
 
+    void objectsThatWentAreKnownAsGone_data()
+    {
+        QTest::addColumn<bool>("evaluatedBefore");
+        QTest::newRow("after the first look") << true;
+        QTest::newRow("before it") << false;
+    }
+
+    // Whether the engine had wrapped them when they went makes no difference to a script.
+    void objectsThatWentAreKnownAsGone()
+    {
+        QFETCH(const bool, evaluatedBefore);
+        FormFixture form(edit("a"), FormFixture::Parsed);
+        auto thing = std::make_unique<QObject>();
+        form.formular()->SetScriptValue(QStringLiteral("thing"), thing.get());
+        form.formular()->SetScriptValue(QStringLiteral("nothing"), static_cast<QObject*>(nullptr));
+        if (evaluatedBefore)
+            form.evaluate(QStringLiteral("1"));
+        thing.reset();
+        QCOMPARE(evaluated(form.formular(), QStringLiteral("typeof thing + (thing === null)")),
+                 QStringLiteral("objectfalse"));
+        QCOMPARE(evaluated(form.formular(), QStringLiteral("'' + (nothing === null)")),
+                 QStringLiteral("true"));
+        form.evaluate(
+            QStringLiteral("var said; try { said = thing.objectName; } catch (error) { said = 'gone'; }"));
+        QCOMPARE(scriptText(form.formular(), "said"), QStringLiteral("gone"));
+    }
+
+    void hostsGlobalsComeInTheOrderOfTheirNaming()
+    {
+        FormFixture form(edit("a"), FormFixture::Parsed);
+        QObject thing;
+        form.formular()->SetScriptValue(QStringLiteral("a"), QStringLiteral("text"));
+        QCOMPARE(scriptText(form.formular(), "a"), QStringLiteral("text"));
+        form.formular()->SetScriptValue(QStringLiteral("a"), &thing);
+        form.formular()->SetScriptValue(QStringLiteral("a"), 7.0);
+        QCOMPARE(scriptText(form.formular(), "a"), QStringLiteral("7"));
+        form.formular()->SetScriptValue(QStringLiteral("a"), &thing);
+        QCOMPARE(form.formular()->GetScriptValues().value(QStringLiteral("a")).toQObject(), &thing);
+    }
+
     void laterGlobalOfANameReplacesTheEarlier_data()
     {
         QTest::addColumn<QString>("description");

@@ -5,6 +5,9 @@
 
 #include <QFile>
 #include <QLineEdit>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QSet>
 
 using Orvane::ZorvaFormular;
 
@@ -54,6 +57,46 @@ FormPointer receiver()
 QString edit(const char* name, const char* path = "")
 {
     return rowXml("LineEdit", name, {{"parameterXmlTag", path}});
+}
+
+QStringList letters(QRandomGenerator& random, int count)
+{
+    QStringList names;
+    for (int i = 0; i < count; ++i)
+        names.insert(random.bounded(i + 1), QStringLiteral("row%1").arg(i));
+    return names;
+}
+
+/// Rows that hang up to three groups deep, side by side with groups.
+QString rowsBelowRandomGroups(const QStringList& names, QRandomGenerator& random)
+{
+    QString rows;
+    for (const QString& name : names) {
+        QString path;
+        for (int depth = random.bounded(4); depth > 0; --depth)
+            path += QLatin1Char("abc"[random.bounded(3)]) + QLatin1Char('/');
+        rows += edit(name.toLatin1(), (path + name).toLatin1());
+    }
+    return rows;
+}
+
+/// \a whole without the lines of other rows, and then without groups that hold nothing.
+QString withoutOthers(const QString& whole, const QSet<QString>& rows)
+{
+    static const QRegularExpression row(QStringLiteral("^ *<(row[0-9]+)>"));
+    static const QRegularExpression emptyGroup(QStringLiteral("( *)<([abc])>\n\\1</\\2>\n"));
+    QString left;
+    for (const QString& line : whole.split(QLatin1Char('\n'))) {
+        const QRegularExpressionMatch match = row.match(line);
+        if (!match.hasMatch() || rows.contains(match.captured(1)))
+            left += line + QLatin1Char('\n');
+    }
+    left.chop(1);
+    for (int before = -1; before != left.size();) {
+        before = left.size();
+        left.remove(emptyGroup);
+    }
+    return left.replace(QStringLiteral("<Parameters>\n</Parameters>"), QStringLiteral("<Parameters/>"));
 }
 
 QString textOf(const FormFixture& form, const char* row)
@@ -242,6 +285,35 @@ private Q_SLOTS:
         QCOMPARE(squeezed(form.formular()->GetXmlString(true)), QStringLiteral("<Parameters/>"));
         QCOMPARE(squeezed(form.formular()->GetXmlString(false)),
                  QStringLiteral("<Parameters><g><a></a></g></Parameters>"));
+    }
+
+    // Whatever was marked in whatever order, and whatever lost its mark again.
+    void modifiedAreWhatIsLeftOfTheWhole()
+    {
+        QRandomGenerator random(20);
+        const QStringList names = letters(random, 40);
+        FormFixture form(rowsBelowRandomGroups(names, random), withValues);
+        const QString whole = form.formular()->GetXmlString(false);
+        for (int round = 0; round < 200; ++round) {
+            QSet<QString> marked;
+            for (int step = random.bounded(12); step > 0; --step) {
+                const QString name = names.at(random.bounded(names.size()));
+                if (random.bounded(4) > 0) {
+                    form.row(name.toLatin1())->setModified(false);
+                    marked.insert(name);
+                } else {
+                    form.row(name.toLatin1())->resetModified();
+                    marked.remove(name);
+                }
+            }
+            if (round % 10 == 9) {
+                QCOMPARE(form.formular()->GetXmlString(false), whole); // takes all marks away
+                marked.clear();
+            }
+            form.sheet().setModified(false);
+            QCOMPARE(difference(form.formular()->GetXmlString(true), withoutOthers(whole, marked)),
+                     QString());
+        }
     }
 
     void deselectedChangeLeavesItsGroupEmpty()
