@@ -377,8 +377,8 @@ Qt::Orientations FloatGroupLayout::expandingDirections() const
 void FloatGroupLayout::setGeometry(const QRect& rect)
 {
     const QSize size = sizeHint(rect.width(), 0);
-    m_isWidthChange = false;
     const int generation = m_generation;
+    const bool isWidthChange = std::exchange(m_isWidthChange, false);
     if (m_scrollArea && m_scrollArea->widget())
         m_scrollArea->widget()->setMinimumSize(size.boundedTo({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX}));
     QLayout::setGeometry(rect);
@@ -396,6 +396,7 @@ void FloatGroupLayout::setGeometry(const QRect& rect)
         if (m_flags.at(i) & FlagList)
             setListGeometry(item);
     }
+    m_isWidthChange = isWidthChange && generation == m_generation;
 }
 
 // Has the caption ahead of a field stand level with its first line. One that has

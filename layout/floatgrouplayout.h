@@ -119,7 +119,7 @@ public:
 
     /// Held while nothing but the width changes, which no item's hint depends on: Qt
     /// invalidates a layout for each step of a resize, and the items need not be
-    /// asked anew for each. Ends when items are placed: they may answer with changes.
+    /// asked anew for each. Ends if an item answers its new place with a change.
     class LAYOUT_EXPORT WidthChange
     {
         Q_DISABLE_COPY(WidthChange)

@@ -74,8 +74,8 @@ QString rowsBelowRandomGroups(const QStringList& names, QRandomGenerator& random
     for (const QString& name : names) {
         QString path;
         for (int depth = random.bounded(4); depth > 0; --depth)
-            path += QLatin1Char("abc"[random.bounded(3)]) + QLatin1Char('/');
-        rows += edit(name.toLatin1(), (path + name).toLatin1());
+            path += QStringLiteral("%1/").arg(QLatin1Char("abc"[random.bounded(3)]));
+        rows += edit(qPrintable(name), qPrintable(path + name));
     }
     return rows;
 }
@@ -299,10 +299,10 @@ private Q_SLOTS:
             for (int step = random.bounded(12); step > 0; --step) {
                 const QString name = names.at(random.bounded(names.size()));
                 if (random.bounded(4) > 0) {
-                    form.row(name.toLatin1())->setModified(false);
+                    form.row(qPrintable(name))->setModified(false);
                     marked.insert(name);
                 } else {
-                    form.row(name.toLatin1())->resetModified();
+                    form.row(qPrintable(name))->resetModified();
                     marked.remove(name);
                 }
             }
@@ -311,8 +311,8 @@ private Q_SLOTS:
                 marked.clear();
             }
             form.sheet().setModified(false);
-            QCOMPARE(difference(form.formular()->GetXmlString(true), withoutOthers(whole, marked)),
-                     QString());
+            const QString expected = marked.isEmpty() ? QString() : withoutOthers(whole, marked);
+            QCOMPARE(difference(form.formular()->GetXmlString(true), expected), QString());
         }
     }
 
