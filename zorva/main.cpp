@@ -8,8 +8,8 @@
 namespace {
 
 const Subcommand* const subcommands[] = {
-    &checkCommand,  &formatCommand, &kindsCommand, &newCommand,     &parametersCommand,
-    &schemaCommand, &serverCommand, &showCommand,  &stringsCommand,
+    &checkCommand,      &formatCommand, &kindsCommand,  &manualCommand, &newCommand,
+    &parametersCommand, &schemaCommand, &serverCommand, &showCommand,   &stringsCommand,
 };
 
 QString overview()

@@ -29,6 +29,7 @@ struct Subcommand
 extern const Subcommand checkCommand;
 extern const Subcommand formatCommand;
 extern const Subcommand kindsCommand;
+extern const Subcommand manualCommand;
 extern const Subcommand newCommand;
 extern const Subcommand parametersCommand;
 extern const Subcommand schemaCommand;

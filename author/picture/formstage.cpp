@@ -4,6 +4,7 @@
 #include <layout/floatgrouplayout.h>
 
 #include <QCoreApplication>
+#include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -88,11 +89,13 @@ QSize FormStage::arrange(int width)
     return m_window->size();
 }
 
-QImage FormStage::picture() const
+QImage FormStage::picture(int scale) const
 {
-    QImage image(m_window->size(), QImage::Format_RGB32);
+    QImage image(m_window->size() * scale, QImage::Format_RGB32);
     image.fill(m_window->palette().color(QPalette::Window));
-    m_window->render(&image);
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    m_window->render(&painter);
     return image;
 }
 

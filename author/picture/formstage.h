@@ -45,8 +45,8 @@ public:
     int openingWidth() const;
     /** Arranges the form at that width, as tall as its rows are; gives the size of the picture. */
     QSize arrange(int width);
-    /** What is to be seen now. */
-    QImage picture() const;
+    /** What is to be seen now, with that many pixels for each one of the window. */
+    QImage picture(int scale = 1) const;
 
     static constexpr int widest = 16000;   // pixels
     static constexpr int tallest = 32000;  // pixels: painters reach no further

@@ -1,7 +1,10 @@
 #include "formstrings.h"
 
+#include <author/check/scripttokens.h>
 #include <author/document/enginereading.h>
 #include <author/live/liveform.h>
+
+#include <zorvaparser/zorvadelegate.h>
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -74,8 +77,62 @@ QStringList headlinesOf(ZorvaSheet& sheet)
     return names;
 }
 
+/** A text that a script gives to a row, now or later. */
+struct ScriptText
+{
+    QString row;
+    QString property;
+    QString text;
+};
+
+/** "setText" sets "text". */
+QString propertyOf(const QString& slot)
+{
+    return slot.size() > 3 && slot.startsWith(QLatin1String("set")) ? slot.at(3).toLower() + slot.mid(4)
+                                                                    : QString();
+}
+
+/** What stands between the quotes of a text without escapes; null of another one. */
+QString literalOf(const ScriptToken& token)
+{
+    const bool isPlain =
+        token.kind == ScriptToken::Text && token.text.size() > 2 && !token.text.contains(QLatin1Char('\\'));
+    return isPlain ? token.text.mid(1, token.text.size() - 2) : QString();
+}
+
+/** `row.setText("words")` and `row.text = "words"`, wherever they stand. */
+QVector<ScriptText> scriptTexts(const QString& code)
+{
+    QVector<ScriptText> texts;
+    const QVector<ScriptToken> tokens = scriptTokens(code);
+    for (int i = 0; i + 4 < tokens.size(); ++i) {
+        if (tokens.at(i).kind != ScriptToken::Word || !tokens.at(i + 1).is("."))
+            continue;
+        const QString member = tokens.at(i + 2).text;
+        const QString property = tokens.at(i + 3).is("(")   ? propertyOf(member)
+                                 : tokens.at(i + 3).is("=") ? member
+                                                            : QString();
+        const QString text = literalOf(tokens.at(i + 4));
+        if (!property.isEmpty() && !text.isEmpty())
+            texts.append({tokens.at(i).text, property, text});
+    }
+    return texts;
+}
+
+/** Does what the script would do at some time. */
+void say(const QVector<ScriptText>& texts, ZorvaSheet& sheet)
+{
+    QHash<QString, ZorvaDelegate*> rows;
+    for (int i = sheet.GetWidgetCount() - 1; i >= 0; --i)
+        rows.insert(sheet.GetWidgetAt(i)->GetName(), sheet.GetWidgetAt(i)->GetDelegate());
+    for (const ScriptText& each : texts) {
+        if (ZorvaDelegate* const row = rows.value(each.row))
+            row->ChangeProperty(each.property, each.text);
+    }
+}
+
 /** What a form asks for in its life. */
-QVector<Key> askedBy(const QByteArray& description)
+QVector<Key> askedBy(const QByteArray& description, const QVector<ScriptText>& texts = {})
 {
     const Recorder recorder;
     const LiveForm live(description, LiveForm::Built);
@@ -85,6 +142,7 @@ QVector<Key> askedBy(const QByteArray& description)
     const QStringList collapsed = sheet.GetCollapsed();
     for (const QStringList& names : {headlinesOf(sheet), QStringList(), collapsed})
         sheet.SetCollapsed(names);
+    say(texts, sheet);
     changeLanguage(live->GetGUI());
     return recorder.asked();
 }
@@ -164,7 +222,8 @@ FormStrings formStrings(const QByteArray& description)
     const Places places(written, reading.form());
     const QVector<Key> plain = askedBy(withoutScripts(written));
     const QSet<Key> uncomputed(plain.cbegin(), plain.cend());
-    const QVector<Key> all = plain + askedBy(written.source().engineBytes());
+    const QVector<Key> all =
+        plain + askedBy(written.source().engineBytes(), scriptTexts(reading.form().code));
     QSet<Key> taken;
     for (const Key& key : all) {
         const bool isWritten = uncomputed.contains(key) || reading.form().code.contains(key.second);

@@ -25,8 +25,8 @@ struct FormStrings
 /**
  * What the running form asks for, with the contexts that it asks with: the engine itself
  * builds the form, collapses and opens its groups and changes the language, while a
- * translator notes what it is asked. What a script sets at its start counts if the text
- * stands in the script; what is computed there does not. Needs an application with widgets.
+ * translator notes what it is asked. What the script gives to a row counts if it stands in the
+ * script as one text; what is computed does not. Needs an application with widgets.
  */
 FormStrings formStrings(const QByteArray& description);
 

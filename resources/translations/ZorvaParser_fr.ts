@@ -13,6 +13,49 @@
     </message>
 </context>
 <context>
+    <name>Manual</name>
+    <message>
+        <source>Length</source>
+        <translation>Longueur</translation>
+    </message>
+    <message>
+        <source>at most %1 characters</source>
+        <translation>au plus %1 caractères</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <translation>Plage</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 à %2</translation>
+    </message>
+    <message>
+        <source>from %1</source>
+        <translation>à partir de %1</translation>
+    </message>
+    <message>
+        <source>up to %1</source>
+        <translation>jusqu’à %1</translation>
+    </message>
+    <message>
+        <source>Step</source>
+        <translation>Pas</translation>
+    </message>
+    <message>
+        <source>Choices</source>
+        <translation>Choix</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Par défaut</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>Paramètre</translation>
+    </message>
+</context>
+<context>
     <name>Orvane::FreqRangeTable</name>
     <message>
         <source>min</source>

@@ -69,6 +69,11 @@ void TestFormStrings::texts_data()
     row("words that a script says at its start",
         formXml(rowXml("Label", "l", {{"text", "-"}}), QString(), QStringLiteral("l.setText('Ready');")),
         "l|-,l|Ready");
+    row("words that a script says later",
+        formXml(rowXml("Label", "l", {{"text", "-"}}) + rowXml("CheckBox", "c", {caption}), QString(),
+                QStringLiteral("c.toggled.connect(function(on) { if (on) l.setText(\"Busy\"); else "
+                               "c.labelText = 'Free'; c.setToolTip('no context'); no.setText('row'); });")),
+        "l|-,l|Busy,c|Caption,c|Free");
     row("letters beyond ASCII", formXml(rowXml("Label", "l", {{"text", "Lautstärke µ"}})), "l|Lautstärke µ");
 }
 
