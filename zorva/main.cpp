@@ -8,9 +8,11 @@
 namespace {
 
 const Subcommand* const subcommands[] = {
-    &checkCommand,      &formatCommand, &kindsCommand,  &manualCommand, &newCommand,
-    &parametersCommand, &schemaCommand, &serverCommand, &showCommand,   &stringsCommand,
+    &checkCommand,  &formatCommand, &kindsCommand, &manualCommand,  &newCommand,  &parametersCommand,
+    &schemaCommand, &serverCommand, &showCommand,  &stringsCommand, &testCommand,
 };
+/** For the program itself. */
+const Subcommand* const services[] = {&serveScriptsCommand, &serveTestsCommand};
 
 QString overview()
 {
@@ -34,7 +36,11 @@ const Subcommand* find(const QString& name)
         if (name == QLatin1String(command->name))
             return command;
     }
-    return name == QLatin1String(serveScriptsCommand.name) ? &serveScriptsCommand : nullptr;
+    for (const Subcommand* command : services) {
+        if (name == QLatin1String(command->name))
+            return command;
+    }
+    return nullptr;
 }
 
 int failWithNames(const QString& message)

@@ -36,7 +36,9 @@ extern const Subcommand schemaCommand;
 extern const Subcommand serverCommand;
 extern const Subcommand showCommand;
 extern const Subcommand stringsCommand;
+extern const Subcommand testCommand;
 /** For the program itself: not in the list of subcommands. */
 extern const Subcommand serveScriptsCommand;
+extern const Subcommand serveTestsCommand;
 
 #endif

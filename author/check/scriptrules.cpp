@@ -4,6 +4,8 @@
 #include "subject.h"
 #include "writtenrow.h"
 
+#include <author/document/scriptlines.h>
+
 #include <QRegularExpression>
 #include <QScriptEngine>
 
@@ -71,24 +73,6 @@ const QVector<Rule> rules{
 </KVParamGui>)",
      FORM("print(1);")},
 };
-
-/** Where a line of the code begins in the text of the script, whose escapes are lines in the code. */
-int offsetOfLine(const QString& text, int line)
-{
-    const QString lineFeed = QStringLiteral("{{LF}}");
-    int offset = 0;
-    for (; line > 1; --line) {
-        const int plain = text.indexOf(QLatin1Char('\n'), offset);
-        const int escaped = text.indexOf(lineFeed, offset);
-        if (plain < 0 && escaped < 0)
-            break;
-        const bool isEscape = plain < 0 || (escaped >= 0 && escaped < plain);
-        offset = isEscape ? escaped + lineFeed.size() : plain + 1;
-    }
-    while (offset < text.size() && text.at(offset).isSpace() && text.at(offset) != QLatin1Char('\n'))
-        ++offset;
-    return offset;
-}
 
 /** The text with a line end and blanks in place of each escape, so that nothing moves. */
 QString blankedEscapes(QString text)
@@ -394,7 +378,7 @@ private:
 
     Range lineRange(int script, const QString& text, int line) const
     {
-        const int begin = m_subject.description().offsetInText(script, offsetOfLine(text, line));
+        const int begin = m_subject.description().offsetInText(script, offsetOfScriptLine(text, line));
         int end = m_subject.source().text().indexOf(QLatin1Char('\n'), begin);
         if (end < 0)
             end = m_subject.source().size();

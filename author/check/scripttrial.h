@@ -44,9 +44,6 @@ public:
 private:
     bool start();
     void stop();
-    qint64 memoryInUse() const;
-    /** Milliseconds of the processor since it was started; -1 where nobody tells. */
-    qint64 processorTime() const;
     ScriptTrial await();
 
     QString m_program;

@@ -124,7 +124,8 @@ FloatScrollArea* ZorvaSheetUi::CreateBare()
 void ZorvaSheetUi::CreateTimer()
 {
     delete autoApplyTimer;
-    autoApplyTimer = new QTimer;
+    // A nameless child: tools that drive forms find it, scripts do not.
+    autoApplyTimer = new QTimer(this);
     autoApplyTimer->setSingleShot(true);
     autoApplyTimer->setInterval(qMax(GetInt("autoApplyTimeout", defaultAutoApply), shortestAutoApply));
     connect(autoApplyTimer, &QTimer::timeout, this, &ZorvaSheetUi::applyNow);
