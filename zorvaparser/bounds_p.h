@@ -34,7 +34,7 @@ constexpr int largestIcon = 1024;
 constexpr int largestImage = 8192;
 
 /** Bytes of a file with an image. */
-constexpr qint64 largestImageFile = 16 * 1024 * 1024;
+constexpr qint64 largestImageFile = qint64(16) * 1024 * 1024;
 
 /**
  * Levels that parameter XML is indented by: each costs each of its lines four

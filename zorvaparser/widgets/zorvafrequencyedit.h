@@ -30,7 +30,7 @@ public:
     /** Tells of the number before the text reaches the value. */
     void ReadXml(QXmlStreamReader& reader) override;
     values::ValueBase* GetVTValue() const override;
-    /** @p keepLockButton leaves the lock button as it is. */
+    /** @p restricted leaves the lock button as it is. */
     void EnableInput(bool enable, bool restricted) override;
 
 Q_SIGNALS:
