@@ -15,6 +15,7 @@
 #include <QComboBox>
 #include <QFile>
 #include <QGroupBox>
+#include <QMainWindow>
 #include <QPushButton>
 #include <QTableWidget>
 
@@ -70,6 +71,7 @@ private Q_SLOTS:
     void openedGroupIsInOrder();
     void insertedRowIsInOrder();
     void embeddedFormLeavesTheFocus();
+    void windowOfAHostBeginsInTheFirstRow();
 
 private:
     static void pressTab() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab); }
@@ -284,6 +286,19 @@ void tst_FormAccess::embeddedFormLeavesTheFocus()
     QVERIFY(QTest::qWaitForWindowActive(&host));
     QCOMPARE(focused(), QStringLiteral("own"));
     form.window()->setParent(nullptr);
+}
+
+void tst_FormAccess::windowOfAHostBeginsInTheFirstRow()
+{
+    FormFixture form(rowXml("Headline", "head", {{"text", "Group"}}) +
+                     rowXml("LineEdit", "row", {{"labelText", "A"}}));
+    QMainWindow host;
+    host.setCentralWidget(form.window());
+    host.show();
+    QVERIFY(QTest::qWaitForWindowActive(&host));
+    QCOMPARE(focused(), QStringLiteral("row"));
+    host.takeCentralWidget();
+    form.window()->hide();
 }
 
 QTEST_MAIN(tst_FormAccess)

@@ -115,11 +115,9 @@ void FormWindow::focusFirstRow() const
 void FormWindow::opening()
 {
     order();
-    if (!window->isWindow())
-        return;
-    if (!window->focusWidget())
+    if (!window->window()->focusWidget())
         focusFirstRow();
-    if (window->testAttribute(Qt::WA_Resized))
+    if (!window->isWindow() || window->testAttribute(Qt::WA_Resized))
         return;
     const int titleBar = window->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, window);
     const QSize room = window->screen()->availableSize() - QSize(0, titleBar);

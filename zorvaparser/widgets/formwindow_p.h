@@ -10,9 +10,9 @@ namespace Orvane {
 
 /**
  * What a form does as a window: a hairline parts rows and bar; Tab walks its rows in reading order and ends
- * in the bar, also after rows were inserted. Where the top widget is a window of its own, it opens with the
- * focus in the first row and, unless somebody gave it a size, as large as its rows and the screen allow; Qt
- * itself stops at two thirds of the screen.
+ * in the bar, also after rows were inserted. A window that opens has its focus in the first row, unless a
+ * host gave it to something else. Where the top widget is a window of its own that nobody gave a size, it is
+ * as large as its rows and the screen allow; Qt itself stops at two thirds of the screen.
  */
 class FormWindow : public QObject
 {
