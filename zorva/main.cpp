@@ -8,8 +8,9 @@
 namespace {
 
 const Subcommand* const subcommands[] = {
-    &checkCommand,  &formatCommand, &kindsCommand, &manualCommand,  &newCommand,  &parametersCommand,
-    &schemaCommand, &serverCommand, &showCommand,  &stringsCommand, &testCommand,
+    &checkCommand, &compareCommand, &formatCommand,     &kindsCommand,  &manualCommand,
+    &newCommand,   &overlayCommand, &parametersCommand, &schemaCommand, &serverCommand,
+    &showCommand,  &stringsCommand, &testCommand,
 };
 /** For the program itself. */
 const Subcommand* const services[] = {&serveScriptsCommand, &serveTestsCommand};

@@ -1,5 +1,6 @@
 #include "subcommand.h"
 #include "terminal.h"
+#include "watchdog.h"
 
 #include <author/check/report.h>
 #include <author/files/wholefile.h>
@@ -15,6 +16,9 @@
 using namespace Orvane::Author;
 
 namespace {
+
+constexpr int longestTime = 60; // seconds of processor time
+const char* const tooLong = "zorva: parameters: the script of the form does not come to an end\n";
 
 const char* const help =
     "Usage: zorva parameters print [--modified] [--parameters P.xml] [--set PATH=TEXT] FORM\n"
@@ -198,6 +202,7 @@ int Call::open()
 
 int Call::run()
 {
+    boundProcessorTime(longestTime, tooLong);
     const int code = open();
     return code == Clean ? (this->*m_action->run)() : code;
 }

@@ -27,10 +27,12 @@ struct Subcommand
 };
 
 extern const Subcommand checkCommand;
+extern const Subcommand compareCommand;
 extern const Subcommand formatCommand;
 extern const Subcommand kindsCommand;
 extern const Subcommand manualCommand;
 extern const Subcommand newCommand;
+extern const Subcommand overlayCommand;
 extern const Subcommand parametersCommand;
 extern const Subcommand schemaCommand;
 extern const Subcommand serverCommand;

@@ -126,6 +126,23 @@ void Replay::run()
         m_errorAt = m_description.source().fromEngine(m_reader.characterOffset());
 }
 
+void Replay::runOverlay(const QSet<QString>& rows)
+{
+    m_isOverlay = true;
+    m_overlaid = rows;
+    while (!m_reader.atEnd() && nextStartElement()) {
+        if (!isAt("KVParamGui"))
+            continue;
+        m_form.exists = true;
+        m_form.element = m_current;
+        m_form.roots.append(m_current);
+        m_cut = -1;
+        readForm();
+    }
+    if (m_reader.hasError())
+        m_errorAt = m_description.source().fromEngine(m_reader.characterOffset());
+}
+
 void Replay::readForm()
 {
     m_form.version = attribute("version");
@@ -133,7 +150,7 @@ void Replay::readForm()
         if (isAt("Enums"))
             readEnums();
         else if (isAt("Sheet"))
-            readSheet();
+            m_isOverlay ? readOverlaySheet() : readSheet();
         else if (isAt("Script"))
             readScript();
         else
@@ -210,6 +227,23 @@ void Replay::readSheet()
             readProperties(m_form.sheetProperties, m_form.sheetCustom, true);
         else
             skipElement(aligned);
+    });
+}
+
+// A row that the form does not have is not skipped: its end tag is taken for that of the sheet.
+void Replay::readOverlaySheet()
+{
+    m_form.sheets.append(m_current);
+    walkChildren([this](bool aligned) {
+        if (!isAt("Widget")) {
+            skipElement(aligned);
+        } else if (m_overlaid.contains(attribute("name"))) {
+            readRow();
+        } else {
+            notice(m_current, Cause::Skipped, m_current);
+            if (m_cut < 0)
+                m_cut = m_current;
+        }
     });
 }
 

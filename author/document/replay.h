@@ -4,6 +4,7 @@
 #include "enginereading.h"
 
 #include <QHash>
+#include <QSet>
 #include <QXmlStreamReader>
 
 namespace Orvane {
@@ -19,6 +20,9 @@ class Replay
 public:
     explicit Replay(const Description& description);
     void run();
+    /** The same for an overlay on a form with rows of these names; of the form's rows there are those it
+     * changes. */
+    void runOverlay(const QSet<QString>& rows);
 
     const ReadForm& form() const { return m_form; }
     /** What was noted about an element that the engine did not take. */
@@ -46,6 +50,7 @@ private:
     void readScript();
     void readSheet();
     void readRow();
+    void readOverlaySheet();
     void readProperties(Properties& plain, Properties& custom, bool isCustom);
     bool readProperty(Properties& plain, Properties& custom, bool isCustom);
     void setPlain(Properties& properties, const QString& key, const QVariant& value, int element);
@@ -66,6 +71,8 @@ private:
     int m_blockDepth = 0;
     int m_cut = -1;
     int m_errorAt = -1;
+    bool m_isOverlay = false;
+    QSet<QString> m_overlaid; // names of the rows that an overlay can change
 };
 
 } // namespace Author

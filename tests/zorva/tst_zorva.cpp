@@ -121,7 +121,8 @@ void TestZorva::completion_data()
     const auto words = [](const char* text) { return QString::fromLatin1(text).split(QLatin1Char(',')); };
     QTest::newRow("subcommand") << words("for") << words("format");
     QTest::newRow("several subcommands")
-        << words("") << words("check,format,kinds,manual,new,parameters,schema,show,strings,test,--help");
+        << words("")
+        << words("check,compare,format,kinds,manual,new,overlay,parameters,schema,show,strings,test,--help");
     QTest::newRow("option of all") << words("--v") << words("--version");
     QTest::newRow("option of one") << words("format,--in") << words("--in-place");
     QTest::newRow("option without a form") << words("new,--k") << words("--kind");
