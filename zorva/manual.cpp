@@ -7,9 +7,9 @@
 #include <author/manual/manualpage.h>
 #include <author/parameters/settingsform.h>
 #include <author/picture/formstage.h>
+#include <author/picture/pictureseries.h>
 #include <author/picture/surroundings.h>
 
-#include <QBuffer>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
@@ -115,15 +115,6 @@ private:
         return worst == Clean
                    ? put(QStringLiteral("index.html"), manualPage(manual, m_request.look.language, pictures))
                    : worst;
-    }
-
-    static QByteArray pngOf(const QImage& image)
-    {
-        QByteArray png;
-        QBuffer buffer(&png);
-        buffer.open(QIODevice::WriteOnly);
-        image.save(&buffer, "PNG");
-        return png;
     }
 
     int put(const QString& name, const QByteArray& bytes) const

@@ -5,11 +5,10 @@
 #include <author/files/wholefile.h>
 #include <author/picture/formstage.h>
 #include <author/picture/geometryjson.h>
-#include <author/picture/layoutlints.h>
 #include <author/picture/movements.h>
+#include <author/picture/pictureseries.h>
 #include <author/picture/surroundings.h>
 
-#include <QBuffer>
 #include <QCommandLineParser>
 #include <QFileInfo>
 
@@ -44,9 +43,7 @@ struct Request
     QString geometry;
     QString baseline;
     QString parameters;
-    QStringList collapsed;
-    QVector<int> widths;    // empty: as wide as the form opens
-    QVector<int> fontSizes; // never empty
+    PictureWish wish;
     Look look;
 
     /** Whether a document goes where findings would go. */
@@ -79,8 +76,20 @@ QStringList lists(const QStringList& values)
     return values.join(QLatin1Char(',')).split(QLatin1Char(','), Qt::SkipEmptyParts);
 }
 
+/** What is wrong with the places that the results go to; empty if nothing is. */
+QString checkOutputs(const Request& request)
+{
+    if (request.output.isEmpty() && request.geometry.isEmpty() && request.baseline.isEmpty())
+        return QStringLiteral("nothing to make: give -o, --geometry or --baseline");
+    if (request.wish.isSeries() && request.output == QLatin1String("-"))
+        return QStringLiteral("several pictures need -o with a name");
+    if (request.output == QLatin1String("-") && request.geometry == QLatin1String("-"))
+        return QStringLiteral("one thing at a time can go to the standard output");
+    return QString();
+}
+
 /** What is wrong with the words; empty if all is well. */
-QString read(const QStringList& words, Request& request)
+QString readWords(const QStringList& words, Request& request)
 {
     QCommandLineParser parser;
     for (const char* const name : {"o", "width", "font", "language", "translations", "style", "collapse",
@@ -99,7 +108,7 @@ QString read(const QStringList& words, Request& request)
     request.geometry = value("geometry");
     request.baseline = value("baseline");
     request.parameters = value("parameters");
-    request.collapsed = lists(values("collapse"));
+    request.wish.collapsed = lists(values("collapse"));
     request.look.language = value("language");
     request.look.translationFolders = values("translations");
     request.look.dark = parser.isSet(QStringLiteral("dark"));
@@ -107,205 +116,133 @@ QString read(const QStringList& words, Request& request)
         request.look.style = value("style");
     if (parser.isSet(QStringLiteral("fonts")) && value("fonts") != QLatin1String("bundled"))
         return QStringLiteral("--fonts can be \"bundled\" and nothing else");
-    if (!readNumbers(values("width"), 1, FormStage::widest, request.widths))
+    if (!readNumbers(values("width"), 1, FormStage::widest, request.wish.widths))
         return QStringLiteral("--width takes whole numbers of pixels from 1 to %1").arg(FormStage::widest);
-    if (!readNumbers(values("font"), FormStage::smallestText, FormStage::largestText, request.fontSizes))
+    if (!readNumbers(values("font"), FormStage::smallestText, FormStage::largestText, request.wish.fontSizes))
         return QStringLiteral("--font takes whole numbers of points from %1 to %2")
             .arg(FormStage::smallestText)
             .arg(FormStage::largestText);
-    if (request.fontSizes.isEmpty())
-        request.fontSizes.append(request.look.fontSize);
-    if (request.output.isEmpty() && request.geometry.isEmpty() && request.baseline.isEmpty())
-        return QStringLiteral("nothing to make: give -o, --geometry or --baseline");
-    const bool several = request.widths.size() > 1 || request.fontSizes.size() > 1;
-    if (several && request.output == QLatin1String("-"))
-        return QStringLiteral("several pictures need -o with a name");
-    if (request.output == QLatin1String("-") && request.geometry == QLatin1String("-"))
-        return QStringLiteral("one thing at a time can go to the standard output");
-    return QString();
+    if (request.wish.fontSizes.isEmpty())
+        request.wish.fontSizes.append(request.look.fontSize);
+    return checkOutputs(request);
 }
 
-QString write(const QString& path, const QByteArray& bytes)
+int complain(const QString& message)
 {
-    if (path != QLatin1String("-"))
-        return writeWhole(path, bytes);
-    return printBytes(bytes) == Clean ? QString() : QStringLiteral("it is closed");
+    return fail(QStringLiteral("show: ") + message);
 }
 
-/** The translations of a form are in files of its name. */
-QString contextOf(const QString& form)
+int write(const QString& path, const QByteArray& bytes)
 {
-    return form == QLatin1String("-") ? QString() : QFileInfo(form).completeBaseName();
+    if (path == QLatin1String("-"))
+        return printBytes(bytes);
+    const QString problem = writeWhole(path, bytes);
+    return problem.isEmpty() ? Clean : complain(QStringLiteral("cannot write %1: %2").arg(path, problem));
 }
 
-/** Makes the pictures one after the other on one stage. */
-class Show
+/** Gives the content of the file at @p path, if there is to be one; says so if it cannot be read. */
+int read(const QString& path, QByteArray& bytes)
 {
-public:
-    explicit Show(Request request)
-        : m_request(std::move(request))
-    {
-    }
+    const FileContent content = path.isEmpty() ? FileContent() : readWhole(path);
+    bytes = content.bytes;
+    return content.isRead()
+               ? Clean
+               : complain(QStringLiteral("cannot read %1: %2").arg(content.name, content.problem));
+}
 
-    int run()
-    {
-        const int before = readInputs();
-        if (before != Clean)
-            return before;
-        FormStage stage(m_description, FormStage::WithBar, contextOf(m_request.form));
-        if (!stage.exists())
-            return complain(QStringLiteral("%1 holds no form").arg(m_form));
-        if (!m_request.parameters.isEmpty())
-            stage.form().SetXmlString(QString::fromUtf8(m_parameters));
-        const QStringList unknown = stage.collapse(m_request.collapsed);
-        if (!unknown.isEmpty())
-            return complain(QStringLiteral("there is no group \"%1\"").arg(unknown.first()));
-        for (const int fontSize : qAsConst(m_request.fontSizes)) {
-            stage.setTextSize(fontSize);
-            const QVector<int> widths =
-                m_request.widths.isEmpty() ? QVector<int>{stage.openingWidth()} : m_request.widths;
-            for (const int width : widths) {
-                const int made = take(stage, width, fontSize);
-                if (made != Clean)
-                    return made;
-            }
-        }
-        return finish();
-    }
-
-private:
-    int readInputs()
-    {
-        if (bundledFonts && !bundledFonts->problem().isEmpty())
-            return complain(QStringLiteral("cannot put the fonts in place: %1").arg(bundledFonts->problem()));
-        const QString wrong = putOn(m_request.look);
-        if (!wrong.isEmpty())
-            return complain(wrong);
-        const FileContent form = readWhole(m_request.form);
-        m_form = form.name;
-        m_description = form.bytes;
-        if (!form.isRead())
-            return complain(QStringLiteral("cannot read %1: %2").arg(form.name, form.problem));
-        const int code = readAside(m_request.parameters, m_parameters);
-        return code == Clean ? readBaseline() : code;
-    }
-
-    int readAside(const QString& path, QByteArray& bytes)
-    {
-        if (path.isEmpty())
-            return Clean;
-        const FileContent content = readWhole(path);
-        bytes = content.bytes;
-        return content.isRead() ? Clean
-                                : complain(QStringLiteral("cannot read %1: %2").arg(path, content.problem));
-    }
-
-    int readBaseline()
-    {
-        QByteArray json;
-        const int code = readAside(m_request.baseline, json);
-        if (code != Clean || m_request.baseline.isEmpty())
+int readInputs(Request& request, QVector<FormGeometry>& baseline)
+{
+    QByteArray parameters;
+    QByteArray json;
+    for (const auto& [path, bytes] :
+         {std::make_pair(request.form, &request.wish.description),
+          std::make_pair(request.parameters, &parameters), std::make_pair(request.baseline, &json)}) {
+        const int code = read(path, *bytes);
+        if (code != Clean)
             return code;
-        const ReadGeometry baseline = readGeometryJson(json);
-        m_baseline = baseline.pictures;
-        return baseline.problem.isEmpty()
-                   ? Clean
-                   : complain(QStringLiteral("cannot read %1: %2").arg(m_request.baseline, baseline.problem));
     }
+    if (request.form != QLatin1String("-"))
+        request.wish.name = QFileInfo(request.form).completeBaseName();
+    request.wish.parameters = QString::fromUtf8(parameters);
+    const ReadGeometry old = request.baseline.isEmpty() ? ReadGeometry() : readGeometryJson(json);
+    baseline = old.pictures;
+    return old.problem.isEmpty()
+               ? Clean
+               : complain(QStringLiteral("cannot read %1: %2").arg(request.baseline, old.problem));
+}
 
-    int take(FormStage& stage, int width, int fontSize)
-    {
-        const QSize size = stage.arrange(width);
-        if (size.width() > width)
-            return complain(QStringLiteral("the form is never narrower than %1 pixels; give more --width")
-                                .arg(size.width()));
-        if (size.height() >= FormStage::tallest)
-            return complain(QStringLiteral("the picture would be higher than %1 pixels; give more --width")
-                                .arg(FormStage::tallest));
-        FormGeometry geometry = geometryOf(stage);
-        geometry.fontSize = fontSize;
-        geometry.findings = layoutFindings(geometry);
-        const QString path = pathOf(size.width(), fontSize);
-        geometry.file = path == QLatin1String("-") ? QString() : QFileInfo(path).fileName();
-        m_pictures.append(geometry);
-        return path.isEmpty() ? Clean : save(stage, path);
+QString pathOf(const Request& request, const FormGeometry& picture)
+{
+    if (!request.wish.isSeries() || request.output.isEmpty())
+        return request.output;
+    const QFileInfo file(request.output);
+    const QString name = QStringLiteral("%1-%2-%3pt.png")
+                             .arg(file.completeBaseName())
+                             .arg(picture.size.width())
+                             .arg(picture.fontSize);
+    return request.output.contains(QLatin1Char('/')) ? file.path() + QLatin1Char('/') + name : name;
+}
+
+int writeResults(const Request& request, PictureSeries& series)
+{
+    for (int i = 0; i < series.images.size(); ++i) {
+        const QString path = pathOf(request, series.geometries.at(i));
+        if (path != QLatin1String("-"))
+            series.geometries[i].file = QFileInfo(path).fileName();
+        const int code = path.isEmpty() ? int(Clean) : write(path, pngOf(series.images.at(i)));
+        if (code != Clean)
+            return code;
     }
+    return request.geometry.isEmpty()
+               ? int(Clean)
+               : write(request.geometry, geometryJson(request.form, series.geometries));
+}
 
-    QString pathOf(int width, int fontSize) const
-    {
-        const bool several = m_request.widths.size() > 1 || m_request.fontSizes.size() > 1;
-        if (!several || m_request.output.isEmpty())
-            return m_request.output;
-        const QFileInfo file(m_request.output);
-        const QString name =
-            QStringLiteral("%1-%2-%3pt.png").arg(file.completeBaseName()).arg(width).arg(fontSize);
-        return m_request.output.contains(QLatin1Char('/')) ? file.path() + QLatin1Char('/') + name : name;
+int sayFindings(const Request& request, const PictureSeries& series, const QVector<FormGeometry>& baseline)
+{
+    QStringList lines;
+    for (const FormGeometry& picture : series.geometries) {
+        for (const LayoutFinding& finding : picture.findings)
+            lines << QStringLiteral("%1: %2: %3 [%4]")
+                         .arg(picture.title(), finding.row, finding.message, finding.id);
     }
-
-    int save(const FormStage& stage, const QString& path)
-    {
-        QByteArray png;
-        QBuffer buffer(&png);
-        buffer.open(QIODevice::WriteOnly);
-        if (!stage.picture().save(&buffer, "PNG"))
-            return complain(QStringLiteral("cannot make the picture"));
-        return writeTo(path, png);
-    }
-
-    int writeTo(const QString& path, const QByteArray& bytes)
-    {
-        const QString problem = write(path, bytes);
-        return problem.isEmpty() ? Clean : complain(QStringLiteral("cannot write %1: %2").arg(path, problem));
-    }
-
-    int finish()
-    {
-        if (!m_request.geometry.isEmpty()) {
-            const int code = writeTo(m_request.geometry, geometryJson(m_request.form, m_pictures));
-            if (code != Clean)
-                return code;
-        }
-        for (const FormGeometry& picture : qAsConst(m_pictures)) {
-            for (const LayoutFinding& finding : picture.findings)
-                say(QStringLiteral("%1: %2: %3 [%4]")
-                        .arg(picture.title(), finding.row, finding.message, finding.id));
-        }
-        if (!m_request.baseline.isEmpty()) {
-            for (const QString& words : movements(m_baseline, m_pictures))
-                say(words);
-        }
-        return m_said ? Findings : Clean;
-    }
-
-    void say(const QString& words)
-    {
-        m_said = true;
-        const QString line = QStringLiteral("%1: %2\n").arg(m_form, words);
-        if (m_request.takesStandardOutput())
+    if (!request.baseline.isEmpty())
+        lines << movements(baseline, series.geometries);
+    for (const QString& words : qAsConst(lines)) {
+        const QString line = QStringLiteral("%1: %2\n").arg(request.form, words);
+        if (request.takesStandardOutput())
             std::fputs(line.toLocal8Bit().constData(), stderr);
         else
             print(line);
     }
+    return lines.isEmpty() ? Clean : Findings;
+}
 
-    static int complain(const QString& message) { return fail(QStringLiteral("show: ") + message); }
-
-    const Request m_request;
-    QString m_form; // for messages
-    QByteArray m_description;
-    QByteArray m_parameters;
-    QVector<FormGeometry> m_baseline;
-    QVector<FormGeometry> m_pictures;
-    bool m_said = false;
-};
+int show(Request& request)
+{
+    const QString unlike =
+        bundledFonts && !bundledFonts->problem().isEmpty() ? bundledFonts->problem() : putOn(request.look);
+    if (!unlike.isEmpty())
+        return complain(unlike);
+    QVector<FormGeometry> baseline;
+    int code = readInputs(request, baseline);
+    if (code != Clean)
+        return code;
+    PictureSeries series = takePictures(request.wish);
+    if (!series.problem.isEmpty())
+        return complain(QStringLiteral("%1: %2").arg(request.form, series.problem));
+    code = writeResults(request, series);
+    return code == Clean ? sayFindings(request, series, baseline) : code;
+}
 
 int run(const QStringList& words)
 {
     Request request;
-    const QString wrong = read(words, request);
+    const QString wrong = readWords(words, request);
     if (!wrong.isEmpty())
         return fail(QStringLiteral("show: %1; see \"zorva show --help\"").arg(wrong));
     boundProcessorTime(longestTime, tooLong);
-    return Show(request).run();
+    return show(request);
 }
 
 } // namespace

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void optionsChangeThePicture_data();
     void optionsChangeThePicture();
     void severalWidthsAndSizes();
+    void whatTheScriptCollapsesIsCollapsed();
     void standardInputAndOutput();
     void geometryNamesEveryRow();
     void baselineSaysWhatMoved();
@@ -189,6 +190,26 @@ void TestZorvaShow::severalWidthsAndSizes()
              QStringLiteral("pictures-400-12pt.png"));
 }
 
+void TestZorvaShow::whatTheScriptCollapsesIsCollapsed()
+{
+    const auto collapsed = [this](const QStringList& options) {
+        return show(words("form.zorva --geometry -") + options)
+            .output.count(QLatin1String("\"collapsed\": true"));
+    };
+    QByteArray two = form;
+    two.replace("</Sheet>",
+                "<Widget name=\"other\" class=\"Headline\"><Property name=\"text\"><String>Other</String>"
+                "</Property><Property name=\"visible\"><Bool>true</Bool></Property></Widget></Sheet>");
+    write("form.zorva", two);
+    QCOMPARE(collapsed({}), 0);
+    QCOMPARE(collapsed(words("--collapse other")), 1);
+    write("form.zorva",
+          two.replace("</Sheet>",
+                      "</Sheet><Script language=\"QtScript\">group.setGroupVisible(false);</Script>"));
+    QCOMPARE(collapsed({}), 1);
+    QCOMPARE(collapsed(words("--collapse other")), 2);
+}
+
 void TestZorvaShow::standardInputAndOutput()
 {
     QCOMPARE(show(words("- -o input.png --fonts bundled"), form).code, 0);
@@ -258,11 +279,11 @@ void TestZorvaShow::misuse_data()
     add("form.zorva", "nothing to make");
     add("form.zorva other.zorva -o a.png", "one form at a time");
     add("nowhere.zorva -o a.png", "cannot read nowhere.zorva");
-    add("p.txt -o a.png", "p.txt holds no form");
+    add("p.txt -o a.png", "p.txt: there is no form in it");
     add("form.zorva -o nowhere/a.png", "cannot write nowhere/a.png");
     add("form.zorva -o a.png --width 0", "--width takes whole numbers");
     add("form.zorva -o a.png --width wide", "--width takes whole numbers");
-    add("form.zorva -o a.png --width 20", "the form is never narrower than ");
+    add("form.zorva -o a.png --width 20", "it is never narrower than ");
     add("form.zorva -o a.png --font 1000", "--font takes whole numbers");
     add("form.zorva -o a.png --fonts mine", "--fonts can be");
     add("form.zorva -o a.png --style nice", "there is no style \"nice\"; there is: ");
