@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScopeGuard>
+#include <QScrollArea>
 
 #include <cmath>
 #include <cstdlib>
@@ -20,15 +21,17 @@
 
 namespace {
 
-/// Top and bottom row of what is drawn in the text colour; invalid if nothing is.
-QRect inkOf(QWidget* widget)
+/// Where the title of a heading without a mark is drawn.
+QRect titleInk(QGroupBox* head)
 {
-    const QImage image = widget->grab().toImage();
-    const QRgb ground = image.pixel(image.width() - 1, image.height() - 1);
+    head->setCheckable(false);
+    const QImage image = head->grab().toImage();
+    const QRgb ground = image.pixel(image.width() - 1, 0);
+    const int line = image.height() / 2; // of the hairline, which is no ink of the title
     QRect ink;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            if (image.pixel(x, y) != ground)
+            if (y != line && image.pixel(x, y) != ground)
                 ink |= QRect(x, y, 1, 1);
         }
     }
@@ -108,6 +111,7 @@ private Q_SLOTS:
     void lineCanBeSeenInTheDark();
     void wholeLineToggles();
     void ampersandIsNoMnemonic();
+    void lineStandsAboveTheBar();
 
 private:
     static QString rows();
@@ -119,9 +123,9 @@ QString tst_FormLines::rows()
     return rowXml("SpinBox", "number", {caption}) + rowXml("ComboBox", "choice", {caption}) +
            rowXml("LineEdit", "text", {caption}) + rowXml("CheckBox", "check", {caption}) +
            rowXml("FrequencyEdit", "plain", {caption, {"MainFreqEdit", false}}) +
+           rowXml("PushButton", "button", {caption, {"text", "HHH"}}) +
            rowXml("LineEdit", "last", {caption}) +
            rowXml("SpinBoxList", "list", {caption, {"itemCount", 2}}) +
-           rowXml("PushButton", "button", {caption, {"text", "HHH"}}) +
            rowXml("Label", "still", {caption, {"text", "HHH"}}) +
            rowXml("FrequencyEdit", "main", {caption, {"MainFreqEdit", true}});
 }
@@ -149,9 +153,9 @@ void tst_FormLines::rowsHaveOneRhythm()
     form.window()->resize(700, 500);
     form.window()->show();
     QCoreApplication::processEvents();
-    const char* const names[] = {"number", "choice", "text", "check", "plain", "last"};
+    const char* const names[] = {"number", "choice", "text", "check", "plain", "button", "last"};
     const int rhythm = form.control<QWidget>("choice")->y() - form.control<QWidget>("number")->y();
-    for (int i = 1; i < 6; ++i) {
+    for (int i = 1; i < 7; ++i) {
         const int step = form.control<QWidget>(names[i])->y() - form.control<QWidget>(names[i - 1])->y();
         QVERIFY2(step == rhythm, qPrintable(QStringLiteral("%1 px ahead of %2, not %3")
                                                 .arg(step)
@@ -197,17 +201,20 @@ void tst_FormLines::captionsAreLevel()
     QVERIFY(std::abs(caption.center().y() - middle.y()) <= 1);
 }
 
+// The title grows with the text of the rows, and is a shade stronger than a caption of the same words.
 void tst_FormLines::headingsFollowTheTextSize()
 {
-    FormFixture form(rowXml("Headline", "head", {{"text", "Heading"}}) +
-                     rowXml("LineEdit", "row", {{"labelText", "Row"}}));
+    FormFixture form(rowXml("Headline", "head", {{"text", "HHHH"}}) +
+                     rowXml("LineEdit", "row", {{"labelText", "HHHH"}}));
     form.show();
     auto* head = form.control<QGroupBox>("head");
-    const int before = inkOf(head).width();
     const int height = head->height();
+    const int capitals = titleInk(head).height();
     form.sheet().SetFontSize(20);
     QTRY_VERIFY(head->height() > height);
-    Q_UNUSED(before)
+    QVERIFY(titleInk(head).height() > capitals);
+    const auto* caption = form.control<QLabel>("labelrow");
+    QVERIFY(titleInk(head).width() > caption->fontMetrics().tightBoundingRect(caption->text()).width());
 }
 
 void tst_FormLines::headingsStandAtTheLeft_data()
@@ -294,6 +301,21 @@ void tst_FormLines::ampersandIsNoMnemonic()
     QTest::keyClick(form.window(), Qt::Key_A, Qt::AltModifier);
     QVERIFY(head->isChecked());
     QCOMPARE(head->title(), QStringLiteral("Q &A"));
+}
+
+void tst_FormLines::lineStandsAboveTheBar()
+{
+    FormFixture form(rowXml("LineEdit", "row", {{"labelText", "Row"}}));
+    form.show();
+    const auto* line = form.control<QWidget>("applyLine");
+    auto* bar = form.control<QWidget>("applyButtonBox");
+    const auto* area = form.window()->findChild<QScrollArea*>();
+    QVERIFY(line && line->isVisible());
+    QCOMPARE(line->width(), form.window()->width());
+    QVERIFY(line->y() > area->geometry().bottom() && line->geometry().bottom() < bar->y());
+    form.window()->resize(700, 600);
+    QTRY_VERIFY(line->y() > area->geometry().bottom() && line->geometry().bottom() < bar->y());
+    QCOMPARE(line->width(), 700);
 }
 
 QTEST_MAIN(tst_FormLines)

@@ -19,6 +19,14 @@ QSize withinField(const QWidget* widget, const QSize& hint)
     return {qMin(hint.width(), FieldSize::UpperWidth(widget)), hint.height()};
 }
 
+// So that all rows stand equally far apart; some styles have buttons a pixel or two higher.
+QSize asHighAsFields(const QPushButton* button, const QSize& hint)
+{
+    const int common = FieldSize::CommonHeight(button);
+    const bool isOneLine = hint.height() < common + button->fontMetrics().height() / 2;
+    return {hint.width(), isOneLine ? common : hint.height()};
+}
+
 } // namespace
 
 bool ElidingLabel::isPlain() const
@@ -66,16 +74,14 @@ void ElidingLabel::paintEvent(QPaintEvent* event)
                          isEnabled(), shownText(), foregroundRole());
 }
 
-// As high as the fields, so that all rows stand equally far apart.
 QSize ElidingButton::sizeHint() const
 {
-    const QSize hint = withinField(this, QPushButton::sizeHint());
-    return {hint.width(), qMax(hint.height(), FieldSize::CommonHeight(this))};
+    return asHighAsFields(this, withinField(this, QPushButton::sizeHint()));
 }
 
 QSize ElidingButton::minimumSizeHint() const
 {
-    return withinField(this, QPushButton::minimumSizeHint());
+    return asHighAsFields(this, withinField(this, QPushButton::minimumSizeHint()));
 }
 
 void ElidingButton::paintEvent(QPaintEvent* event)
