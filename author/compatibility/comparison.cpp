@@ -34,7 +34,10 @@ public:
     FormComparison(const FormInventory& oldForm, const FormInventory& newForm)
         : m_old(oldForm)
         , m_new(newForm)
+        , m_newGlobals(newForm.globals().cbegin(), newForm.globals().cend())
     {
+        for (const InventoryRow& row : oldForm.rows())
+            m_oldNames.insert(row.name);
         for (int i = newForm.rows().size() - 1; i >= 0; --i) {
             const InventoryRow& row = newForm.rows().at(i);
             m_byName.insert(row.name, &row);
@@ -55,7 +58,7 @@ public:
         for (auto one = m_old.enumerations().cbegin(); one != m_old.enumerations().cend(); ++one)
             compareEnumeration(one.key(), *one);
         for (const QString& global : m_old.globals()) {
-            if (!m_new.globals().contains(global) && !m_told.contains(global))
+            if (!m_newGlobals.contains(global) && !m_told.contains(global))
                 report("script-object-gone", Breaking, global,
                        QStringLiteral("scripts find no `%1` any more").arg(global));
         }
@@ -91,7 +94,7 @@ private:
         if (!after && before.sent) {
             // Under another name, but in the same place of parameter XML.
             const InventoryRow* const renamed = m_byPath.value(before.path);
-            if (renamed && !m_old.row(renamed->name)) {
+            if (renamed && !m_oldNames.contains(renamed->name)) {
                 after = renamed;
                 m_told.insert(before.name);
                 report("script-object-gone", Breaking, before.name,
@@ -255,6 +258,8 @@ private:
 
     const FormInventory& m_old;
     const FormInventory& m_new;
+    const QSet<QString> m_newGlobals;
+    QSet<QString> m_oldNames;                     // of rows
     QHash<QString, const InventoryRow*> m_byName; // the first of its name
     QHash<QString, const InventoryRow*> m_byPath;
     QSet<const InventoryRow*> m_taken;

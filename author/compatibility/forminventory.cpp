@@ -10,8 +10,6 @@
 
 #include <QScriptEngine>
 
-#include <algorithm>
-
 namespace Orvane {
 namespace Author {
 
@@ -116,13 +114,6 @@ FormInventory::FormInventory(const QByteArray& stored)
     m_rootTag = places.rootTag();
     m_sheetName = sheet.GetName();
     m_globals = live->GetScriptValues().keys();
-}
-
-const InventoryRow* FormInventory::row(const QString& name) const
-{
-    const auto found = std::find_if(m_rows.cbegin(), m_rows.cend(),
-                                    [&name](const InventoryRow& row) { return row.name == name; });
-    return found == m_rows.cend() ? nullptr : &*found;
 }
 
 } // namespace Author

@@ -58,8 +58,6 @@ public:
     /** False if it makes no form: then there is nothing else. */
     bool exists() const { return m_exists; }
     const QVector<InventoryRow>& rows() const { return m_rows; }
-    /** Null if there is none. */
-    const InventoryRow* row(const QString& name) const;
     const QMap<QString, InventoryEnumeration>& enumerations() const { return m_enumerations; }
     /** What scripts find: rows, enumerations, the sheet, and what the form's own script declares. */
     const QStringList& globals() const { return m_globals; }

@@ -97,6 +97,7 @@ Patch patch(const SettingsForm& form, const QString& a, const QString& b)
         if (rows.contains(left)) {
             for (const Setting& setting : ofRows(wanted, left))
                 made.unreachable.append(form.words().of(setting).name());
+            made.unreachable.removeDuplicates();
             return made;
         }
         rows += left;

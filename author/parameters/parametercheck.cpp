@@ -1,6 +1,5 @@
 #include "parametercheck.h"
 
-#include <hostkit/formrows.h>
 #include <valueframework/valuenumeric.h>
 #include <zorvaparser/zorvadelegate.h>
 
@@ -12,6 +11,8 @@ namespace Orvane {
 namespace Author {
 
 namespace {
+
+constexpr int exactDigits = 15; // that a double holds
 
 class ParameterChecker
 {
@@ -143,13 +144,14 @@ private:
         if (!limits || (number >= limits->GetMin() && number <= limits->GetMax()))
             return;
         const bool isBelow = number < limits->GetMin();
-        const QString limit = hostkit::shownText(m_form.form(), delegateOf(setting).GetXmlPath());
+        const double limit = isBelow ? limits->GetMin() : limits->GetMax();
+        const QString limitText = QString::number(limit, 'g', exactDigits);
         report("clamped", Severity::Warning, leaf.range,
                QStringLiteral("%1 is %2 the row's range")
                    .arg(m_form.words().value(setting.row, leaf.text),
                         isBelow ? QStringLiteral("below") : QStringLiteral("above")),
                QStringLiteral("the control shows %1, the form sends %2")
-                   .arg(m_form.words().value(setting.row, limit), taken(setting)));
+                   .arg(m_form.words().value(setting.row, limitText), taken(setting)));
     }
 
     void checkChoice(const Setting& setting)

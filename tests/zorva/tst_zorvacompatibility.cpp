@@ -18,6 +18,8 @@ private Q_SLOTS:
     void standardInput();
     void misuse_data();
     void misuse();
+    void aScriptThatNeverEndsIsTold_data();
+    void aScriptThatNeverEndsIsTold();
 
 private:
     ZorvaRun run(const QString& words, const QByteArray& input = QByteArray()) const
@@ -104,6 +106,29 @@ void TestZorvaCompatibility::misuse()
     QVERIFY2(made.errors.startsWith(QStringLiteral("zorva: %1: ").arg(words.section(QLatin1Char(' '), 0, 0))),
              qPrintable(made.errors));
     QCOMPARE(made.output, QString());
+}
+
+void TestZorvaCompatibility::aScriptThatNeverEndsIsTold_data()
+{
+    QTest::addColumn<QString>("words");
+    for (const char* words :
+         {"compare form.zorva form.zorva", "overlay form.zorva good.zorva", "parameters print form.zorva"})
+        QTest::newRow(words) << QString::fromLatin1(words);
+}
+
+void TestZorvaCompatibility::aScriptThatNeverEndsIsTold()
+{
+    QFETCH(QString, words);
+    write("form.zorva", "<KVParamGui><Sheet name='s'/><Script>while (true);</Script></KVParamGui>");
+    const ZorvaRun made =
+        runProgram(QStringLiteral("bash"),
+                   {QStringLiteral("-c"), QStringLiteral("ulimit -S -t 1; exec \"$0\" ") + words,
+                    QStringLiteral(ZORVA_PROGRAM)},
+                   QByteArray(), m_folder.path());
+    QCOMPARE(made.code, 2);
+    QVERIFY2(made.errors.contains(QLatin1String("script of")) &&
+                 made.errors.contains(QLatin1String("come to an end")),
+             qPrintable(made.errors));
 }
 
 QTEST_APPLESS_MAIN(TestZorvaCompatibility)
