@@ -27,6 +27,13 @@ Subject::Subject(const SourceText& source, ScriptRunner* runner)
 {
 }
 
+Subject::Subject(const Description& description)
+    : m_description(description)
+    , m_reading(m_description)
+    , m_runner(nullptr)
+{
+}
+
 const WrittenForm& Subject::written() const
 {
     if (!m_written)

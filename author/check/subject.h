@@ -26,6 +26,8 @@ class Subject
 public:
     /** @p runner, which is not owned, runs the script; null leaves it unrun. */
     explicit Subject(const SourceText& source, ScriptRunner* runner = nullptr);
+    /** One that is scanned already; its script is not run. */
+    explicit Subject(const Description& description);
 
     const SourceText& source() const { return m_description.source(); }
     /** As the author meant it. */

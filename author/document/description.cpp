@@ -12,7 +12,7 @@ namespace Author {
 const SourceAttribute* SourceElement::attribute(const char* attributeName) const
 {
     for (const SourceAttribute& candidate : attributes) {
-        if (candidate.name == QString::fromUtf8(attributeName))
+        if (candidate.name == QLatin1String(attributeName))
             return &candidate;
     }
     return nullptr;

@@ -29,11 +29,11 @@ QString withoutEscapes(QString code)
 
 EngineReading::EngineReading(const Description& description)
     : m_fates(description.elements().size())
+    , m_source(description.source())
 {
     Replay replay(description);
     replay.run();
     settle(description, replay);
-    findBreak(description);
 }
 
 void EngineReading::keep(int element)
@@ -103,15 +103,17 @@ void EngineReading::settleScripts(const Description& description)
     }
 }
 
-void EngineReading::findBreak(const Description& description)
+const EngineReading::Break& EngineReading::breakOfText() const
 {
-    QXmlStreamReader reader(description.source().engineBytes());
+    if (m_break)
+        return *m_break;
+    m_break = Break();
+    QXmlStreamReader reader(m_source.engineBytes());
     while (!reader.atEnd())
         reader.readNext();
-    if (!reader.hasError())
-        return;
-    m_brokenAt = description.source().fromEngine(reader.characterOffset());
-    m_brokenBy = reader.errorString();
+    if (reader.hasError())
+        m_break = Break{m_source.fromEngine(reader.characterOffset()), reader.errorString()};
+    return *m_break;
 }
 
 } // namespace Author

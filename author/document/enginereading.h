@@ -9,6 +9,8 @@
 #include <QVariant>
 #include <QVector>
 
+#include <optional>
+
 namespace Orvane {
 namespace Author {
 
@@ -114,14 +116,20 @@ public:
     int stoppedAt() const { return m_stoppedAt; }
     /** Where the text stops being well-formed; -1 if it is. Holds behind the place where the engine stops,
      * too. */
-    int brokenAt() const { return m_brokenAt; }
+    int brokenAt() const { return breakOfText().at; }
     /** The words of the XML reader for it. */
-    const QString& brokenBy() const { return m_brokenBy; }
+    const QString& brokenBy() const { return breakOfText().by; }
 
 private:
+    struct Break
+    {
+        int at = -1;
+        QString by;
+    };
+
+    const Break& breakOfText() const;
     void settle(const Description& description, const Replay& replay);
     void settleScripts(const Description& description);
-    void findBreak(const Description& description);
     Fate causeOf(const Description& description, const Replay& replay, int element) const;
     void keep(int element);
     void keepAll(const QMap<QString, ReadProperty>& properties);
@@ -131,8 +139,8 @@ private:
     QVector<int> m_lost;
     QSet<int> m_set;
     int m_stoppedAt = -1;
-    int m_brokenAt = -1;
-    QString m_brokenBy;
+    SourceText m_source;
+    mutable std::optional<Break> m_break; // looked for when somebody asks
 };
 
 /** @p code as the engine runs it: the escapes for line ends replaced. */

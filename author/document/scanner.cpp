@@ -2,6 +2,8 @@
 
 #include "references.h"
 
+#include <algorithm>
+
 namespace Orvane {
 namespace Author {
 
@@ -15,6 +17,8 @@ bool isBlank(QChar c)
 
 bool isNameStart(QChar c)
 {
+    if (c >= QLatin1Char('a') && c <= QLatin1Char('z'))
+        return true;
     return c.isLetter() || c == QLatin1Char('_') || c == QLatin1Char(':') || c.isHighSurrogate();
 }
 
@@ -50,7 +54,13 @@ void Scanner::scan()
 
 bool Scanner::at(const char* text) const
 {
-    return m_text.midRef(m_position, static_cast<int>(qstrlen(text))) == QLatin1String(text);
+    const QChar* c = m_text.constData() + m_position;
+    const QChar* const end = m_text.constData() + m_text.size();
+    for (; *text; ++text, ++c) {
+        if (c == end || *c != QLatin1Char(*text))
+            return false;
+    }
+    return true;
 }
 
 int Scanner::find(const char* text, int from) const
@@ -155,9 +165,12 @@ void Scanner::skipBlanks()
         ++m_position;
 }
 
-QString Scanner::kept(const QString& name)
+QString Scanner::kept(int begin)
 {
-    return *m_names.insert(name);
+    // A view on the text is enough to look for the copy.
+    const QString name = QString::fromRawData(m_text.constData() + begin, m_position - begin);
+    const auto found = m_names.constFind(name);
+    return found != m_names.cend() ? *found : *m_names.insert(QString(name.constData(), name.size()));
 }
 
 void Scanner::scanStartTag()
@@ -166,8 +179,9 @@ void Scanner::scanStartTag()
     element.tag.begin = m_position++;
     const int nameBegin = m_position;
     scanName();
-    element.qualifiedName = kept(m_text.mid(nameBegin, m_position - nameBegin));
-    element.name = kept(withoutPrefix(element.qualifiedName));
+    element.qualifiedName = kept(nameBegin);
+    const bool hasPrefix = element.qualifiedName.contains(QLatin1Char(':'));
+    element.name = hasPrefix ? withoutPrefix(element.qualifiedName) : element.qualifiedName;
     m_inTag = true;
     m_tagSlipped = false;
     scanAttributes(element);
@@ -228,7 +242,7 @@ bool Scanner::scanAttribute(SourceElement& element)
     attribute.nameRange.begin = m_position;
     scanName();
     attribute.nameRange.end = m_position;
-    attribute.name = kept(m_text.mid(attribute.nameRange.begin, m_position - attribute.nameRange.begin));
+    attribute.name = kept(attribute.nameRange.begin);
     skipBlanks();
     if (!at("=")) {
         complain(attribute.nameRange, QStringLiteral("the attribute `%1` has no value").arg(attribute.name));
@@ -249,7 +263,8 @@ bool Scanner::scanAttribute(SourceElement& element)
     attribute.value =
         resolved(m_text.mid(attribute.valueRange.begin, m_position - attribute.valueRange.begin), true);
     checkReferences(attribute.valueRange);
-    if (element.attribute(attribute.name.toUtf8().constData()))
+    const auto isSame = [&attribute](const SourceAttribute& other) { return other.name == attribute.name; };
+    if (std::any_of(element.attributes.cbegin(), element.attributes.cend(), isSame))
         complain(attribute.nameRange,
                  QStringLiteral("the attribute `%1` is given twice").arg(attribute.name));
     element.attributes.append(attribute);

@@ -28,8 +28,8 @@ private:
     bool scanAttribute(SourceElement& element);
     void scanEndTag();
     void scanName();
-    /** The same text, but one copy for all elements: a document has few names. */
-    QString kept(const QString& name);
+    /** The name from @p begin up to here, one copy for all elements: a document has few names. */
+    QString kept(int begin);
     void skipBlanks();
     void checkReferences(Range range);
 

@@ -133,7 +133,7 @@ private:
     /** What stands behind the place in its line, blanks left out; null at the line's end. */
     QChar next() const
     {
-        const QString& text = m_place.rest().source().text();
+        const QString& text = m_place.text();
         int index = m_place.offset();
         while (index < text.size() &&
                (text.at(index) == QLatin1Char(' ') || text.at(index) == QLatin1Char('\t')))
@@ -466,7 +466,7 @@ Range replacedRange(const CursorPlace& place)
 
 QJsonObject completionAt(const OpenDocument& document, int offset, const ClientAbilities& abilities)
 {
-    const CursorPlace place(document.text(), offset);
+    const CursorPlace place(document, offset);
     CompletionList list(document, replacedRange(place), abilities);
     Completion(place, list).run();
     return list.json();

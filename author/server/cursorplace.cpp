@@ -1,5 +1,7 @@
 #include "cursorplace.h"
 
+#include <algorithm>
+
 namespace Orvane {
 namespace Author {
 
@@ -24,27 +26,55 @@ bool isWordCharacter(QChar c)
            c == QLatin1Char('$');
 }
 
-CursorPlace::CursorPlace(const QString& text, int offset)
-    : m_offset(offset)
-    , m_before(descriptionOf(text.left(offset)))
+CursorPlace::CursorPlace(const OpenDocument& document, int offset)
+    : m_text(document.text())
+    , m_offset(offset)
+    , m_script(wholeScript(document, offset))
+    , m_before(m_script >= 0 ? document.description() : descriptionOf(m_text.left(offset)))
+    , m_element(m_script >= 0 ? m_script : m_before.textEnd().element)
     , m_word{offset, offset}
-    , m_rest(SourceText(QByteArray()))
+    , m_hole(offset)
+{
+    if (m_script < 0) {
+        readTextEnd();
+        return;
+    }
+    m_kind = Script;
+    m_word.begin = wordBegin();
+    m_rest = m_before;
+}
+
+// What stands before a place is read alike with and without what follows, so the text need not be read twice.
+int CursorPlace::wholeScript(const OpenDocument& document, int offset)
+{
+    const QLatin1String opening("<![CDATA[");
+    const QString& text = document.text();
+    const int begin = text.lastIndexOf(opening, offset - opening.size());
+    if (begin < 0 || offset < begin + opening.size() || text.indexOf(QLatin1String("]]>"), begin) < offset)
+        return -1;
+    const int element = document.description().elementAt(offset);
+    const bool isScript = element >= 0 && begin >= document.description().element(element).tag.end &&
+                          document.description().element(element).name == QLatin1String("Script") &&
+                          !document.description().isComment(begin);
+    return isScript ? element : -1;
+}
+
+void CursorPlace::readTextEnd()
 {
     const TextEnd& end = m_before.textEnd();
-    int hole = offset;
     switch (end.kind) {
     case TextEnd::Content:
         readContent();
-        hole = m_kind == TagName ? offset - 1 : m_word.begin;
+        m_hole = m_kind == TagName ? m_offset - 1 : m_word.begin;
         break;
     case TextEnd::StartTag:
         readStartTag();
-        hole = m_kind == TagName ? end.begin : m_word.begin;
+        m_hole = m_kind == TagName ? end.begin : m_word.begin;
         break;
     case TextEnd::EndTag:
         m_kind = EndTag;
         m_word.begin = end.begin + 2;
-        hole = end.begin;
+        m_hole = end.begin;
         break;
     case TextEnd::Comment:
         m_kind = Comment;
@@ -57,26 +87,34 @@ CursorPlace::CursorPlace(const QString& text, int offset)
     case TextEnd::Instruction:
         break;
     }
-    m_rest = descriptionOf(m_kind == Script ? text : without(text, hole, offset));
-    if (end.kind == TextEnd::StartTag && !isTagSound())
-        m_rest = descriptionOf(without(text, end.begin, offset));
+}
+
+const Description& CursorPlace::rest() const
+{
+    if (m_rest)
+        return *m_rest;
+    m_rest = descriptionOf(m_kind == Script ? m_text : without(m_text, m_hole, m_offset));
+    const TextEnd& end = m_before.textEnd();
+    if (end.kind == TextEnd::StartTag && !isTagSound(*m_rest))
+        m_rest = descriptionOf(without(m_text, end.begin, m_offset));
+    return *m_rest;
 }
 
 /** False if the tag that is being written swallows what stands behind it. */
-bool CursorPlace::isTagSound() const
+bool CursorPlace::isTagSound(const Description& description) const
 {
-    const int same = m_rest.elementBeginningAt(m_before.textEnd().begin);
-    return same >= 0 && m_rest.element(same).sound;
+    const int same = description.elementBeginningAt(m_before.textEnd().begin);
+    return same >= 0 && description.element(same).sound;
 }
 
 QString CursorPlace::typed() const
 {
-    return m_before.source().text().mid(m_word.begin, m_word.end - m_word.begin);
+    return m_text.mid(m_word.begin, m_word.end - m_word.begin);
 }
 
 int CursorPlace::wordBegin() const
 {
-    const QString& text = m_before.source().text();
+    const QString& text = m_text;
     const bool isName = m_before.textEnd().kind != TextEnd::CData && elementName() != QLatin1String("Script");
     int begin = m_offset;
     while (begin > 0 &&
@@ -144,11 +182,16 @@ int CursorPlace::enclosing(const char* name) const
 
 int CursorPlace::inRest(int element) const
 {
-    return element < 0 ? -1 : m_rest.elementBeginningAt(m_before.element(element).tag.begin);
+    return element < 0 ? -1 : rest().elementBeginningAt(m_before.element(element).tag.begin);
 }
 
 QString CursorPlace::codeBefore() const
 {
+    if (m_script >= 0) {
+        const QVector<int> offsets = m_before.textOffsets(m_script);
+        const auto place = std::lower_bound(offsets.cbegin(), offsets.cend(), m_offset);
+        return m_before.textOf(m_script).left(static_cast<int>(place - offsets.cbegin()));
+    }
     constexpr int markSize = 9; // of "<![CDATA["
     const QString code = m_before.textOf(element());
     if (m_before.textEnd().kind != TextEnd::CData)

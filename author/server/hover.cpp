@@ -18,8 +18,8 @@ class Hover
 {
 public:
     Hover(const OpenDocument& document, int offset)
-        : m_subject(document.subject())
-        , m_description(m_subject.description())
+        : m_document(document)
+        , m_description(document.description())
         , m_kinds(KindTable::instance())
         , m_offset(offset)
         , m_element(m_description.elementAt(offset))
@@ -112,7 +112,7 @@ private:
         text += paragraph + row.kind().summary;
         if (row.isExported())
             text += paragraph + QStringLiteral("Parameter XML: `%1`").arg(row.path());
-        if (m_subject.reading().fate(row.element()).isLost())
+        if (m_document.subject().reading().fate(row.element()).isLost())
             text += paragraph + QStringLiteral("The live form does not have this row.");
         return text;
     }
@@ -120,7 +120,7 @@ private:
     QString usersText(const QString& enumeration) const
     {
         QStringList users;
-        for (const WrittenRow& row : m_subject.written().rows()) {
+        for (const WrittenRow& row : m_document.subject().written().rows()) {
             if (row.text("enumName") == enumeration)
                 users.append(QStringLiteral("`%1`").arg(row.name()));
         }
@@ -157,7 +157,8 @@ private:
                                                         : row.kind().findProperty(property.name);
         QString text = known ? propertyHelp(*known)
                              : QStringLiteral("**%1**: kept for scripts and hosts").arg(property.name);
-        text += paragraph + QStringLiteral("Effective: ") + effectiveValue(m_subject, row, property);
+        text +=
+            paragraph + QStringLiteral("Effective: ") + effectiveValue(m_document.subject(), row, property);
         if (known && known->refers == QLatin1String("enumeration")) {
             const int enumeration = findEnumeration(m_description, property.text);
             if (enumeration >= 0)
@@ -265,7 +266,7 @@ private:
         return known ? propertyHelp(*known) : functionText(m_kinds.script().members, name);
     }
 
-    const Subject& m_subject;
+    const OpenDocument& m_document;
     const Description& m_description;
     const KindTable& m_kinds;
     int m_offset;

@@ -29,9 +29,17 @@ void OpenDocument::forget()
     m_description.reset();
 }
 
+void OpenDocument::takeMark()
+{
+    m_hasMark = m_text.startsWith(byteOrderMark);
+    if (m_hasMark)
+        m_text.remove(0, 1);
+}
+
 void OpenDocument::setText(const QString& text)
 {
     m_text = text;
+    takeMark();
     m_lineStarts = {0};
     findLines(0, m_text.size(), true);
     forget();
@@ -50,13 +58,20 @@ void OpenDocument::findLines(int from, int to, bool isEnd)
 
 void OpenDocument::change(const EditorRange& range, const QString& text)
 {
-    int begin = rawOffset(range.begin);
-    int end = rawOffset(range.end);
+    int begin = offset(range.begin);
+    int end = offset(range.end);
     if (end < begin)
         std::swap(begin, end);
+    const bool isAtMark = range.begin.line <= 0 && range.begin.character <= 0;
+    if (isAtMark && (m_hasMark || text.startsWith(byteOrderMark))) {
+        // The mark itself may come or go.
+        const bool keepsMark = m_hasMark && range.end.line <= 0 && range.end.character <= 0;
+        setText((keepsMark ? text + byteOrderMark : text) + m_text.mid(end));
+        return;
+    }
     // Lines around the change may be joined by it or parted: only those further off merely move.
-    const int first = qMax(0, rawLineAt(begin) - 1);
-    const int behind = qMin(rawLineAt(end) + 2, m_lineStarts.size());
+    const int first = qMax(0, lineAt(begin) - 1);
+    const int behind = qMin(lineAt(end) + 2, m_lineStarts.size());
     QVector<int> rest = m_lineStarts.mid(behind);
     for (int& start : rest)
         start += text.size() - (end - begin);
@@ -67,13 +82,13 @@ void OpenDocument::change(const EditorRange& range, const QString& text)
     forget();
 }
 
-int OpenDocument::rawLineAt(int offset) const
+int OpenDocument::lineAt(int offset) const
 {
     const auto behind = std::upper_bound(m_lineStarts.cbegin(), m_lineStarts.cend(), offset);
     return static_cast<int>(behind - m_lineStarts.cbegin()) - 1;
 }
 
-int OpenDocument::rawOffset(const EditorPosition& position) const
+int OpenDocument::offset(const EditorPosition& position) const
 {
     if (position.line < 0)
         return 0;
@@ -83,27 +98,17 @@ int OpenDocument::rawOffset(const EditorPosition& position) const
     int end = position.line + 1 < m_lineStarts.size() ? m_lineStarts.at(position.line + 1) : m_text.size();
     while (end > begin && isLineEnd(m_text.at(end - 1)))
         --end;
-    const int offset = begin + qBound(0, position.character, end - begin);
+    const int offset = begin + qBound(0, position.character - markIn(position.line), end - begin);
     const bool isInPair = offset > begin && offset < end && m_text.at(offset).isLowSurrogate() &&
                           m_text.at(offset - 1).isHighSurrogate();
     return isInPair ? offset - 1 : offset;
 }
 
-int OpenDocument::markSize() const
-{
-    return m_text.startsWith(byteOrderMark) ? 1 : 0;
-}
-
-int OpenDocument::offset(const EditorPosition& position) const
-{
-    return qBound(0, rawOffset(position) - markSize(), text().size());
-}
-
 EditorPosition OpenDocument::position(int offset) const
 {
-    const int raw = qBound(0, offset + markSize(), m_text.size());
-    const int line = rawLineAt(raw);
-    return {line, raw - m_lineStarts.at(line)};
+    const int place = qBound(0, offset, m_text.size());
+    const int line = lineAt(place);
+    return {line, place - m_lineStarts.at(line) + markIn(line)};
 }
 
 EditorRange OpenDocument::range(const Range& range) const
@@ -121,7 +126,7 @@ const Description& OpenDocument::description() const
 const Subject& OpenDocument::subject() const
 {
     if (!m_subject)
-        m_subject = std::make_shared<const Subject>(SourceText(stored()));
+        m_subject = std::make_shared<const Subject>(description());
     return *m_subject;
 }
 

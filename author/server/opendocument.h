@@ -45,9 +45,9 @@ public:
     void setText(const QString& text);
 
     /** Without a byte order mark. */
-    const QString& text() const { return description().source().text(); }
+    const QString& text() const { return m_text; }
     /** The file that would be on the disk. */
-    QByteArray stored() const { return storedBytes(m_text); }
+    QByteArray stored() const { return storedBytes(m_hasMark ? QChar(0xfeff) + m_text : m_text); }
     const Description& description() const;
     /** The same text under the eyes of the rules, without its script run. */
     const Subject& subject() const;
@@ -58,14 +58,16 @@ public:
     int lineOf(int offset) const { return position(offset).line; }
 
 private:
-    int rawOffset(const EditorPosition& position) const;
-    int rawLineAt(int offset) const;
+    int lineAt(int offset) const;
+    /** A byte order mark counts as a character of the first line. */
+    int markIn(int line) const { return m_hasMark && line == 0 ? 1 : 0; }
     void findLines(int from, int to, bool isEnd);
-    int markSize() const;
+    void takeMark();
     void forget();
 
     QString m_uri;
-    QString m_text; // as the editor has it, a byte order mark included
+    QString m_text;
+    bool m_hasMark = false; // a byte order mark before it
     QVector<int> m_lineStarts{0};
     int m_version = 0;
     mutable std::shared_ptr<const Subject> m_subject;

@@ -108,7 +108,6 @@ private:
     void offerObject(const WrittenRow& row)
     {
         CompletionItem item(row.name(), CompletionItem::Variable, rowDetail(row));
-        item.documentation = row.kind().summary;
         item.rank = 2;
         m_list.add(item);
     }
