@@ -5,6 +5,8 @@
 
 #include <QTimer>
 
+#include <algorithm>
+
 namespace Orvane {
 namespace Author {
 
@@ -167,11 +169,13 @@ void TestRun::watch()
         const qint64 id = worker->process.processId();
         const qint64 used = processorTimeOf(id) - worker->before;
         const bool isKnown = worker->before >= 0;
+        // A program that starts has more to do than a test.
+        const int bound = worker->state == Worker::Loading ? qMax(m_time, defaultTime) : m_time;
         if (memoryOf(id) > mostMemory)
             lose(*worker, QStringLiteral("it took more than %1 MiB of memory").arg(mostMemory >> 20));
-        else if ((isKnown && used > m_time) ||
-                 worker->since.elapsed() > (isKnown ? patience : 1) * qint64(m_time))
-            lose(*worker, QStringLiteral("it did not end within %1 s").arg(m_time / 1000.0));
+        else if ((isKnown && used > bound) ||
+                 worker->since.elapsed() > (isKnown ? patience : 1) * qint64(bound))
+            lose(*worker, QStringLiteral("it did not end within %1 s").arg(bound / 1000.0));
     }
 }
 
@@ -187,12 +191,8 @@ void TestRun::lose(Worker& worker, const QString& reason)
         worker.process.waitForFinished();
     }
     if (state == Worker::Loading) {
-        // Whoever loads as the others did can only fail as they did.
-        if (m_queue.isEmpty() || m_tests.isEmpty()) {
-            m_problem = QStringLiteral("the tests cannot be loaded: %1").arg(reason);
-            m_loop.quit();
-            return;
-        }
+        giveUp(reason);
+        return;
     }
     if (m_next < m_queue.size())
         startWorker(worker);
@@ -202,6 +202,27 @@ void TestRun::lose(Worker& worker, const QString& reason)
     result.message = reason;
     result.place = m_tests.at(number).place;
     finish(number, result);
+}
+
+// One that cannot load is not tried again; without any, what is left to do has failed.
+void TestRun::giveUp(const QString& reason)
+{
+    const QString problem = QStringLiteral("the tests cannot be loaded: %1").arg(reason);
+    if (m_queue.isEmpty() || m_tests.isEmpty()) {
+        m_problem = problem;
+        m_loop.quit();
+        return;
+    }
+    const bool isAnyLeft = std::any_of(m_workers.cbegin(), m_workers.cend(), [](const auto& worker) {
+        return worker->process.state() != QProcess::NotRunning;
+    });
+    while (!isAnyLeft && m_next < m_queue.size()) {
+        const int number = m_queue.at(m_next++);
+        ScenarioResult result;
+        result.message = problem;
+        result.place = m_tests.at(number).place;
+        finish(number, result);
+    }
 }
 
 void TestRun::finish(int number, const ScenarioResult& result)

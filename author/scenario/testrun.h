@@ -47,6 +47,7 @@ private:
     void watch();
     /** The worker is lost to its test, for that reason. */
     void lose(Worker& worker, const QString& reason);
+    void giveUp(const QString& reason);
     void finish(int number, const ScenarioResult& result);
 
     const QString m_program;

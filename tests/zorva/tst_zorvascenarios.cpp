@@ -131,9 +131,9 @@ void TestZorvaScenarios::testsThatHarm_data()
 {
     QTest::addColumn<QByteArray>("body");
     QTest::addColumn<QString>("message");
-    QTest::newRow("endless") << QByteArray("for (;;) ;") << QStringLiteral("it did not end within 0.3 s");
+    QTest::newRow("endless") << QByteArray("for (;;) ;") << QStringLiteral("it did not end within 2 s");
     QTest::newRow("endless in the form")
-        << QByteArray("form.evaluate('for (;;) ;');") << QStringLiteral("it did not end within 0.3 s");
+        << QByteArray("form.evaluate('for (;;) ;');") << QStringLiteral("it did not end within 2 s");
     QTest::newRow("a dialog") << QByteArray("form.click('editExclusions');") << QString();
 }
 
@@ -143,7 +143,7 @@ void TestZorvaScenarios::testsThatHarm()
     QFETCH(QByteArray, body);
     QFETCH(QString, message);
     write("harm.js", "test('harm', function(form) { " + body + " });\ntest('behind', function() {});\n");
-    const ZorvaRun tested = run("--timeout 0.3 --jobs 1 FORM harm.js");
+    const ZorvaRun tested = run("--timeout 2 --jobs 1 FORM harm.js");
     QCOMPARE(tested.code, message.isEmpty() ? 0 : 1);
     QVERIFY2(tested.output.contains(message), qPrintable(tested.output));
     QVERIFY2(tested.output.contains(QStringLiteral("\nok 2 - behind")), qPrintable(tested.output));
