@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPaintEvent>
 #include <QPixmap>
 #include <QTest>
 
@@ -24,6 +25,8 @@ private Q_SLOTS:
     void looksAreThoseOfALabel();
     void largeTextIsWhole();
     void overflowFollowsItsLabel();
+    void overflowIsPaintedAgain_data();
+    void overflowIsPaintedAgain();
 };
 
 void tst_CaptionLabel::hintsAreThoseOfALabel_data()
@@ -211,6 +214,54 @@ void tst_CaptionLabel::overflowFollowsItsLabel()
     QVERIFY(!row.inkBelow(place));
     delete row.label;
     QVERIFY(!row.inkBelow(place.translated(200, 0)));
+}
+
+namespace {
+
+/// What a widget painted anew.
+class PaintWatch : public QObject
+{
+public:
+    explicit PaintWatch(QWidget* widget) { widget->installEventFilter(this); }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            painted += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+
+    QRegion painted;
+};
+
+} // namespace
+
+void tst_CaptionLabel::overflowIsPaintedAgain_data()
+{
+    QTest::addColumn<Setup>("change");
+    QTest::newRow("hidden") << Setup([](QLabel& label) { label.hide(); });
+    QTest::newRow("moved") << Setup([](QLabel& label) { label.move(200, 0); });
+    QTest::newRow("switched off") << Setup([](QLabel& label) { label.setEnabled(false); });
+    QTest::newRow("another text") << Setup([](QLabel& label) { label.setText(QStringLiteral("gggg")); });
+    QTest::newRow("another colour") << Setup([](QLabel& label) {
+        QPalette red = label.palette();
+        red.setColor(QPalette::WindowText, Qt::red);
+        label.setPalette(red);
+    });
+}
+
+// In the place that it had; a label itself asks for no more than its own.
+void tst_CaptionLabel::overflowIsPaintedAgain()
+{
+    QFETCH(const Setup, change);
+    LargeRow row;
+    row.show();
+    QTRY_COMPARE(row.label->height(), 24);
+    QCoreApplication::processEvents();
+    const QRect below = QRect(row.label->x(), row.label->geometry().bottom() + 1, row.label->width(), 4);
+    PaintWatch watch(&row);
+    change(*row.label);
+    QTRY_VERIFY(watch.painted.intersected(below) == QRegion(below));
 }
 
 QTEST_MAIN(tst_CaptionLabel)
