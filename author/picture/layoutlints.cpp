@@ -24,7 +24,8 @@ QString inOneLine(const QString& text)
 /** Which part of the text is to be seen; empty if it is all. */
 QString clipping(const PlacedPart& part)
 {
-    if (!part.isSeen())
+    const bool isWord = !part.text.trimmed().isEmpty();
+    if (!part.isSeen() || !isWord)
         return QString();
     if (part.needed > part.place.width())
         return QStringLiteral("%1 of %2 pixels wide").arg(part.place.width()).arg(part.needed);

@@ -47,6 +47,7 @@ class TestLayoutLints : public QObject
 private Q_SLOTS:
     void plantedFaults_data();
     void plantedFaults();
+    void blankCaptionsAreNotCut();
     void overlap();
     void nothingOnTheExamples_data();
     void nothingOnTheExamples();
@@ -86,6 +87,14 @@ void TestLayoutLints::plantedFaults()
     QFETCH(QString, finding);
     const QString ids = idsOf(findingsAt(formXml(rows).toUtf8(), width));
     QVERIFY2(ids.split(QStringLiteral(", ")).contains(finding), qPrintable(ids));
+}
+
+void TestLayoutLints::blankCaptionsAreNotCut()
+{
+    FormStage stage(formXml(rowXml("CheckBox", "a", {caption(" ")})).toUtf8());
+    stage.setTextSize(40);
+    stage.arrange(stage.openingWidth());
+    QCOMPARE(idsOf(layoutFindings(geometryOf(stage))), QString());
 }
 
 // No description makes the layout do that; a control that has a mind of its own may.
