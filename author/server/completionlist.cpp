@@ -17,15 +17,16 @@ void CompletionList::add(const CompletionItem& item)
     m_labels.insert(item.label);
     const bool isSnippet = m_abilities.snippets && !item.snippet.isEmpty();
     const QString plain = item.text.isEmpty() ? item.label : item.text;
+    constexpr int snippetFormat = 2;
     QJsonObject json{{QStringLiteral("label"), item.label},
                      {QStringLiteral("kind"), item.kind},
                      {QStringLiteral("sortText"),
                       QStringLiteral("%1%2").arg(item.rank).arg(m_labels.size(), 5, 10, QLatin1Char('0'))},
-                     {QStringLiteral("filterText"), item.label},
-                     {QStringLiteral("insertTextFormat"), isSnippet ? 2 : 1},
                      {QStringLiteral("textEdit"),
                       QJsonObject{{QStringLiteral("range"), m_range},
                                   {QStringLiteral("newText"), isSnippet ? item.snippet : plain}}}};
+    if (isSnippet)
+        json.insert(QStringLiteral("insertTextFormat"), snippetFormat);
     if (!item.detail.isEmpty())
         json.insert(QStringLiteral("detail"), item.detail);
     if (!item.documentation.isEmpty())
