@@ -1,9 +1,9 @@
 #include "displaycheck.h"
 
-#include "console.h"
-
+#include <QFileInfo>
 #include <QRegularExpression>
 
+#include <cstdio>
 #include <cstdlib>
 #include <utility>
 
@@ -11,6 +11,8 @@ namespace {
 
 QtMessageHandler ordinaryHandler = nullptr;
 QString wantedPlatform; // as the person named it; empty: Qt's choice
+QString programName;
+DisplayCheck::Fail failWith = nullptr;
 
 /** The platforms in Qt's last words: "... Available platform plugins are: a, b, c." */
 QStringList availablePlatforms(const QString& text)
@@ -26,8 +28,8 @@ QString whyThereIsNoWindow(const QString& lastWords)
         return QStringLiteral("there is no platform \"%1\" to show the window on; there are: %2")
             .arg(wantedPlatform, available.join(QStringLiteral(", ")));
     return QStringLiteral("no display to show the window on. Start it in a graphical session, or with\n"
-                          "xvfb-run zorvashell ... (DISPLAY is \"%1\")")
-        .arg(qEnvironmentVariable("DISPLAY"));
+                          "xvfb-run %1 ... (DISPLAY is \"%2\")")
+        .arg(programName, qEnvironmentVariable("DISPLAY"));
 }
 
 /** Qt ends the process when it finds no display to work on: with a sentence instead of a core dump. */
@@ -37,9 +39,9 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const 
         ordinaryHandler(type, context, text);
         return;
     }
-    fail(whyThereIsNoWindow(text));
+    const int status = failWith(whyThereIsNoWindow(text));
     std::fflush(nullptr);
-    std::_Exit(nothingToShow);
+    std::_Exit(status);
 }
 
 /** The platform that Qt will be asked for: "name:arguments" on the command line, or in the environment. */
@@ -55,8 +57,10 @@ QString platformNamed(const QStringList& arguments)
 
 } // namespace
 
-DisplayCheck::DisplayCheck(const QStringList& arguments)
+DisplayCheck::DisplayCheck(const QStringList& arguments, Fail fail)
 {
+    failWith = fail;
+    programName = QFileInfo(arguments.value(0)).fileName();
     wantedPlatform = platformNamed(arguments);
     ordinaryHandler = qInstallMessageHandler(endWithoutDisplay);
 }

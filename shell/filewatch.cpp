@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int restAfterSave = 100; // milliseconds; an editor writes in several steps
+constexpr int pause = 500; // milliseconds between two looks for what is missing
 
 /** Null if there is no file to read. */
 QByteArray digestOf(const QString& path)
@@ -20,17 +20,20 @@ QByteArray digestOf(const QString& path)
 
 } // namespace
 
-FileWatch::FileWatch(const QStringList& paths, QObject* parent)
+FileWatch::FileWatch(const QStringList& paths, QObject* parent, int rest)
     : QObject(parent)
 {
     for (const QString& path : paths)
         m_contentOf.insert(path, digestOf(path));
     m_rest.setSingleShot(true);
-    m_rest.setInterval(restAfterSave);
+    m_rest.setInterval(rest);
+    m_again.setSingleShot(true);
+    m_again.setInterval(pause);
     const auto wait = [this] { m_rest.start(); };
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, wait);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, wait);
     connect(&m_rest, &QTimer::timeout, this, &FileWatch::look);
+    connect(&m_again, &QTimer::timeout, this, &FileWatch::look);
     look();
 }
 
@@ -42,11 +45,26 @@ void FileWatch::look()
         m_watcher.addPath(file.key());
         m_watcher.addPath(QFileInfo(file.key()).absolutePath());
         const QByteArray digest = digestOf(file.key());
-        if (digest.isNull())
+        if (digest.isNull()) {
+            noteMissing();
             return;
+        }
         isNew = isNew || digest != *file;
         *file = digest;
     }
+    const bool isBack = m_isMissing;
+    m_isMissing = false;
     if (isNew)
         Q_EMIT changed();
+    else if (isBack)
+        Q_EMIT returned();
+}
+
+void FileWatch::noteMissing()
+{
+    m_again.start();
+    if (m_isMissing)
+        return;
+    m_isMissing = true;
+    Q_EMIT missing();
 }

@@ -207,7 +207,7 @@ int showOnDisplay(int argc, char** argv, const CommandLine& line)
     const QString reason = whyUnreadable(line.path);
     if (!reason.isEmpty())
         return fail(QStringLiteral("cannot read %1: %2").arg(line.path, reason));
-    DisplayCheck check(argumentList(argc, argv));
+    DisplayCheck check(argumentList(argc, argv), fail);
     QApplication application(argc, argv);
     check.Pass();
     return show(application, line);

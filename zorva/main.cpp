@@ -1,6 +1,8 @@
 #include "subcommand.h"
 #include "terminal.h"
 
+#include <shell/displaycheck.h>
+
 #include <QApplication>
 
 #include <clocale>
@@ -8,9 +10,9 @@
 namespace {
 
 const Subcommand* const subcommands[] = {
-    &checkCommand, &compareCommand, &formatCommand,     &kindsCommand,  &manualCommand,
-    &newCommand,   &overlayCommand, &parametersCommand, &schemaCommand, &serverCommand,
-    &showCommand,  &stringsCommand, &testCommand,
+    &checkCommand,  &compareCommand, &formatCommand,     &kindsCommand,   &manualCommand,
+    &newCommand,    &overlayCommand, &parametersCommand, &previewCommand, &schemaCommand,
+    &serverCommand, &showCommand,    &stringsCommand,    &testCommand,
 };
 /** For the program itself. */
 const Subcommand* const services[] = {&serveScriptsCommand, &serveTestsCommand};
@@ -59,6 +61,14 @@ bool asksForHelp(const QStringList& arguments)
     return options.contains(QLatin1String("--help")) || options.contains(QLatin1String("-h"));
 }
 
+int runOnDisplay(const Subcommand& command, const QStringList& arguments, int argc, char** argv)
+{
+    DisplayCheck check(QStringList(QString::fromLocal8Bit(argv[0])) + arguments, fail);
+    const QApplication application(argc, argv);
+    check.Pass();
+    return command.run(arguments);
+}
+
 int runCommand(const Subcommand& command, const QStringList& arguments, int argc, char** argv)
 {
     if (asksForHelp(arguments)) {
@@ -71,6 +81,8 @@ int runCommand(const Subcommand& command, const QStringList& arguments, int argc
         const QCoreApplication application(argc, argv);
         return command.run(arguments);
     }
+    if (command.needs == Subcommand::Display)
+        return runOnDisplay(command, arguments, argc, argv);
     // Forms are made to be looked at by the program alone, so it asks for no display.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -2,7 +2,15 @@
 
 #include <author/check/scripttrial.h>
 
+#include <QtGlobal>
+
 namespace {
+
+// What starts it may show windows; this never does.
+void prepare(const QStringList&)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+}
 
 int run(const QStringList&)
 {
@@ -14,5 +22,5 @@ int run(const QStringList&)
 
 const Subcommand serveScriptsCommand = {
     "serve-scripts",   "",  "Runs the scripts of forms for zorva check, which starts it and talks to it.\n",
-    Subcommand::Forms, run,
+    Subcommand::Forms, run, prepare,
 };

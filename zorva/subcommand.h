@@ -13,8 +13,11 @@ enum ExitCode {
 /** One word of the command line that says what to do; a constant in the file of its name. */
 struct Subcommand
 {
-    /** Core: no forms are made. Forms: an application without a screen is there for live forms. */
-    enum Needs { Core, Forms };
+    /**
+     * Core: no forms are made. Forms: an application without a screen is there for live forms.
+     * Display: an application with windows for a person.
+     */
+    enum Needs { Core, Forms, Display };
 
     const char* name;
     const char* summary; // one line for the list
@@ -34,6 +37,7 @@ extern const Subcommand manualCommand;
 extern const Subcommand newCommand;
 extern const Subcommand overlayCommand;
 extern const Subcommand parametersCommand;
+extern const Subcommand previewCommand;
 extern const Subcommand schemaCommand;
 extern const Subcommand serverCommand;
 extern const Subcommand showCommand;

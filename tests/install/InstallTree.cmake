@@ -41,6 +41,7 @@ expect(Tools
   share/zorvaparser/zorva.rng
   bin/zorvashell
   share/applications/zorvashell.desktop
+  share/applications/zorva-preview.desktop
   share/mime/packages/zorvaparser.xml
   share/org.kde.syntax-highlighting/syntax/zorva.xml
   share/icons/hicolor/scalable/apps/zorvashell.svg

@@ -1,0 +1,382 @@
+#include "previewtest.h"
+
+#include <author/preview/parameterspane.h>
+#include <author/preview/placelist.h>
+#include <author/preview/valuespane.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDockWidget>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QStyle>
+
+using namespace Orvane::Author;
+using hostkit::RowState;
+
+/// The preview as an author uses it: keys and clicks in a real window.
+class TestPreviewWindow : public PreviewTest
+{
+    Q_OBJECT
+
+    /// A form whose second state differs from the first by `more`.
+    static QString description(const QString& more = QString(), const QString& script = QString())
+    {
+        return formXml(
+            rowXml("LineEdit", "remark", {{"labelText", "Remark"}}) +
+                rowXml("SpinBox", "gain", {{"labelText", "Gain"}, {"value", 3}, {"maximum", 500}}) +
+                rowXml("CheckBox", "lock", {{"labelText", "Lock"}}) + more,
+            QString(), script);
+    }
+    QWidget* control(const char* name) const
+    {
+        return m_window->form()->window()->findChild<QWidget*>(QString::fromLatin1(name));
+    }
+    QLineEdit* field(const char* name) const
+    {
+        QWidget* const found = control(name);
+        auto* const itself = qobject_cast<QLineEdit*>(found);
+        return itself ? itself : found->findChild<QLineEdit*>();
+    }
+    void type(const char* row, const char* text)
+    {
+        control(row)->setFocus();
+        field(row)->selectAll();
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(text));
+    }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(m_window->windowHandle(), key, modifiers);
+    }
+    RowState state(const char* row) const
+    {
+        return m_window->findChild<DeviceSimulation*>()->link()->states().state(QString::fromLatin1(row));
+    }
+    void applyGain(const char* text)
+    {
+        type("gain", text);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        form().applyNow();
+    }
+
+private Q_SLOTS:
+    void whatIsTypedIsCarriedOver()
+    {
+        write(description());
+        open();
+        type("remark", "to be kept\r");
+        save(description(rowXml("LineEdit", "later")));
+        QCOMPARE(held("remark"), QStringLiteral("to be kept"));
+        QVERIFY(control("later"));
+        QCOMPARE(find<PlaceList>("keptAside")->topLevelItemCount(), 0);
+    }
+    void whatIsHalfTypedGoesOn_data()
+    {
+        QTest::addColumn<QByteArray>("row");
+        QTest::newRow("line edit") << QByteArray("remark");
+        QTest::newRow("spin box") << QByteArray("gain");
+    }
+    void whatIsHalfTypedGoesOn()
+    {
+        QFETCH(QByteArray, row);
+        write(description());
+        open();
+        type(row.constData(), "12");
+        save(description(rowXml("LineEdit", "later")));
+        QVERIFY(control(row.constData())->isAncestorOf(QApplication::focusWidget()) ||
+                control(row.constData()) == QApplication::focusWidget());
+        QCOMPARE(field(row.constData())->text(), QStringLiteral("12"));
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("5\r"));
+        QCOMPARE(held(row.constData()), QStringLiteral("125"));
+    }
+    void whatTheFormDoesNotTakeIsListed()
+    {
+        write(description());
+        open();
+        type("gain", "400\r");
+        type("remark", "half");
+        save(formXml(rowXml("CheckBox", "lock")));
+        const auto* const list = find<PlaceList>("keptAside");
+        QCOMPARE(list->topLevelItemCount(), 2);
+        QCOMPARE(list->topLevelItem(0)->text(0), QStringLiteral("Gain"));
+        QCOMPARE(list->topLevelItem(0)->text(1), QStringLiteral("400"));
+        QCOMPARE(list->topLevelItem(1)->text(1), QStringLiteral("half"));
+        QVERIFY(list->isVisible());
+        save(description());
+        QCOMPARE(held("gain"), QStringLiteral("400"));
+        QCOMPARE(list->topLevelItemCount(), 0);
+    }
+    void anOpenListIsNotTakenAway()
+    {
+        write(formXml(rowXml("ComboBox", "mode", {{"enumName", "Modes"}}),
+                      enumXml("Modes", {{"Wide", "WIDE", "w"}, {"Narrow", "NARROW", "n"}})));
+        open();
+        auto* const box = m_window->form()->window()->findChild<QComboBox*>(QStringLiteral("mode"));
+        box->showPopup();
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        const QSignalSpy reloaded(m_window.get(), &PreviewWindow::reloaded);
+        const QPointer<QComboBox> alive(box);
+        write(description());
+        QTest::qWait(120);
+        QVERIFY(alive);
+        box->hidePopup();
+        QTRY_COMPARE(reloaded.count(), 1);
+        QVERIFY(!alive);
+    }
+    void problemsLeadToTheEditor()
+    {
+        const QString wrong = description().replace(QLatin1String("labelText"), QLatin1String("labeltext"));
+        write(wrong);
+        QStringList calls;
+        open();
+        m_window->setEditor([&calls](const QString& file, int line, int) {
+            calls << QStringLiteral("%1:%2").arg(QFileInfo(file).fileName()).arg(line);
+            return QString();
+        });
+        auto* const list = find<PlaceList>("problems");
+        QTRY_VERIFY(list->topLevelItemCount() > 0);
+        const QList<QTreeWidgetItem*> found =
+            list->findItems(QStringLiteral("labeltext"), Qt::MatchContains, 1);
+        QVERIFY(!found.isEmpty());
+        QTreeWidgetItem* const first = found.first();
+        const QString place = QStringLiteral("form.zorva:") + first->text(0);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          list->visualItemRect(first).center());
+        QCOMPARE(calls, QStringList(place));
+        key(Qt::Key_1, Qt::ControlModifier);
+        QCOMPARE(QApplication::focusWidget(), list);
+        list->setCurrentItem(first);
+        key(Qt::Key_Return);
+        QCOMPARE(calls, (QStringList{place, place}));
+        key(Qt::Key_F8);
+        QCOMPARE(calls.size(), 3);
+        save(description());
+        QTRY_VERIFY(list->findItems(QStringLiteral("labeltext"), Qt::MatchContains, 1).isEmpty());
+    }
+    void problemsAreThoseOfTheChecker()
+    {
+        const QByteArray bytes =
+            description().replace(QLatin1String("SpinBox"), QLatin1String("Spinbox")).toUtf8();
+        write(bytes);
+        open();
+        const auto* const list = find<PlaceList>("problems");
+        const CheckedFile checked = check(path(), bytes);
+        QTRY_COMPARE(list->topLevelItemCount(), checked.findings.size());
+        for (int i = 0; i < checked.findings.size(); ++i) {
+            QCOMPARE(list->topLevelItem(i)->text(1), checked.findings.at(i).message);
+            QCOMPARE(list->topLevelItem(i)->text(3), checked.findings.at(i).id);
+        }
+    }
+    void theScriptSpeaks()
+    {
+        write(description(QString(), QStringLiteral("print('hello');\nthrow 'too bad';")));
+        open();
+        const auto* const list = find<PlaceList>("scriptOutput");
+        QCOMPARE(list->topLevelItemCount(), 2);
+        QCOMPARE(list->topLevelItem(0)->text(1), QStringLiteral("hello"));
+        QCOMPARE(list->topLevelItem(1)->text(1), QStringLiteral("too bad"));
+        QFile file(path());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QList<QByteArray> lines = file.readAll().split('\n');
+        QVERIFY(lines.at(PlaceList::lineOf(*list->topLevelItem(1)) - 1).contains("too bad"));
+        save(description());
+        QCOMPARE(list->topLevelItemCount(), 0);
+    }
+    void valuesFollowTheForm()
+    {
+        write(description());
+        open();
+        const auto* const pane = find<ValuesPane>("valuesPane");
+        QTRY_COMPARE(pane->topLevelItemCount(), 3);
+        type("gain", "44\r");
+        QTRY_COMPARE(pane->topLevelItem(1)->text(ValuesPane::Text), QStringLiteral("44"));
+        QTRY_COMPARE(pane->topLevelItem(1)->text(ValuesPane::State), QStringLiteral("not applied"));
+        form().applyNow();
+        QTRY_COMPARE(pane->topLevelItem(1)->text(ValuesPane::State), QString());
+    }
+    void parameterXml()
+    {
+        write(description());
+        open();
+        key(Qt::Key_5, Qt::ControlModifier);
+        auto* const which = find<QComboBox>("parametersSelection");
+        QCOMPARE(QApplication::focusWidget(), which);
+        const auto* const text = find<QPlainTextEdit>("parametersText");
+        QTRY_VERIFY(text->toPlainText().contains(QLatin1String("<gain>3</gain>")));
+        key(Qt::Key_Down);
+        QCOMPARE(text->toPlainText(), QString());
+        type("gain", "44\r");
+        QTRY_VERIFY(text->toPlainText().contains(QLatin1String("<gain>44</gain>")));
+        QVERIFY(!text->toPlainText().contains(QLatin1String("lock")));
+        form().applyNow();
+        QTRY_COMPARE(text->toPlainText(), QString());
+        which->setFocus();
+        key(Qt::Key_Down);
+        QVERIFY(text->toPlainText().contains(QLatin1String("<gain>44</gain>")));
+    }
+    void looks()
+    {
+        write(description());
+        open();
+        QWidget* const window = m_window->form()->window();
+        find<QSpinBox>("lookWidth")->setValue(480);
+        QTRY_COMPARE(window->width(), 480);
+        find<QSpinBox>("lookTextSize")->setValue(17);
+        QCOMPARE(control("gain")->font().pointSize(), 17);
+        key(Qt::Key_R, Qt::ControlModifier);
+        QCOMPARE(control("gain")->layoutDirection(), Qt::RightToLeft);
+        QCOMPARE(m_window->layoutDirection(), Qt::LeftToRight);
+        const QPalette before = QApplication::palette();
+        key(Qt::Key_D, Qt::ControlModifier);
+        QVERIFY(control("gain")->palette().color(QPalette::Base).lightness() < 100);
+        auto* const style = find<QComboBox>("lookStyle");
+        style->setCurrentIndex(style->findText(QStringLiteral("windows"), Qt::MatchFixedString));
+        QCOMPARE(QApplication::style()->objectName().toLower(), QStringLiteral("windows"));
+        // The next state looks alike.
+        save(description(rowXml("LineEdit", "later")));
+        QTRY_COMPARE(m_window->form()->window()->width(), 480);
+        QCOMPARE(control("later")->font().pointSize(), 17);
+        QCOMPARE(control("later")->layoutDirection(), Qt::RightToLeft);
+        find<QSpinBox>("lookTextSize")->setValue(0);
+        QVERIFY(control("gain")->font().pointSize() < 17);
+        key(Qt::Key_D, Qt::ControlModifier);
+        QApplication::setStyle(QStringLiteral("fusion"));
+        QApplication::setPalette(before);
+    }
+    void device_data()
+    {
+        QTest::addColumn<int>("manner");
+        QTest::addColumn<RowState>("end");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("confirms") << 1 << RowState::Confirmed << QStringLiteral("77");
+        QTest::newRow("late") << 2 << RowState::Confirmed << QStringLiteral("77");
+        QTest::newRow("refuses") << 3 << RowState::Refused << QString();
+        QTest::newRow("its own") << 4 << RowState::Differing << QStringLiteral("3");
+    }
+    void device()
+    {
+        QFETCH(int, manner);
+        QFETCH(RowState, end);
+        QFETCH(QString, shown);
+        write(description());
+        open();
+        find<QSpinBox>("deviceDelay")->setValue(300);
+        find<QComboBox>("deviceManner")->setCurrentIndex(manner);
+        QTRY_COMPARE(state("gain"), RowState::Confirmed);
+        applyGain("77");
+        if (manner == 2)
+            QCOMPARE(state("gain"), RowState::Requested);
+        QTRY_COMPARE(state("gain"), end);
+        if (!shown.isNull())
+            QTRY_COMPARE(held("gain"), shown);
+        find<QComboBox>("deviceManner")->setCurrentIndex(0);
+        QVERIFY(!m_window->findChild<DeviceSimulation*>()->link());
+    }
+    void theDeviceKeepsItsValuesAndChangesThem()
+    {
+        write(description());
+        open();
+        find<QComboBox>("deviceManner")->setCurrentIndex(1);
+        QTRY_COMPARE(state("gain"), RowState::Confirmed);
+        applyGain("77");
+        QTRY_COMPARE(state("gain"), RowState::Confirmed);
+        save(description(rowXml("LineEdit", "later")));
+        QTRY_COMPARE(state("gain"), RowState::Confirmed);
+        QCOMPARE(held("gain"), QStringLiteral("77"));
+        auto* const device = m_window->findChild<DeviceSimulation*>();
+        device->drift();
+        QTRY_COMPARE(held("gain"), QStringLiteral("78"));
+        device->drift();
+        QTRY_COMPARE(held("lock"), QStringLiteral("true"));
+    }
+    void overlay()
+    {
+        write(description());
+        write(formXml(widgetXml("SpinBox", "gain", {{"labelText", "Louder"}}) +
+                      widgetXml("LineEdit", "none", {{"visible", true}})),
+              "over.zorva");
+        PreviewOptions options;
+        options.overlay = path("over.zorva");
+        open(options);
+        const auto gain = [this] {
+            return form()
+                .GetSheet()
+                .GetWidget(QStringLiteral("gain"))
+                ->GetDelegate()
+                ->GetString("labelText", QString());
+        };
+        QCOMPARE(gain(), QStringLiteral("Louder"));
+        const auto* const list = find<PlaceList>("overlayChanges");
+        const auto change = [list](const char* name) {
+            return list->findItems(QString::fromLatin1(name), Qt::MatchExactly, 1).value(0);
+        };
+        QVERIFY(change("labelText"));
+        QCOMPARE(change("labelText")->text(2), QStringLiteral("Gain"));
+        QCOMPARE(change("labelText")->text(3), QStringLiteral("Louder"));
+        QVERIFY(!list->findItems(QStringLiteral("dropped"), Qt::MatchStartsWith, 1).isEmpty());
+        type("gain", "9\r");
+        key(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(gain(), QStringLiteral("Gain"));
+        QCOMPARE(held("gain"), QStringLiteral("9"));
+        // It is watched like the form.
+        const QSignalSpy reloaded(m_window.get(), &PreviewWindow::reloaded);
+        write(formXml(widgetXml("SpinBox", "gain", {{"labelText", "Quieter"}})), "over.zorva");
+        QTRY_VERIFY(!reloaded.isEmpty());
+        QCOMPARE(change("labelText")->text(3), QStringLiteral("Quieter"));
+    }
+    void picture()
+    {
+        QString rows;
+        for (int i = 0; i < 80; ++i)
+            rows += rowXml("LineEdit", QByteArray("row" + QByteArray::number(i)).constData());
+        write(formXml(rows));
+        open();
+        const QImage picture = m_window->picture();
+        const QWidget* const content = form().GetSheet().Content();
+        QCOMPARE(picture.size() / picture.devicePixelRatio(), content->size());
+        QVERIFY(picture.height() > m_window->height());
+    }
+    void everyPaneHasANameAndAKey()
+    {
+        write(description());
+        open();
+        const int count = m_window->findChildren<QDockWidget*>().size();
+        QCOMPARE(count, 7);
+        for (int i = 0; i < count; ++i) {
+            const QDockWidget* const pane =
+                m_window->findChild<QDockWidget*>(QStringLiteral("pane%1").arg(i + 1));
+            QVERIFY(!pane->accessibleName().isEmpty());
+            key(static_cast<Qt::Key>(Qt::Key_1 + i), Qt::ControlModifier);
+            QTRY_VERIFY(pane->isAncestorOf(QApplication::focusWidget()));
+            QVERIFY2(!QApplication::focusWidget()->accessibleName().isEmpty() ||
+                         qobject_cast<QComboBox*>(QApplication::focusWidget()),
+                     qPrintable(pane->windowTitle()));
+        }
+        key(Qt::Key_0, Qt::ControlModifier);
+        QVERIFY(m_window->form()->window()->isAncestorOf(QApplication::focusWidget()));
+        key(Qt::Key_L, Qt::ControlModifier);
+        QCOMPARE(QApplication::focusWidget(), find<QSpinBox>("lookWidth"));
+    }
+    void f6WalksThePanes()
+    {
+        write(description());
+        open();
+        key(Qt::Key_0, Qt::ControlModifier);
+        const QWidget* const first = QApplication::focusWidget();
+        QSet<QWidget*> seen;
+        for (int i = 0; i < 3; ++i) {
+            seen.insert(QApplication::focusWidget());
+            key(Qt::Key_F6);
+        }
+        QCOMPARE(seen.size(), 3);
+        QVERIFY(m_window->form()->window()->isAncestorOf(QApplication::focusWidget()));
+        key(Qt::Key_F6, Qt::ShiftModifier);
+        QVERIFY(QApplication::focusWidget() != first);
+    }
+};
+
+QTEST_MAIN(TestPreviewWindow)
+#include "tst_previewwindow.moc"
