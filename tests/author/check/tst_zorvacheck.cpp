@@ -99,6 +99,7 @@ private Q_SLOTS:
         };
         row("no form", "");
         row("a file that is not there", "/nowhere/form.zorva");
+        row("a file that opens and cannot be read", "/proc/self/mem");
         row("an unknown option", "--frobnicate -");
         row("an unknown format", "--format yaml -");
         row("a format without a word", "--format");

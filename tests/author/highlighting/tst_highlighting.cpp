@@ -35,15 +35,6 @@ QMap<QString, QStringList> definedLists()
     return lists;
 }
 
-template <typename Record>
-QStringList namesOf(const QList<Record>& records)
-{
-    QStringList names;
-    for (const Record& record : records)
-        names.append(record.name);
-    return names;
-}
-
 /// True if a trace names the format: names stand in inverse letters below the text.
 bool names(const QString& trace, const QString& format)
 {
