@@ -105,6 +105,9 @@ void Carryover::keep(const Row& row)
 
 void Carryover::takeSettings(PreviewForm& form)
 {
+    // Mostly nobody has entered anything between two saves.
+    if (!form.isChanged())
+        return;
     const SettingWords words(form.form(), form.rows());
     const ParameterSet now = form.settings();
     const QHash<int, QVector<Setting>> first = byRow(form.settingsAtFirst());
@@ -201,6 +204,10 @@ QVector<KeptAside> Carryover::give(PreviewForm& form)
             tried.append(row);
         else
             keepAside(row, why);
+    }
+    if (tried.isEmpty()) {
+        m_rows = rest;
+        return aside;
     }
     send(form, tried);
     const ParameterSet now = form.settings();

@@ -71,6 +71,11 @@ QString PreviewForm::parameters(bool modifiedOnly) const
     return text.trimmed();
 }
 
+bool PreviewForm::isChanged() const
+{
+    return !parameters(true).isNull() || parameters(false) != m_firstParameters;
+}
+
 ParameterSet PreviewForm::settings() const
 {
     return ParameterSet(rows(), SourceText(parameters(false).toUtf8()));

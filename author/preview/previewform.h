@@ -46,6 +46,8 @@ public:
 
     /** Parameter XML of all rows, or of the changed ones: what would be sent. Null if that is nothing. */
     QString parameters(bool modifiedOnly) const;
+    /** Whether parameters or marks are other ones than those with which the form came up. */
+    bool isChanged() const;
     /** The settings of all rows, now and as the form came up. */
     ParameterSet settings() const;
     ParameterSet settingsAtFirst() const; ///< Likewise.
