@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QHash>
+#include <QTextDocument>
 #include <QTextDocumentFragment>
 
 #include <limits>
