@@ -90,8 +90,9 @@ LookBar::LookBar(const PreviewLook& look, const QStringList& languages, QWidget*
 
 void LookBar::addSwitch(const QString& label, QWidget* widget, const char* name)
 {
-    auto* const text = new QLabel(label, this);
-    text->setContentsMargins(fontMetrics().averageCharWidth(), 0, fontMetrics().averageCharWidth() / 2, 0);
+    // The blank is the distance to the widget, into which a last letter may reach.
+    auto* const text = new QLabel(label + QLatin1Char(' '), this);
+    text->setContentsMargins(fontMetrics().averageCharWidth(), 0, 0, 0);
     text->setBuddy(widget);
     widget->setObjectName(QString::fromLatin1(name));
     widget->setAccessibleName(QString(label).remove(QLatin1Char('&')));
