@@ -23,6 +23,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QMenuBar>
+#include <QPixmapCache>
 #include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QStatusBar>
@@ -439,6 +440,8 @@ void PreviewWindow::build(std::unique_ptr<PreviewForm> fresh, const QByteArray& 
     m_form.swap(fresh);
     place(m_form->window());
     fresh.reset();
+    // The pictures of the form that went would stay in there until it is full.
+    QPixmapCache::clear();
     setUpdatesEnabled(true);
     aside += m_carryover.giveFocus(*m_form);
     showAside(aside);
