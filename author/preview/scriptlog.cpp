@@ -101,6 +101,7 @@ void ScriptLog::tellUncaught(QScriptEngine& engine)
 {
     if (engine.hasUncaughtException())
         tellThrown(engine.uncaughtException());
+    m_isStopping = false;
 }
 
 void ScriptLog::tellThrown(const QScriptValue& exception)
@@ -114,10 +115,12 @@ void ScriptLog::tellThrown(const QScriptValue& exception)
 
 void ScriptLog::stop(QScriptEngine& engine)
 {
-    m_hasStopped = m_isStopping = true;
-    Q_EMIT threw(
-        QStringLiteral("stopped: it ran for more than %1 seconds without an end").arg(m_bound / 1000.0),
-        m_line);
+    m_hasStopped = true;
+    // It goes on until the interpreter looks, perhaps for as long again.
+    if (!std::exchange(m_isStopping, true))
+        Q_EMIT threw(
+            QStringLiteral("stopped: it ran for more than %1 seconds without an end").arg(m_bound / 1000.0),
+            m_line);
     engine.abortEvaluation();
 }
 

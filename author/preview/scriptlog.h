@@ -36,7 +36,7 @@ public:
     int bound() const { return m_bound; }
     /** True once code was stopped. */
     bool hasStopped() const { return m_hasStopped; }
-    /** Code runs for too long. */
+    /** Code runs for too long. It is told once, however often this is called until it has ended. */
     void stop(QScriptEngine& engine);
     /** The line of the code at which it is, from 1. */
     void setLine(int line) { m_line = line; }

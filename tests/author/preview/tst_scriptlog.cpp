@@ -70,8 +70,24 @@ private Q_SLOTS:
         const QSignalSpy throws(&form.log(), &ScriptLog::threw);
         form.build(QString());
         QVERIFY(form.log().hasStopped());
-        QVERIFY(!throws.isEmpty());
+        QCOMPARE(throws.count(), 1);
         QVERIFY(form.window());
+    }
+    void aHandlerWithoutAnEnd()
+    {
+        PreviewForm form(withScript("lock.toggled.connect(function(on) {\nwhile (on);\nthrow 'over'; });"),
+                         QString());
+        form.log().setBound(50);
+        form.build(QString());
+        const QSignalSpy throws(&form.log(), &ScriptLog::threw);
+        form.form().SetVTValue(QStringLiteral("lock"), QStringLiteral("true"), nullptr, false);
+        QVERIFY(form.log().hasStopped());
+        QCOMPARE(throws.count(), 1);
+        QCOMPARE(throws.first().at(1).toInt(), 2);
+        // It runs again with the next change, and to its end.
+        form.form().SetVTValue(QStringLiteral("lock"), QStringLiteral("false"), nullptr, false);
+        QCOMPARE(throws.count(), 2);
+        QCOMPARE(throws.last().first().toString(), QStringLiteral("over"));
     }
 };
 
