@@ -1,4 +1,5 @@
 #include "previewtest.h"
+#include "translationfile.h"
 
 #include <author/preview/parameterspane.h>
 #include <author/preview/placelist.h>
@@ -7,12 +8,15 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDockWidget>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QStyle>
+
+#include <algorithm>
 
 using namespace Orvane::Author;
 using hostkit::RowState;
@@ -185,6 +189,30 @@ private Q_SLOTS:
         save(description());
         QCOMPARE(list->topLevelItemCount(), 0);
     }
+    void anEndlessHandlerIsStopped()
+    {
+        write(description(QString(),
+                          QStringLiteral("lock.toggled.connect(function(on) {\nwhile (on);\n});\n"
+                                         "gain.valueChanged.connect(function() { print('still here'); });")));
+        open();
+        control("lock")->setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+        const auto* const list = find<PlaceList>("scriptOutput");
+        QTRY_COMPARE(list->topLevelItemCount(), 1);
+        QVERIFY2(list->topLevelItem(0)->text(1).startsWith(QLatin1String("stopped")),
+                 qPrintable(list->topLevelItem(0)->text(1)));
+        QFile file(path());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QList<QByteArray> lines = file.readAll().split('\n');
+        QVERIFY(lines.at(PlaceList::lineOf(*list->topLevelItem(0)) - 1).contains("while"));
+        // Form, script and window go on.
+        QCOMPARE(held("lock"), QStringLiteral("true"));
+        type("gain", "9\r");
+        QCOMPARE(list->topLevelItemCount(), 2);
+        QCOMPARE(list->topLevelItem(1)->text(1), QStringLiteral("still here"));
+        save(description());
+        QCOMPARE(held("gain"), QStringLiteral("9"));
+    }
     void valuesFollowTheForm()
     {
         write(description());
@@ -245,6 +273,41 @@ private Q_SLOTS:
         key(Qt::Key_D, Qt::ControlModifier);
         QApplication::setStyle(QStringLiteral("fusion"));
         QApplication::setPalette(before);
+    }
+    void languages()
+    {
+        write(translationFile({{"gain", "Gain", "", QStringLiteral("Verstärkung")}}), "form_de.qm");
+        write(translationFile({{"gain", "Gain", "", QStringLiteral("Volume")}}), "other_fr.qm");
+        write(description());
+        open();
+        const auto gain = [this] {
+            Orvane::ZorvaDelegate& row = *form().GetSheet().GetWidget(QStringLiteral("gain"))->GetDelegate();
+            return row.GetTranslated("labelText");
+        };
+        const auto isShown = [this](const QString& caption) {
+            const QList<QLabel*> labels = m_window->form()->window()->findChildren<QLabel*>();
+            return std::any_of(labels.cbegin(), labels.cend(),
+                               [&caption](const QLabel* label) { return label->text() == caption; });
+        };
+        auto* const language = find<QComboBox>("lookLanguage");
+        QCOMPARE(language->count(), 2);
+        type("gain", "9\r");
+        language->setFocus();
+        QTest::keyClick(language, Qt::Key_Down);
+        QCOMPARE(language->currentText(), QStringLiteral("de"));
+        QTRY_COMPARE(gain(), QStringLiteral("Verstärkung"));
+        QTRY_VERIFY(isShown(QStringLiteral("Verstärkung")));
+        const auto* const values = find<ValuesPane>("valuesPane");
+        const auto listed = [values](const QString& caption) {
+            return values->findItems(caption, Qt::MatchExactly, ValuesPane::Caption).size();
+        };
+        QTRY_COMPARE(listed(QStringLiteral("Verstärkung")), 1);
+        QCOMPARE(held("gain"), QStringLiteral("9"));
+        // The next state speaks it, too.
+        save(description(rowXml("LineEdit", "later")));
+        QVERIFY(isShown(QStringLiteral("Verstärkung")));
+        QTest::keyClick(language, Qt::Key_Up);
+        QTRY_VERIFY(isShown(QStringLiteral("Gain")));
     }
     void device_data()
     {
