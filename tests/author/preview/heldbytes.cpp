@@ -19,17 +19,25 @@ void __libc_free(void* block);
 
 namespace {
 
+constexpr std::size_t largest = 64 * 1024;
+
 std::atomic<qint64> held{0};
+
+qint64 countedSize(void* block)
+{
+    const std::size_t size = malloc_usable_size(block);
+    return size > largest ? 0 : static_cast<qint64>(size);
+}
 
 void* taken(void* block)
 {
-    held.fetch_add(static_cast<qint64>(malloc_usable_size(block)), std::memory_order_relaxed);
+    held.fetch_add(countedSize(block), std::memory_order_relaxed);
     return block;
 }
 
 void given(void* block)
 {
-    held.fetch_sub(static_cast<qint64>(malloc_usable_size(block)), std::memory_order_relaxed);
+    held.fetch_sub(countedSize(block), std::memory_order_relaxed);
 }
 
 } // namespace
@@ -48,7 +56,7 @@ Q_DECL_EXPORT void* calloc(std::size_t count, std::size_t size) noexcept
 
 Q_DECL_EXPORT void* realloc(void* block, std::size_t size) noexcept
 {
-    const auto before = static_cast<qint64>(malloc_usable_size(block));
+    const qint64 before = countedSize(block);
     void* const moved = __libc_realloc(block, size);
     if (moved || size == 0)
         held.fetch_sub(before, std::memory_order_relaxed);
