@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QFont>
 #include <QLocale>
 #include <QLoggingCategory>
 #include <QPalette>

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QSocketNotifier>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 
@@ -39,11 +40,11 @@ bool writeAll(const QByteArray& bytes)
 /** True if there is input, or its end, which is an empty piece. */
 bool readPiece(QByteArray& piece)
 {
-    piece.resize(pieceSize);
-    const ssize_t count = ::read(STDIN_FILENO, piece.data(), pieceSize);
+    std::array<char, pieceSize> bytes;
+    const ssize_t count = ::read(STDIN_FILENO, bytes.data(), bytes.size());
     if (count < 0 && (errno == EAGAIN || errno == EINTR))
         return false;
-    piece.resize(static_cast<int>(qMax<ssize_t>(count, 0)));
+    piece = QByteArray(bytes.data(), static_cast<int>(qMax<ssize_t>(count, 0)));
     return true;
 }
 
