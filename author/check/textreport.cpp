@@ -74,16 +74,17 @@ private:
 
     QString excerpt(const SourceText& source, const Finding& finding, const Place& place) const
     {
-        const QString line = source.line(place.line);
-        const int at = qBound(0, finding.range.begin - source.lineStart(place.line), line.size());
-        const int from = line.size() > widest ? qMax(0, at - before) : 0;
-        const QString shown = line.mid(from, widest);
+        // The line may be the whole file, and each of its findings comes here.
+        const Range line = source.lineRange(place.line);
+        const int at = qBound(line.begin, finding.range.begin, line.end);
+        const int from = line.end - line.begin > widest ? qMax(line.begin, at - before) : line.begin;
+        const QString shown = source.text().mid(from, qMin(widest, line.end - from));
         if (shown.trimmed().isEmpty())
             return QString();
         QString mark;
-        for (int i = from; i < at; ++i) {
-            if (!line.at(i).isLowSurrogate())
-                mark += line.at(i) == QLatin1Char('\t') ? QLatin1Char('\t') : QLatin1Char(' ');
+        for (const QChar c : shown.leftRef(at - from)) {
+            if (!c.isLowSurrogate())
+                mark += c == QLatin1Char('\t') ? QLatin1Char('\t') : QLatin1Char(' ');
         }
         const int length = qMin(finding.range.end - finding.range.begin, from + shown.size() - at);
         mark += in(green, QLatin1Char('^') + QString(qMax(0, length - 1), QLatin1Char('~')));

@@ -149,14 +149,20 @@ int SourceText::fromEngine(qint64 engineOffset) const
 
 QString SourceText::line(int number) const
 {
+    const Range range = lineRange(number);
+    return m_text.mid(range.begin, range.end - range.begin);
+}
+
+Range SourceText::lineRange(int number) const
+{
     if (number < 1 || number > lineCount())
-        return QString();
+        return {m_text.size(), m_text.size()};
     const int begin = lineStart(number);
     int end = number < lineCount() ? lineStart(number + 1) : m_text.size();
     while (end > begin &&
            (m_text.at(end - 1) == QLatin1Char('\n') || m_text.at(end - 1) == QLatin1Char('\r')))
         --end;
-    return m_text.mid(begin, end - begin);
+    return {begin, end};
 }
 
 int SourceText::firstUnreadable() const

@@ -57,6 +57,8 @@ public:
     int lineCount() const { return m_lineStarts.size(); }
     /** Line @p number from 1 on, without its end; empty if there is none. */
     QString line(int number) const;
+    /** Where that line stands, without its end; empty at the end of the text if there is none. */
+    Range lineRange(int number) const;
     /** Offset of the first character of line @p number. */
     int lineStart(int number) const { return m_lineStarts.at(number - 1); }
 

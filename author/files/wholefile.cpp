@@ -9,6 +9,29 @@
 namespace Orvane {
 namespace Author {
 
+namespace {
+
+/** All that comes, but of what is too large only so much that it shows. */
+QByteArray readBounded(QIODevice& device)
+{
+    constexpr int piece = 1 << 16;
+    QByteArray bytes;
+    while (bytes.size() <= largestFile) {
+        const QByteArray more = device.read(piece);
+        if (more.isEmpty())
+            break;
+        bytes += more;
+    }
+    return bytes;
+}
+
+QString tooLarge()
+{
+    return QStringLiteral("it is larger than %1 MB").arg(largestFile >> 20);
+}
+
+} // namespace
+
 FileContent readWhole(const QString& path)
 {
     FileContent content;
@@ -17,7 +40,9 @@ FileContent readWhole(const QString& path)
     QFile file(path);
     const bool isOpen = isInput ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
     if (isOpen)
-        content.bytes = file.readAll();
+        content.bytes = readBounded(file);
+    if (content.bytes.size() > largestFile)
+        return {content.name, QByteArray(), tooLarge()};
     if (!isOpen || file.error() != QFileDevice::NoError)
         content.problem = QFileInfo(path).isDir() ? QStringLiteral("it is a folder") : file.errorString();
     return content;

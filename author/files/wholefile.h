@@ -17,7 +17,13 @@ struct FileContent
     bool isRead() const { return problem.isEmpty(); }
 };
 
-/** The whole content of the file at @p path; "-" is the standard input. */
+/** Bytes of the largest file that is read: more than any form, settings or translations have. */
+constexpr int largestFile = 16 << 20;
+
+/**
+ * The whole content of the file at @p path; "-" is the standard input. One that is larger
+ * than largestFile or never ends is a problem like any other.
+ */
 FileContent readWhole(const QString& path);
 
 /**

@@ -1,5 +1,6 @@
 #include "checktest.h"
 #include "damage.h"
+#include "predictedform.h"
 
 #include <author/document/description.h>
 #include <zorvaparser/zorvaformular.h>
@@ -32,7 +33,21 @@ QString difference(const QByteArray& bytes)
     return lossesWithoutFinding(checked);
 }
 
-/// The same of a description that has lost its end, which is an error in any case.
+/// What the living form has otherwise than one that holds what the tool says is left, and nothing
+/// that is damaged; the undamaged form itself where that is the same.
+QString differenceOfEffects(const QByteArray& bytes)
+{
+    const SourceText source(bytes);
+    const QStringList predicted = effectOf(predictedDescription(source)).split(QLatin1Char('\n'));
+    const QStringList seen = effectOf(source.engineBytes()).split(QLatin1Char('\n'));
+    for (int i = 0; i < qMax(predicted.size(), seen.size()); ++i) {
+        if (predicted.value(i) != seen.value(i))
+            return QStringLiteral("\"%1\" instead of \"%2\"").arg(seen.value(i), predicted.value(i));
+    }
+    return QString();
+}
+
+/// difference() of a description that has lost its end, which is an error in any case.
 QString differenceOfPrefix(const QByteArray& bytes)
 {
     const QString seen = difference(bytes);
@@ -75,6 +90,15 @@ private Q_SLOTS:
     {
         QFETCH(QString, text);
         const QString fault = faultOfDamages(text, 200, difference);
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
+
+    void everyDamagedFormLivesAsPredicted_data() { addTextsToDamage(); }
+
+    void everyDamagedFormLivesAsPredicted()
+    {
+        QFETCH(QString, text);
+        const QString fault = faultOfDamages(text, 60, differenceOfEffects);
         QVERIFY2(fault.isEmpty(), qPrintable(fault));
     }
 };

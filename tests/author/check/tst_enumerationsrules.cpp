@@ -46,6 +46,12 @@ protected:
                "start-value 10:94", ENUM_NAME("E") START("3"));
         choice("a start that is there", ENTRY("1", "A", "1") "\n" ENTRY("2", "B", "2"), "",
                ENUM_NAME("E") START("2"));
+        whole("entries are lost",
+              "<KVParamGui version=\"1.0\">\n<Enums>\n<Enum name=\"E\">\n" ENTRY("1", "A", "1") "\n<x>" ENTRY(
+                  "2", "B", "2")
+                  ENTRY("3", "C", "3") "</x>\n</Enum>\n</Enums>\n<Sheet name=\"s\"/>\n</KVParamGui>",
+              "unused-enumeration 3:1, unknown-element 5:1",
+              "because of this the form loses 2 entries (2, 3)");
     }
 };
 

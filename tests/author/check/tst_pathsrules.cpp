@@ -71,6 +71,12 @@ protected:
              "name=\"Attribute_a\"><String>1</String></Property></Properties><CustomProperties><Property "
              "name=\"Attribute_a\"><String></String></Property></CustomProperties>",
              "");
+        rows("nothing is lost by it, and rows by another",
+             "<Widget name=\"my row\" class=\"HiddenParameter\"><Property "
+             "name=\"generateParameterXml\"><Bool>true</Bool></Property></Widget>"
+             "\n<Widget name=\"c\" class=\"Separator\">\n<x/>\n</Widget>\n<Widget name=\"d\" "
+             "class=\"Separator\"/>\n<Widget name=\"e\" class=\"Separator\"/>",
+             "path-name 3:15, stray-element 5:1", "because of this the form loses 2 rows (d, e)");
     }
 };
 

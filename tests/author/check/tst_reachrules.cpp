@@ -39,6 +39,11 @@ protected:
              "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"
              "</Widget>",
              "unreachable 3:1");
+        rows("nothing is lost by it, and rows by another",
+             "<Widget name=\"a\" class=\"LineEdit\">" SHOWN_AND_SENT "</Widget>"
+             "\n<Widget name=\"c\" class=\"Separator\">\n<x/>\n</Widget>\n<Widget name=\"d\" "
+             "class=\"Separator\"/>\n<Widget name=\"e\" class=\"Separator\"/>",
+             "no-caption 3:1, stray-element 6:1", "because of this the form loses 2 rows (d, e)");
     }
 };
 

@@ -174,6 +174,11 @@ protected:
              "<Property name=\"labelText\"><String>A</String></Property>\n"
              "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "start-outside 6:32, bad-step 7:37");
+        rows("nothing is lost by it, and rows by another",
+             "<Widget name=\"a\" class=\"separator\"/>"
+             "\n<Widget name=\"c\" class=\"Separator\">\n<x/>\n</Widget>\n<Widget name=\"d\" "
+             "class=\"Separator\"/>\n<Widget name=\"e\" class=\"Separator\"/>",
+             "unknown-class 3:25, stray-element 5:1", "because of this the form loses 2 rows (d, e)");
     }
 };
 

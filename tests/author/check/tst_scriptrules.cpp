@@ -59,6 +59,10 @@ protected:
             "function f() { row.nothing(); }\n"
             "function g() { nowhere(); }",
             "unknown-member 13:20, unknown-global 14:16");
+        whole("the script is lost",
+              "<KVParamGui version=\"1.0\">\n<Sheet name=\"s\"/>\n<x>\n<Script language=\"QtScript\">var = "
+              "1;</Script>\n</x>\n</KVParamGui>",
+              "unknown-element 3:1, script-syntax 4:29", "because of this the form loses the script");
     }
 };
 

@@ -26,6 +26,11 @@ protected:
         rows("of no rule", "<!-- zorva: allow namless yes -->\n<Widget name=\"a\" class=\"Separator\"/>",
              "bad-allow 3:1");
         rows("an ordinary comment", "<!-- zorva is fine -->\n<Widget name=\"a\" class=\"Separator\"/>", "");
+        rows("nothing is lost by it, and rows by another",
+             "<Widget name=\"a\" class=\"Separator\"/><!-- zorva: allow nameless -->"
+             "\n<Widget name=\"c\" class=\"Separator\">\n<x/>\n</Widget>\n<Widget name=\"d\" "
+             "class=\"Separator\"/>\n<Widget name=\"e\" class=\"Separator\"/>",
+             "bad-allow 3:37, stray-element 5:1", "because of this the form loses 2 rows (d, e)");
     }
 };
 

@@ -76,6 +76,12 @@ protected:
              "<Property name=\"toolTip\"><string>4</string></Property>\n"
              "</Widget>",
              "type-name 4:27");
+        rows("nothing is lost by it, and rows by another",
+             "<Widget name=\"a\" class=\"Separator\"><Property "
+             "name=\"margin\"><Int>wide</Int></Property></Widget>"
+             "\n<Widget name=\"c\" class=\"Separator\">\n<x/>\n</Widget>\n<Widget name=\"d\" "
+             "class=\"Separator\"/>\n<Widget name=\"e\" class=\"Separator\"/>",
+             "number-text 3:65, stray-element 5:1", "because of this the form loses 2 rows (d, e)");
     }
 };
 

@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/resource.h>
+
 using namespace Orvane::Author;
 
 namespace {
@@ -27,7 +29,7 @@ Outcome runZorva(const QStringList& arguments, const QByteArray& input = QByteAr
     process.start(QStringLiteral(ZORVA_PROGRAM), QStringList{QStringLiteral("check")} + arguments);
     process.write(input);
     process.closeWriteChannel();
-    process.waitForFinished(100000);
+    process.waitForFinished(500000);
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             process.readAllStandardOutput(), process.readAllStandardError()};
 }
@@ -135,6 +137,47 @@ private Q_SLOTS:
         const Outcome outcome = runZorva({QStringLiteral("/nowhere/form.zorva"), file("form.zorva", wrong)});
         QCOMPARE(outcome.code, 2);
         QVERIFY(outcome.output.contains("[unknown-element]"));
+    }
+
+    void aFileBeyondAllFormsIsTold()
+    {
+        QFile huge(m_folder.filePath(QStringLiteral("huge.zorva")));
+        QVERIFY(huge.open(QIODevice::WriteOnly));
+        QVERIFY(huge.resize(qint64(100) << 20));
+        const Outcome outcome = runZorva({huge.fileName(), file("form.zorva", wrong)});
+        QCOMPARE(outcome.code, 2);
+        QVERIFY(outcome.errors.startsWith("zorva: check: cannot read \"" + huge.fileName().toLocal8Bit()));
+        QVERIFY(outcome.errors.endsWith("it is larger than 16 MB\n"));
+        QVERIFY(outcome.output.contains("[unknown-element]"));
+    }
+
+    void manyElementsTakeBoundedMemory_data()
+    {
+        QTest::addColumn<QByteArray>("begin");
+        QTest::addColumn<QByteArray>("piece");
+        QTest::newRow("one in the other") << QByteArray() << QByteArray("<a>");
+        QTest::newRow("rows in one line")
+            << QByteArray("<KVParamGui version=\"1.0\"><Sheet name=\"s\">") << QByteArray("<Widget/>");
+        QTest::newRow("rows in lines")
+            << QByteArray("<KVParamGui version=\"1.0\"><Sheet name=\"s\">\n") << QByteArray("<Widget/>\n");
+        QTest::newRow("brackets") << QByteArray() << QByteArray("<");
+    }
+
+    // By night as large as a file may be.
+    void manyElementsTakeBoundedMemory()
+    {
+        QFETCH(QByteArray, begin);
+        QFETCH(QByteArray, piece);
+        const int megabytes = qMax(1, qEnvironmentVariableIntValue("ZORVA_MEGABYTES"));
+        const int size = (megabytes << 20) - begin.size();
+        const QString path = file("many.zorva", begin + piece.repeated(size / piece.size()));
+        QCOMPARE(runZorva({path}).code, 1);
+        rusage use = {};
+        QCOMPARE(getrusage(RUSAGE_CHILDREN, &use), 0);
+        const long perMegabyte = 160 << 10; // kilobytes
+        const long atRest = 400 << 10;
+        QVERIFY2(use.ru_maxrss < atRest + megabytes * perMegabyte,
+                 qPrintable(QString::number(use.ru_maxrss)));
     }
 
     void jsonAndSarifAreWhole()

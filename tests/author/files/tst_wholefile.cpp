@@ -17,6 +17,7 @@ private Q_SLOTS:
     void replacesAndLeavesNothingBeside();
     void aFailureLeavesTheOldOne();
     void saysWhatCannotBeRead();
+    void isNotFloodedByWhatIsTooLarge();
 };
 
 void TestWholeFile::whatIsWrittenIsRead()
@@ -56,6 +57,20 @@ void TestWholeFile::saysWhatCannotBeRead()
     const QTemporaryDir folder;
     QCOMPARE(readWhole(folder.path()).problem, QStringLiteral("it is a folder"));
     QVERIFY(!readWhole(folder.filePath(QStringLiteral("nowhere"))).isRead());
+}
+
+void TestWholeFile::isNotFloodedByWhatIsTooLarge()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("large")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.resize(largestFile));
+    QCOMPARE(readWhole(file.fileName()).bytes.size(), largestFile);
+    QVERIFY(file.resize(largestFile + 1));
+    const FileContent content = readWhole(file.fileName());
+    QCOMPARE(content.problem, QStringLiteral("it is larger than 16 MB"));
+    QVERIFY(content.bytes.isEmpty());
+    QCOMPARE(readWhole(QStringLiteral("/dev/zero")).problem, content.problem);
 }
 
 QTEST_APPLESS_MAIN(TestWholeFile)
