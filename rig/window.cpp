@@ -18,7 +18,6 @@ using hostkit::RowState;
 
 namespace {
 
-constexpr int round = 200; // milliseconds: live rows five times a second
 constexpr int messageTime = 10000;
 constexpr QMargins air(8, 6, 0, 4); // pixels round the form, whose scroll bar stands at the edge
 
@@ -78,7 +77,7 @@ void Window::poll()
         const bool watched = path == QLatin1String("Tuning/Frequency") || path == QLatin1String("Mode/Mode");
         (watched || m_device->isLive(path) ? live : others).append(path);
     }
-    m_link.link().setPolled(live, others, round);
+    m_link.link().setPolled(live, others, roundTime);
 }
 
 void Window::start()

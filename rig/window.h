@@ -20,6 +20,9 @@ class Window : public QMainWindow
     Q_OBJECT
 
 public:
+    /** Milliseconds of a round: each live row, the frequency and the mode are read once in it. */
+    static constexpr int roundTime = 200;
+
     /** @p form has its widgets; from here they live in this window. */
     Window(const QString& title, const hostkit::FormLink::Form& form, std::shared_ptr<RigDevice> device,
            QWidget* parent = nullptr);

@@ -4,6 +4,15 @@
 
 #include <algorithm>
 
+namespace {
+
+bool isCommand(const QByteArray& line, const QByteArray& command)
+{
+    return line.startsWith("+\\" + command);
+}
+
+} // namespace
+
 Proxy::Proxy(quint16 target)
     : m_target(target)
 {
@@ -51,6 +60,11 @@ void Proxy::answer(const QByteArray& command, const QByteArray& answer)
     inThread([&] { m_answers.insert(command, answer); });
 }
 
+void Proxy::passOn(const QByteArray& command, int count)
+{
+    inThread([&] { m_allowances.insert(command, count); });
+}
+
 void Proxy::cut()
 {
     inThread([this] {
@@ -82,14 +96,23 @@ void Proxy::takeCommands(QTcpSocket* client, QTcpSocket* daemon)
 {
     while (client->canReadLine()) {
         const QByteArray line = client->readLine();
-        const auto isOf = [&line](const QByteArray& command) { return line.startsWith("+\\" + command); };
+        const auto isOf = [&line](const QByteArray& command) { return isCommand(line, command); };
         const QList<QByteArray> commands = m_answers.keys();
         const auto found = std::find_if(commands.begin(), commands.end(), isOf);
         if (found != commands.end())
             reply(client, m_answers.value(*found));
-        else
+        else if (mayPass(line))
             daemon->write(line);
     }
+}
+
+bool Proxy::mayPass(const QByteArray& line)
+{
+    for (auto allowance = m_allowances.begin(); allowance != m_allowances.end(); ++allowance) {
+        if (isCommand(line, allowance.key()) && --*allowance < 0)
+            return false;
+    }
+    return true;
 }
 
 void Proxy::reply(QTcpSocket* to, const QByteArray& bytes)

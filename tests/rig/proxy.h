@@ -30,6 +30,8 @@ public:
     void setMute(bool mute);
     /// Commands that begin with `command` are not passed on, and answered with `answer`.
     void answer(const QByteArray& command, const QByteArray& answer);
+    /// Commands that begin with `command` are passed on `count` times more, and swallowed from then on.
+    void passOn(const QByteArray& command, int count);
     /// Ends all connections; new ones are taken.
     void cut();
 
@@ -37,6 +39,7 @@ private:
     void inThread(const std::function<void()>& work);
     void accept();
     void takeCommands(QTcpSocket* client, QTcpSocket* daemon);
+    bool mayPass(const QByteArray& line);
     void reply(QTcpSocket* to, const QByteArray& bytes);
 
     QThread m_thread;
@@ -50,6 +53,7 @@ private:
     bool m_mute = false;
     int m_connections = 0;
     QHash<QByteArray, QByteArray> m_answers;
+    QHash<QByteArray, int> m_allowances;
 };
 
 #endif

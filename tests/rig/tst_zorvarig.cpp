@@ -95,6 +95,38 @@ private Q_SLOTS:
         end();
     }
 
+    void changeArrivesWithTheNextPoll_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QByteArray>("poll");
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("frequency") << "F 7100000" << QByteArray("get_freq") << "Tuning/Frequency"
+                                   << "7100000";
+        QTest::newRow("mode") << "M USB 2400" << QByteArray("get_mode") << "Mode/Mode"
+                              << "USB";
+        QTest::newRow("level") << "L SQL 0.25" << QByteArray("get_level SQL") << "Level/SQL"
+                               << "25";
+        QTest::newRow("function") << "U NB 1" << QByteArray("get_func NB") << "Function/NB"
+                                  << "1";
+    }
+
+    // The radio is asked once more and then never again: what took a second poll would not come.
+    void changeArrivesWithTheNextPoll()
+    {
+        QFETCH(QString, command);
+        QFETCH(QByteArray, poll);
+        QFETCH(QString, path);
+        QFETCH(QString, text);
+        openThroughProxy();
+        QVERIFY(shown(qPrintable(path)) != text);
+        QCOMPARE(m_daemon->rigctl(command.split(QLatin1Char(' '))), QString());
+        m_proxy->passOn(poll, 1);
+        QTRY_COMPARE_WITH_TIMEOUT(shown(qPrintable(path)), text, longTime);
+        QVERIFY(5 * radio::Window::roundTime <= 1000); // what is live is polled five times a second
+        end();
+    }
+
     // A width that no filter of the list has is shown as it is, not as the nearest one.
     void widthBesideTheListIsShown()
     {
