@@ -2,6 +2,7 @@
 #define ZORVASCRIPTNAMES_P_H
 
 #include <QPointer>
+#include <QScriptValue>
 #include <QString>
 #include <QVector>
 
@@ -10,13 +11,19 @@ class QScriptEngine;
 namespace Orvane {
 
 /**
- * Objects under the names by which scripts know them, kept until somebody can look:
- * a form whose script is empty spares the engine an object for each row.
+ * The form's own objects under the names by which scripts know them, kept until
+ * somebody can look: a form whose script is empty spares the engine one for each row.
  */
 class ScriptNames
 {
 public:
-    /** @p object is not owned; it may be null, and may go before it is published. */
+    /**
+     * What scripts see of @p object, which may be null. The engine never deletes it, and
+     * neither does a script: it would be missed by everybody else.
+     */
+    static QScriptValue toScript(QScriptEngine& engine, QObject* object);
+
+    /** @p object is not owned, never null, and may go before it is published. */
     void add(const QString& name, QObject* object);
     /** Makes them globals of @p engine, in the order in which they came. */
     void publish(QScriptEngine& engine) const;
@@ -26,7 +33,6 @@ private:
     {
         QString name;
         QPointer<QObject> object;
-        bool isNull; // from the beginning
     };
 
     QVector<Entry> entries;

@@ -652,9 +652,14 @@ void ZorvaFormular::SetScriptValue(const QString& globalName, bool value)
 
 void ZorvaFormular::SetScriptValue(const QString& globalName, QObject* value)
 {
+    SetGlobal(globalName, ScriptNames::toScript(scriptEngine, value));
+}
+
+void ZorvaFormular::NameForScript(const QString& globalName, QObject* object)
+{
     if (!scriptNames)
         scriptNames = std::make_unique<ScriptNames>();
-    scriptNames->add(globalName, value);
+    scriptNames->add(globalName, object);
 }
 
 QMap<QString, QScriptValue> ZorvaFormular::GetScriptValues()

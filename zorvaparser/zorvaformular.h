@@ -164,6 +164,8 @@ private Q_SLOTS:
 private:
     Q_DISABLE_COPY(ZorvaFormular)
     friend class FormHold;
+    friend class ZorvaSheet;
+    friend class ZorvaWidget;
 
     /** The outermost call is over. */
     void ComeToRest();
@@ -173,6 +175,8 @@ private:
     void InitScript();
     /** Called before code runs. */
     void GuardScript();
+    /** Makes @p object, the sheet's or a row's, a global by the time somebody can look. */
+    void NameForScript(const QString& globalName, QObject* object);
     /** Called before anybody looks at the engine's globals. */
     void PublishNames();
     void TraceScriptError(const QScriptValue& error) const;

@@ -74,7 +74,7 @@ void ZorvaSheet::ForEachRow(const Act& act) const
 void ZorvaSheet::ParseZORVA(QXmlStreamReader& reader)
 {
     name = reader.attributes().value(QLatin1String("name")).toString();
-    formular->SetScriptValue(name, sheetUi);
+    formular->NameForScript(name, sheetUi);
     int index = widgets.count();
     walkChildren(reader, [&] {
         if (reader.name() == QLatin1String("Widget")) {

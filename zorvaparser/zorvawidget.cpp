@@ -35,7 +35,7 @@ void ZorvaWidget::ParseZORVA(QXmlStreamReader& reader, int index)
     createDelegate();
     // The script sees the object under its name before the properties arrive, and
     // the default tag of the row is its object name.
-    GetFormular()->SetScriptValue(name, delegate);
+    GetFormular()->NameForScript(name, delegate);
     delegate->setObjectName(name);
     delegate->ParseProperties(reader, false);
 }

@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QMainWindow>
 #include <QTimer>
 #include <QToolBar>
@@ -166,20 +167,25 @@ private Q_SLOTS:
     void objectsThatWentAreKnownAsGone()
     {
         QFETCH(const bool, evaluatedBefore);
+        QLabel label;
         FormFixture form(edit("a"), FormFixture::Parsed);
+        if (evaluatedBefore)
+            form.evaluate(QStringLiteral("1"));
+        form.sheet().GetWidgetAt(0)->SetExtWidget(QStringLiteral("b"), QString(), &label);
         auto thing = std::make_unique<QObject>();
         form.formular()->SetScriptValue(QStringLiteral("thing"), thing.get());
         form.formular()->SetScriptValue(QStringLiteral("nothing"), static_cast<QObject*>(nullptr));
-        if (evaluatedBefore)
-            form.evaluate(QStringLiteral("1"));
         thing.reset();
         QCOMPARE(evaluated(form.formular(), QStringLiteral("typeof thing + (thing === null)")),
                  QStringLiteral("objectfalse"));
         QCOMPARE(evaluated(form.formular(), QStringLiteral("'' + (nothing === null)")),
                  QStringLiteral("true"));
-        form.evaluate(
-            QStringLiteral("var said; try { said = thing.objectName; } catch (error) { said = 'gone'; }"));
-        QCOMPARE(scriptText(form.formular(), "said"), QStringLiteral("gone"));
+        for (const char* name : {"thing", "a"}) {
+            form.evaluate(
+                QStringLiteral("var said; try { said = %1.objectName; } catch (error) { said = 'gone'; }")
+                    .arg(QString::fromLatin1(name)));
+            QCOMPARE(scriptText(form.formular(), "said"), QStringLiteral("gone"));
+        }
     }
 
     void hostsGlobalsComeInTheOrderOfTheirNaming()
