@@ -840,7 +840,7 @@ const std::vector<ComparisonKind>& comparisonKinds()
          PeerForm::lack},
         {"life-uiloader", "whole life / QUiLoader load + show", compareLifePeer, false, PeerForm::lack},
         {"life-qml", "whole life / Qt Quick Controls", compareLifeQml, false, lackOfQml},
-        {"resize", "resize + paint / QFormLayout by hand", compareResize, false},
+        {"resize", "resize + paint / QFormLayout by hand", compareResize, true},
         {"arrange", "arrangement alone / one pass over the items", compareArrangement, true},
         {"group", "one group toggled / guarded by hand", compareGroup, false},
         {"group-plain", "one group toggled / plain loop", compareGroupPlain, false},

@@ -30,7 +30,7 @@ struct ComparisonKind
     const char* name;  ///< one word
     const char* title; ///< "ours / theirs"
     Comparison (*make)(const Load& load);
-    bool counted; ///< worth counting instructions: no window, so they repeat
+    bool counted; ///< worth counting instructions: they repeat
     /// What is missing here to run it, empty if nothing is; null: never anything.
     QString (*lack)() = nullptr;
 };

@@ -7,11 +7,7 @@
 #include <QStyle>
 #include <QTextDocument>
 
-namespace {
-
-int overflowing = 0; // labels
-
-} // namespace
+#include <utility>
 
 bool CaptionLabel::isBare() const
 {
@@ -44,11 +40,20 @@ CaptionLabel::~CaptionLabel()
     setOverflow(QRect());
 }
 
-void CaptionLabel::setLevel(int controlHeight)
+void CaptionLabel::setLevel(int controlHeight, CaptionOverflow* overflow)
 {
+    if (overflow != m_overflow) {
+        setOverflow(QRect());
+        m_strip = -1;
+        m_overflow = overflow;
+    }
     if (controlHeight != m_level) {
         m_level = controlHeight;
-        update();
+        // Qt sets each label that asks for itself against all its siblings, visible or not.
+        if (m_overflow)
+            m_overflow->repaint(geometry());
+        else
+            update();
     }
     renewOverflow();
 }
@@ -78,43 +83,26 @@ void CaptionLabel::paintEvent(QPaintEvent* event)
     drawText(painter);
 }
 
-void CaptionLabel::paintOverflow(QPainter& painter) const
-{
-    painter.save();
-    painter.setClipRect(m_overflow);
-    painter.translate(pos());
-    painter.setFont(font());
-    painter.setLayoutDirection(layoutDirection());
-    drawText(painter);
-    painter.restore();
-}
-
-bool CaptionLabel::anyOverflows()
-{
-    return overflowing > 0;
-}
-
 void CaptionLabel::renewOverflow()
 {
+    if (!m_overflow)
+        return;
     const int lost = textTop() + m_textSize.height() - height();
-    const bool overflows = m_level >= 0 && lost > 0 && !isHidden() && isBare();
+    const bool overflows =
+        m_level >= 0 && lost > 0 && !isHidden() && parentWidget() == m_overflow->m_content && isBare();
     setOverflow(overflows ? QRect(x(), y() + height(), width(), lost) : QRect());
 }
 
-void CaptionLabel::setOverflow(const QRect& overflow)
+void CaptionLabel::setOverflow(const QRect& strip)
 {
-    QWidget* content = parentWidget();
-    if (overflow.isEmpty() && m_overflow.isEmpty())
+    if (!m_overflow)
         return;
-    if (overflow == m_overflow && text() == m_overflowText)
+    const QRect before = m_overflow->place(m_strip);
+    if (strip == before && (strip.isEmpty() || text() == m_stripText))
         return;
-    overflowing += int(!overflow.isEmpty()) - int(!m_overflow.isEmpty());
-    if (content) {
-        content->update(m_overflow);
-        content->update(overflow);
-    }
-    m_overflow = overflow;
-    m_overflowText = text();
+    m_overflow->put(this, strip);
+    m_stripText = strip.isEmpty() ? QString() : text();
+    m_overflow->repaint(before.united(strip));
 }
 
 void CaptionLabel::moveEvent(QMoveEvent* event)
@@ -145,8 +133,8 @@ void CaptionLabel::hideEvent(QHideEvent* event)
 void CaptionLabel::changeEvent(QEvent* event)
 {
     QLabel::changeEvent(event);
-    if (parentWidget() && !m_overflow.isEmpty())
-        parentWidget()->update(m_overflow);
+    if (m_overflow)
+        m_overflow->repaint(m_overflow->place(m_strip));
 }
 
 QSize CaptionLabel::sizeHint() const
@@ -163,22 +151,76 @@ QSize CaptionLabel::minimumSizeHint() const
 
 CaptionOverflow::CaptionOverflow(QWidget* content, QObject* parent)
     : QObject(parent)
+    , m_content(content)
 {
     content->installEventFilter(this);
 }
 
+QRect CaptionOverflow::place(int strip) const
+{
+    return strip < 0 ? QRect() : m_strips.at(strip).place;
+}
+
+void CaptionOverflow::put(CaptionLabel* label, const QRect& strip)
+{
+    int& index = label->m_strip;
+    if (!strip.isEmpty()) {
+        if (index < 0) {
+            index = m_strips.count();
+            m_strips.append({QRect(), label});
+        }
+        m_strips[index].place = strip;
+    } else if (index >= 0) {
+        // Their order means nothing: the last one fills the gap.
+        m_strips[index] = m_strips.constLast();
+        m_strips.at(index).label->m_strip = index;
+        m_strips.removeLast();
+        index = -1;
+    }
+}
+
+void CaptionOverflow::repaint(const QRect& place)
+{
+    if (m_gatherings > 0)
+        m_gathered |= place;
+    else
+        m_content->update(place);
+}
+
+void CaptionOverflow::paint(const QRegion& due) const
+{
+    QPainter painter;
+    for (const Strip& strip : m_strips) {
+        if (!due.intersects(strip.place))
+            continue;
+        if (!painter.isActive())
+            painter.begin(m_content);
+        painter.save();
+        painter.setClipRect(strip.place);
+        painter.translate(strip.label->pos());
+        painter.setFont(strip.label->font());
+        painter.setLayoutDirection(strip.label->layoutDirection());
+        strip.label->drawText(painter);
+        painter.restore();
+    }
+}
+
 bool CaptionOverflow::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::Paint || !CaptionLabel::anyOverflows() || !watched->isWidgetType())
-        return QObject::eventFilter(watched, event);
-    auto* content = static_cast<QWidget*>(watched);
-    const QLayout* layout = content->layout();
-    const QRegion& due = static_cast<QPaintEvent*>(event)->region();
-    QPainter painter(content);
-    for (int i = 0; layout && i < layout->count(); ++i) {
-        const auto* caption = dynamic_cast<CaptionLabel*>(layout->itemAt(i)->widget());
-        if (caption && due.intersects(caption->overflow()))
-            caption->paintOverflow(painter);
-    }
+    if (event->type() == QEvent::Paint && watched == m_content)
+        paint(static_cast<QPaintEvent*>(event)->region());
     return QObject::eventFilter(watched, event);
+}
+
+CaptionOverflow::Gathering::Gathering(CaptionOverflow* overflow)
+    : m_overflow(overflow)
+{
+    if (m_overflow)
+        ++m_overflow->m_gatherings;
+}
+
+CaptionOverflow::Gathering::~Gathering()
+{
+    if (m_overflow && --m_overflow->m_gatherings == 0)
+        m_overflow->repaint(std::exchange(m_overflow->m_gathered, QRect()));
 }

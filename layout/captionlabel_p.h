@@ -3,6 +3,10 @@
 
 #include <QFont>
 #include <QLabel>
+#include <QPointer>
+#include <QVector>
+
+class CaptionOverflow;
 
 /// A label that measures a plain text once for all its hints. A QLabel shapes it
 /// three times, which is a third of the time that a form takes to appear. The
@@ -16,18 +20,10 @@ public:
     QSize minimumSizeHint() const override;
 
     /// The height of the control that the text stands beside: the middles of both
-    /// are level. -1: none, as in any label.
-    void setLevel(int controlHeight);
-
-    /// A label is at most as high as its layout has it, whatever its text needs to
-    /// be level and whole. The rest of the text, below the label, is painted by what
-    /// the label lies in (see CaptionOverflow). In coordinates of the parent; empty
-    /// if the label holds the whole text.
-    QRect overflow() const { return m_overflow; }
-    /// Paints it with a painter of the parent.
-    void paintOverflow(QPainter& painter) const;
-    /// Whether any label of the process has one.
-    static bool anyOverflows();
+    /// are level. -1: none, as in any label. A label is at most as high as its layout
+    /// has it, whatever its text needs to be level and whole: @p overflow, not owned,
+    /// paints what is below; null: that is not seen.
+    void setLevel(int controlHeight, CaptionOverflow* overflow);
 
     ~CaptionLabel() override;
 
@@ -46,7 +42,8 @@ private:
     int textTop() const;
     void drawText(QPainter& painter) const;
     void renewOverflow();
-    void setOverflow(const QRect& overflow);
+    void setOverflow(const QRect& strip);
+    friend class CaptionOverflow;
 
     // What was measured last.
     mutable QString m_text;
@@ -54,18 +51,53 @@ private:
     mutable QSize m_textSize;
 
     int m_level = -1;
-    QRect m_overflow;
-    QString m_overflowText; // that it shows
+    QPointer<CaptionOverflow> m_overflow;
+    int m_strip = -1;    // its place there
+    QString m_stripText; // that it shows
 };
 
-/// Paints what captions have below their labels. A filter of the widget that they
-/// lie in, whose layout knows them.
+/// Paints what captions have below their labels: strips of the widget that they lie
+/// in, whose filter it is.
 class CaptionOverflow : public QObject
 {
 public:
     CaptionOverflow(QWidget* content, QObject* parent);
 
+    /// While one lives the strips that change are gathered, and painted again together
+    /// at its end. One by one each would have to be set against all that is due already.
+    class Gathering
+    {
+    public:
+        explicit Gathering(CaptionOverflow* overflow);
+        ~Gathering();
+
+    private:
+        Q_DISABLE_COPY(Gathering)
+        QPointer<CaptionOverflow> m_overflow;
+    };
+
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    friend class CaptionLabel;
+
+    struct Strip
+    {
+        QRect place; // in the content
+        CaptionLabel* label;
+    };
+
+    QRect place(int strip) const;
+    /// Keeps @p strip for @p label, or forgets the one it had.
+    void put(CaptionLabel* label, const QRect& strip);
+    /// Has @p place painted again, now or with what is being gathered.
+    void repaint(const QRect& place);
+    void paint(const QRegion& due) const;
+
+    QWidget* const m_content;
+    QVector<Strip> m_strips;
+    int m_gatherings = 0;
+    QRect m_gathered;
 };
 
 #endif

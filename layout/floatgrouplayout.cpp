@@ -308,7 +308,7 @@ void FloatGroupLayout::initialize()
     setSizeConstraint(QLayout::SetNoConstraint);
     QLayoutItem::setAlignment(Qt::AlignTop);
     if (QWidget* content = parentWidget())
-        new CaptionOverflow(content, this); // which the layout owns
+        m_overflow = new CaptionOverflow(content, this);
 }
 
 bool FloatGroupLayout::eventFilter(QObject* watched, QEvent* event)
@@ -382,6 +382,7 @@ void FloatGroupLayout::setGeometry(const QRect& rect)
     if (m_scrollArea && m_scrollArea->widget())
         m_scrollArea->widget()->setMinimumSize(size.boundedTo({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX}));
     QLayout::setGeometry(rect);
+    const CaptionOverflow::Gathering gathering(m_overflow);
     // Anything that a child does about its new geometry may invalidate the
     // arrangement; a fresh pass is under way then.
     for (int i = 0; generation == m_generation && i < qMin(m_items.count(), m_hints.count()); ++i) {
@@ -412,7 +413,8 @@ void FloatGroupLayout::levelCaption(int field)
     const bool hasField = field < m_items.count() && !(m_flags.at(field) & FlagNewRow);
     const QRect place = hasField ? m_hints.at(field) : QRect();
     const bool beside = isVisible(place) && place.top() == m_hints.at(field - 1).top();
-    caption->setLevel(beside ? firstLineHeight(m_items.at(field), m_flags.at(field), place.height()) : 0);
+    caption->setLevel(beside ? firstLineHeight(m_items.at(field), m_flags.at(field), place.height()) : 0,
+                      m_overflow);
 }
 
 bool FloatGroupLayout::hasHeightForWidth() const

@@ -10,6 +10,7 @@
 #include <QSize>
 #include <QVector>
 
+class CaptionOverflow;
 class QGroupBox;
 class QLabel;
 class QScrollArea;
@@ -181,6 +182,7 @@ private:
     mutable QVector<QSize> m_itemHints;    // what the arrangement was made from
     mutable bool m_itemHintsStand = false; // nothing was invalidated since they were asked for
     bool m_isWidthChange = false;
+    CaptionOverflow* m_overflow = nullptr; // owned as a child
 };
 
 #endif
