@@ -3,7 +3,7 @@
 #
 #   Runtime        the shared libraries and their translations libzorvaparser1
 #   Development    headers, links to the libraries, CMake      libzorvaparser-dev
-#                  package, pkg-config file
+#                  package, pkg-config files
 #   Tools          the programs, their man pages, completions,  zorva-tools
 #                  desktop entry, MIME type, icons
 #   Documentation  pages, examples, HTML reference             zorvaparser-doc
@@ -72,7 +72,7 @@ function(zorva_install_program target)
 endfunction()
 
 # zorva_install_package()
-# find_package(ZorvaParser), the pkg-config file, the pages and example forms.
+# find_package(ZorvaParser), the pkg-config files, the pages and example forms.
 function(zorva_install_package)
   install(EXPORT ZorvaParserTargets NAMESPACE ZorvaParser::
     DESTINATION ${ZORVA_INSTALL_CMAKEDIR} COMPONENT Development)
@@ -94,10 +94,12 @@ function(zorva_install_package)
   file(RELATIVE_PATH ZORVA_PC_PREFIX
     ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
   string(REGEX REPLACE "/$" "" ZORVA_PC_PREFIX "${ZORVA_PC_PREFIX}")
-  configure_file(
-    ${PROJECT_SOURCE_DIR}/cmake/zorvaparser.pc.in
-    ${PROJECT_BINARY_DIR}/zorvaparser.pc @ONLY)
-  zorva_install_development(${CMAKE_INSTALL_LIBDIR}/pkgconfig ${PROJECT_BINARY_DIR}/zorvaparser.pc)
+  foreach(module zorvaparser zorvaparser-hostkit)
+    configure_file(
+      ${PROJECT_SOURCE_DIR}/cmake/${module}.pc.in
+      ${PROJECT_BINARY_DIR}/${module}.pc @ONLY)
+    zorva_install_development(${CMAKE_INSTALL_LIBDIR}/pkgconfig ${PROJECT_BINARY_DIR}/${module}.pc)
+  endforeach()
 
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/
     DESTINATION ${ZORVA_INSTALL_EXAMPLEDIR} COMPONENT Documentation

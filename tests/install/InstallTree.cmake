@@ -32,6 +32,7 @@ expect(Development
   ${LIBDIR}/cmake/ZorvaParser/ZorvaParserConfig.cmake
   ${LIBDIR}/cmake/ZorvaParser/ZorvaParserTargets.cmake
   ${LIBDIR}/pkgconfig/zorvaparser.pc
+  ${LIBDIR}/pkgconfig/zorvaparser-hostkit.pc
   ${INCLUDEDIR}/zorvaparser/zorvaformular.h
   ${INCLUDEDIR}/zorvaparser/zorvaparser_export.h
   ${INCLUDEDIR}/layout/floatgrouplayout.h

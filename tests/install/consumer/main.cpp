@@ -1,5 +1,6 @@
 // A host in small: shows a form, changes a value as a device would, and fetches
 // the parameters. Ends with 0 if all of that works.
+#include <hostkit/formrows.h>
 #include <valueframework/valuebase.h>
 #include <velkappstartup/velkapplication.h>
 #include <zorvaparser/zorvaformular.h>
@@ -47,6 +48,8 @@ int main(int argc, char** argv)
         return fail("the form is not shown");
     if (!form->SetVTValue(QStringLiteral("Attenuation"), QStringLiteral("true"), nullptr, false))
         return fail("the value cannot be set");
+    if (hostkit::shownText(*form, QStringLiteral("Attenuation")) != QLatin1String("true"))
+        return fail("the row is not found");
     const QString parameters = form->GetXmlString(false);
     std::printf("%s", qPrintable(parameters));
     delete form->GetGUI();
