@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QHash>
+#include <QSet>
 #include <QStyle>
 #include <QWidget>
 
@@ -54,6 +55,14 @@ QSize SizeHintCache::Hint(const QWidget* control, const QString& contents,
         hints().clear();
     hints().insert(key, hint);
     return hint;
+}
+
+QString SizeHintCache::Shared(const QString& contents)
+{
+    static QSet<QString> stored;
+    if (stored.size() >= MaximumHints)
+        stored.clear();
+    return *stored.insert(contents);
 }
 
 void SizeHintCache::Forget()

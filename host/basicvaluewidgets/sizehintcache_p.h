@@ -17,6 +17,9 @@ namespace SizeHintCache {
 /// if there is none yet, or if a style sheet may treat each widget differently.
 QSize Hint(const QWidget* control, const QString& contents, const std::function<QSize()>& measure);
 
+/// The same text, in one piece of memory for all controls that have an equal one.
+QString Shared(const QString& contents);
+
 /// To be called when a style changes: one is known by its address only, which
 /// another one may take over.
 void Forget();

@@ -8,6 +8,7 @@
 #include <valueframework/valueselection.h>
 
 #include <QAbstractItemView>
+#include <QCache>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPointer>
@@ -17,6 +18,27 @@
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 #include <QWheelEvent>
+
+#include <memory>
+
+namespace {
+
+// Of what an item holds clones share all, and many boxes offer the same entries.
+QStandardItem* entryLike(const QString& name, const QString& shown)
+{
+    constexpr int mostKnown = 500;
+    static QCache<QPair<QString, QString>, QStandardItem> known(mostKnown);
+    const QPair<QString, QString> texts(name, shown);
+    if (const QStandardItem* entry = known.object(texts))
+        return entry->clone();
+    auto entry = std::make_unique<QStandardItem>(shown);
+    entry->setData(name, Qt::UserRole);
+    QStandardItem* const first = entry->clone();
+    known.insert(texts, entry.release()); // which owns it
+    return first;
+}
+
+} // namespace
 
 VCComboBoxClassic::VCComboBoxClassic(QWidget* parent, const char* name)
     : QComboBox(parent)
@@ -159,9 +181,7 @@ void VCComboBoxClassic::appendItems(int first)
     added.reserve(qMax(0, wanted - first));
     for (int row = first; row < wanted; ++row) {
         const QString name = nameAt(row);
-        QStandardItem* item = new QStandardItem(shownName(name));
-        item->setData(name, Qt::UserRole);
-        added.append(item);
+        added.append(entryLike(name, shownName(name)));
     }
     if (!added.isEmpty())
         items()->invisibleRootItem()->appendRows(added); // which owns them
@@ -212,7 +232,7 @@ QString VCComboBoxClassic::entriesKey() const
         texts.reserve(count());
         for (int i = 0; i < count(); ++i)
             texts.append(itemText(i));
-        m_entriesKey = texts.join(QChar(0x1f)) + QChar(0x1f);
+        m_entriesKey = SizeHintCache::Shared(texts.join(QChar(0x1f)) + QChar(0x1f));
     }
     return m_entriesKey;
 }
