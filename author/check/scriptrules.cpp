@@ -1,5 +1,5 @@
 #include "families.h"
-#include "scripttokens.h"
+#include "scriptnames.h"
 #include "scripttrial.h"
 #include "subject.h"
 #include "writtenrow.h"
@@ -74,13 +74,6 @@ const QVector<Rule> rules{
      FORM("print(1);")},
 };
 
-/** The text with a line end and blanks in place of each escape, so that nothing moves. */
-QString blankedEscapes(QString text)
-{
-    const QString blank = QStringLiteral("\n     ");
-    return text.replace(QLatin1String("{{CR}}"), blank).replace(QLatin1String("{{LF}}"), blank);
-}
-
 /** Reads one script against the names of its form. */
 class NameCheck
 {
@@ -88,38 +81,26 @@ public:
     NameCheck(Subject& subject, int script, const QString& text)
         : m_subject(subject)
         , m_script(script)
-        , m_tokens(scriptTokens(blankedEscapes(text)))
+        , m_names(text)
     {
         collectGlobals();
-        collectDeclared();
+        for (int i = 0; i < m_names.tokens().size(); ++i)
+            collectToken(i);
     }
 
     void run()
     {
-        for (int i = 0; i < m_tokens.size(); ++i) {
-            if (m_tokens.at(i).kind == ScriptToken::Word && !isSign(i - 1, ".") && !isKey(i))
+        for (int i = 0; i < m_names.tokens().size(); ++i) {
+            if (m_names.isGlobal(i) && m_names.declaringScope(i) < 0 && !m_assigned.contains(text(i)))
                 checkUse(i);
         }
     }
 
 private:
-    bool isSign(int index, const char* sign) const
-    {
-        return index >= 0 && index < m_tokens.size() && m_tokens.at(index).is(sign);
-    }
-    bool isWord(int index) const
-    {
-        return index >= 0 && index < m_tokens.size() && m_tokens.at(index).kind == ScriptToken::Word;
-    }
-    const QString& text(int index) const { return m_tokens.at(index).text; }
-
-    /** The key of an object literal, or a label. */
-    bool isKey(int index) const
-    {
-        return isSign(index + 1, ":") && !isSign(index - 1, "?") &&
-               (isSign(index - 1, "{") || isSign(index - 1, ",") || isSign(index - 1, ";") ||
-                isSign(index - 1, "}"));
-    }
+    bool is(int index, const char* text) const { return m_names.is(index, text); }
+    const QString& text(int index) const { return m_names.tokens().at(index).text; }
+    /** The word of the member that the script asks the name for; -1 if it asks for none. */
+    int memberOf(int index) const { return is(index + 1, ".") && m_names.isWord(index + 2) ? index + 2 : -1; }
 
     void collectGlobals()
     {
@@ -148,46 +129,22 @@ private:
             m_known.insert(QLatin1String(word));
     }
 
-    void collectDeclared()
+    /** Notes what the script itself makes: names without "var", and members of anything. */
+    void collectToken(int index)
     {
-        for (int i = 0; i < m_tokens.size(); ++i) {
-            if (isSign(i, "var") || isSign(i, "const"))
-                declareList(i + 1);
-            else if (isSign(i, "function") || isSign(i, "catch"))
-                declareParameters(i + 1);
-            else if (isWord(i) && isSign(i + 1, "=") && !isSign(i + 2, "="))
-                (isSign(i - 1, ".") ? m_assigned : m_declared).insert(text(i));
-        }
-    }
-
-    void declareList(int index)
-    {
-        int nesting = 0;
-        bool awaited = true;
-        for (; index < m_tokens.size() && !isSign(index, ";") && nesting >= 0; ++index) {
-            if (awaited && isWord(index))
-                m_declared.insert(text(index));
-            awaited = nesting == 0 && isSign(index, ",");
-            if (isSign(index, "(") || isSign(index, "[") || isSign(index, "{"))
-                ++nesting;
-            else if (isSign(index, ")") || isSign(index, "]") || isSign(index, "}"))
-                --nesting;
-        }
-    }
-
-    void declareParameters(int index)
-    {
-        if (isWord(index))
-            m_declared.insert(text(index++));
-        for (; index < m_tokens.size() && !isSign(index, ")"); ++index) {
-            if (isWord(index))
-                m_declared.insert(text(index));
-        }
+        const bool isMember = is(index - 1, ".");
+        if (!isMember && !m_names.isGlobal(index))
+            return;
+        const bool isLoop = is(index - 1, "(") && is(index - 2, "for") && is(index + 1, "in");
+        if ((is(index + 1, "=") && !is(index + 2, "=")) || isLoop)
+            (isMember ? m_addedMembers : m_assigned).insert(text(index));
+        else if (isMember)
+            m_readMembers.insert(text(index));
     }
 
     Range place(int token) const
     {
-        const int begin = m_subject.description().offsetInText(m_script, m_tokens.at(token).offset);
+        const int begin = m_subject.description().offsetInText(m_script, m_names.tokens().at(token).offset);
         return {begin, begin + text(token).size()};
     }
 
@@ -199,13 +156,11 @@ private:
     void checkUse(int index)
     {
         const QString& name = text(index);
-        if (m_declared.contains(name))
-            return;
         if (const WrittenRow* const row = m_rows.value(name, nullptr))
             checkMember(index, *row);
         else if (m_enumerations.contains(name))
             checkIdentifier(index);
-        else if (!m_known.contains(name) && !isSign(index - 1, "typeof") && !m_told.contains(name))
+        else if (!m_known.contains(name) && !is(index - 1, "typeof") && !m_told.contains(name))
             reportGlobal(index);
     }
 
@@ -222,13 +177,13 @@ private:
     void checkIdentifier(int index)
     {
         const QStringList identifiers = m_enumerations.value(text(index));
-        if (!isSign(index + 1, ".") || !isWord(index + 2) || identifiers.contains(text(index + 2)) ||
-            m_assigned.contains(text(index + 2)) || isCommon(text(index + 2)))
+        const int member = memberOf(index);
+        if (member < 0 || identifiers.contains(text(member)) || m_addedMembers.contains(text(member)) ||
+            isCommon(text(member)))
             return;
-        report(
-            "unknown-member", index + 2,
-            QStringLiteral("the enumeration `%1` has no identifier `%2`").arg(text(index), text(index + 2)),
-            nearest(text(index + 2), identifiers));
+        report("unknown-member", member,
+               QStringLiteral("the enumeration `%1` has no identifier `%2`").arg(text(index), text(member)),
+               nearest(text(member), identifiers));
     }
 
     static bool isCommon(const QString& member)
@@ -241,27 +196,27 @@ private:
 
     void checkMember(int index, const WrittenRow& row)
     {
-        if (!isSign(index + 1, ".") || !isWord(index + 2))
+        const int place = memberOf(index);
+        if (place < 0)
             return;
-        const QString& member = text(index + 2);
+        const QString& member = text(place);
         const QList<const Method*> methods = row.kind().findMethods(member);
-        const bool connects =
-            isSign(index + 3, ".") && isWord(index + 4) &&
-            (text(index + 4) == QLatin1String("connect") || text(index + 4) == QLatin1String("disconnect"));
+        const int asked = memberOf(place);
+        const bool connects = is(asked, "connect") || is(asked, "disconnect");
         if (connects && !isSignal(methods)) {
-            report("unknown-signal", index + 2,
+            report("unknown-signal", place,
                    QStringLiteral("`%1` has no signal `%2` to connect to").arg(row.name(), member),
                    nearest(member, namesOf(row, true)));
             return;
         }
         if (methods.isEmpty() && !connects && !isKnownMember(row, member)) {
-            report("unknown-member", index + 2,
+            report("unknown-member", place,
                    QStringLiteral("`%1` has no slot and no property `%2`").arg(row.name(), member),
                    nearest(member, namesOf(row, false)));
             return;
         }
-        if (m_tokens.at(index).depth == 0 && isSign(index + 3, "(") && needsControl(row, member))
-            report("early-control", index + 2,
+        if (m_names.tokens().at(index).depth == 0 && is(place + 1, "(") && needsControl(row, member))
+            report("early-control", place,
                    QStringLiteral("`%1` has no control yet when the script starts, so `%2` does nothing; "
                                   "call it in a handler")
                        .arg(row.name(), member));
@@ -278,7 +233,7 @@ private:
 
     bool isKnownMember(const WrittenRow& row, const QString& member) const
     {
-        if (row.kind().findProperty(member) || row.find(member) || m_assigned.contains(member) ||
+        if (row.kind().findProperty(member) || row.find(member) || isOwnMember(row, member) ||
             isCommon(member))
             return true;
         for (const ScriptFunction& function : m_subject.kinds().script().members) {
@@ -286,6 +241,13 @@ private:
                 return true;
         }
         return member == QLatin1String("objectName");
+    }
+
+    /** True for what the script keeps on its objects itself; a slip of the pen it would never read. */
+    bool isOwnMember(const WrittenRow& row, const QString& member) const
+    {
+        return m_addedMembers.contains(member) &&
+               (m_readMembers.contains(member) || nearest(member, namesOf(row, false)).isEmpty());
     }
 
     static QStringList namesOf(const WrittenRow& row, bool onlySignals)
@@ -313,12 +275,13 @@ private:
 
     Subject& m_subject;
     int m_script;
-    QVector<ScriptToken> m_tokens;
+    ScriptNames m_names;
     QHash<QString, const WrittenRow*> m_rows;
     QHash<QString, QStringList> m_enumerations;
     QSet<QString> m_known;
-    QSet<QString> m_declared;
-    QSet<QString> m_assigned; // members that the script itself adds
+    QSet<QString> m_assigned;     // names that the script assigns to
+    QSet<QString> m_addedMembers; // the same behind a point, on whatever object
+    QSet<QString> m_readMembers;
     QSet<QString> m_told;
 };
 

@@ -10,11 +10,18 @@ bool isWordStart(QChar c)
     return c.isLetter() || c == QLatin1Char('_') || c == QLatin1Char('$');
 }
 
+/** The code with a line end and blanks in place of each escape, so that nothing moves. */
+QString withLineEnds(QString code)
+{
+    const QString blank = QStringLiteral("\n     ");
+    return code.replace(QLatin1String("{{CR}}"), blank).replace(QLatin1String("{{LF}}"), blank);
+}
+
 class Tokenizer
 {
 public:
     explicit Tokenizer(const QString& code)
-        : m_code(code)
+        : m_code(withLineEnds(code))
     {
     }
 
@@ -110,7 +117,7 @@ private:
         }
     }
 
-    const QString& m_code;
+    const QString m_code;
     int m_position = 0;
     QVector<ScriptToken> m_tokens;
 };

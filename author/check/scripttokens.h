@@ -20,7 +20,8 @@ struct ScriptToken
     bool is(const char* wanted) const { return text == QLatin1String(wanted) && kind != Text; }
 };
 
-/** The tokens of @p code, also of code that does not compile. */
+/** The tokens of @p code as a description has it, escapes for line ends included; also of code that does not
+ * compile. */
 QVector<ScriptToken> scriptTokens(const QString& code);
 
 } // namespace Author

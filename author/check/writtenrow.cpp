@@ -1,5 +1,7 @@
 #include "writtenrow.h"
 
+#include "scriptnames.h"
+
 #include <QRegularExpression>
 
 namespace Orvane {
@@ -43,12 +45,13 @@ WrittenRow::WrittenRow(const Description& description, int element)
     readBlock(description, element, false);
 }
 
-void WrittenRow::readBlock(const Description& description, int block, bool isCustom)
+void WrittenRow::readBlock(const Description& description, int block, bool isCustom, int depth)
 {
+    constexpr int deepestBlock = 500; // as far as the engine goes
     for (int i = description.element(block).firstChild; i >= 0; i = description.element(i).nextSibling) {
         const SourceElement& child = description.element(i);
-        if (child.name == QLatin1String("CustomProperties") && !isCustom) {
-            readBlock(description, i, true);
+        if (child.name == QLatin1String("CustomProperties") && depth < deepestBlock) {
+            readBlock(description, i, true, depth + 1);
             continue;
         }
         if (child.name != QLatin1String("Property"))
@@ -127,9 +130,29 @@ WrittenForm::WrittenForm(const Description& description)
     for (const int element : description.elementsNamed("Sheet"))
         m_sheets.append(WrittenRow(description, element));
     for (const int script : description.elementsNamed("Script"))
-        m_code += description.textOf(script) + QLatin1Char('\n');
+        readScript(description.textOf(script));
+}
+
+// What a function calls its own is not spoken of; a name in a text may be looked up.
+void WrittenForm::readScript(const QString& code)
+{
+    const ScriptNames names(code);
+    for (int i = 0; i < names.tokens().size(); ++i) {
+        const ScriptToken& token = names.tokens().at(i);
+        if (token.kind == ScriptToken::Text)
+            readWords(token.text);
+        else if (token.kind == ScriptToken::Word && !names.isLocal(i))
+            m_words.insert(token.text);
+        const int owner = names.ownerOf(i);
+        if (owner >= 0 && !names.isLocal(owner))
+            m_members.insert({names.tokens().at(owner).text, token.text});
+    }
+}
+
+void WrittenForm::readWords(const QString& text)
+{
     static const QRegularExpression word(QStringLiteral("[\\w$]+"));
-    for (auto match = word.globalMatch(m_code); match.hasNext();)
+    for (auto match = word.globalMatch(text); match.hasNext();)
         m_words.insert(match.next().captured());
 }
 
@@ -138,7 +161,7 @@ bool WrittenForm::scriptSets(const WrittenRow& row, const QString& property) con
     if (!scriptMentions(row.name()) || property.isEmpty())
         return false;
     const QString setter = QStringLiteral("set") + property.at(0).toUpper() + property.mid(1);
-    return scriptMentions(setter) || m_code.contains(row.name() + QLatin1Char('.') + property);
+    return scriptMentions(setter) || m_members.contains({row.name(), property});
 }
 
 } // namespace Author

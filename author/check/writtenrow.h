@@ -5,6 +5,7 @@
 #include <author/kinds/kindtable.h>
 
 #include <QHash>
+#include <QPair>
 #include <QSet>
 
 #include <optional>
@@ -55,7 +56,7 @@ public:
     bool isExported() const;
 
 private:
-    void readBlock(const Description& description, int block, bool isCustom);
+    void readBlock(const Description& description, int block, bool isCustom, int depth = 0);
 
     int m_element;
     QString m_name;
@@ -75,16 +76,19 @@ public:
 
     const QVector<WrittenRow>& rows() const { return m_rows; }
     const QVector<WrittenRow>& sheets() const { return m_sheets; }
-    /** True if the word stands anywhere in a script. */
+    /** True if a script uses the word, also as a member or in a text; not as a function's own variable. */
     bool scriptMentions(const QString& word) const { return m_words.contains(word); }
-    /** True if a script calls the setter of that property on the row. */
+    /** True if a script calls the setter of that property, or assigns it, and speaks of the row. */
     bool scriptSets(const WrittenRow& row, const QString& property) const;
 
 private:
+    void readScript(const QString& code);
+    void readWords(const QString& text);
+
     QVector<WrittenRow> m_rows;
     QVector<WrittenRow> m_sheets;
-    QString m_code;
     QSet<QString> m_words;
+    QSet<QPair<QString, QString>> m_members; // what scripts ask globals for
 };
 
 } // namespace Author

@@ -1,7 +1,8 @@
 #include "formnames.h"
 
-#include "scriptnames.h"
 #include "words.h"
+
+#include <author/check/scriptnames.h>
 
 namespace Orvane {
 namespace Author {

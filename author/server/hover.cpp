@@ -2,8 +2,9 @@
 
 #include "effectivevalue.h"
 #include "formnames.h"
-#include "scriptnames.h"
 #include "words.h"
+
+#include <author/check/scriptnames.h>
 
 #include <algorithm>
 

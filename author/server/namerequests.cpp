@@ -1,7 +1,8 @@
 #include "namerequests.h"
 
 #include "formnames.h"
-#include "scriptnames.h"
+
+#include <author/check/scriptnames.h>
 
 #include <QRegularExpression>
 

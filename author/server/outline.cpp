@@ -1,7 +1,8 @@
 #include "outline.h"
 
-#include "scriptnames.h"
 #include "words.h"
+
+#include <author/check/scriptnames.h>
 
 #include <algorithm>
 

@@ -2,8 +2,9 @@
 
 #include "completionlist.h"
 #include "cursorplace.h"
-#include "scriptnames.h"
 #include "words.h"
+
+#include <author/check/scriptnames.h>
 
 namespace Orvane {
 namespace Author {

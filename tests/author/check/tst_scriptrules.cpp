@@ -50,6 +50,35 @@ protected:
         row("an identifier that is not there", "function f() { return E.B; }", "unknown-member 13:25");
         row("a signal that is not there", "function f() { row.togled.connect(f); }", "unknown-signal 13:20");
         row("a slot for a signal", "function f() { row.setChecked.connect(f); }", "unknown-signal 13:20");
+        row("an argument called like the row", "function f(row) { row.anything(); return E.A; }", "");
+        row("a variable called like the enumeration", "function f() { var E = {}; return E.B; }", "");
+        row("the row beside such an argument",
+            "function f(row) { row.anything(); }\nfunction g() { row.setCheked(true); }",
+            "unknown-member 14:20");
+        row("the enumeration beside such a variable",
+            "function f() { var E = {}; return E.B; } function g() { return E.B; }", "unknown-member 13:66");
+        row("a variable of another function",
+            "function f() { var here = 1; return here; }\nfunction g() { return here; }",
+            "unknown-global 14:23");
+        row("an argument at start-up", "function f(here) { return here; }\nprint(here);",
+            "unknown-global 14:7");
+        row("a variable around", "function f() { var a = 1; return function(b) { return a + b; }; }", "");
+        row("a variable of a catch",
+            "function f() { try { g(); } catch (e) { var a = e; } return a; } function g() {}", "");
+        row("a caught exception behind its block", "function f() { try { f(); } catch (e) {} return e; }",
+            "unknown-global 13:49");
+        row("a name without var", "function f() { here = 1; } function g() { return here; }", "");
+        row("a loop without var", "function f(list) { for (key in list) print(key); }", "");
+        row("a label", "function f() { outer: for (;;) { for (;;) break outer; } }", "");
+        row("a label at the beginning", "outer: for (;;) break outer;", "");
+        row("a list without semicolons", "var a = 1, b = 2\nvar c = a + b\nprint(c)", "");
+        row("no list without semicolons", "var a = 1\nprint(a), nowhere", "unknown-global 14:11");
+        row("a line end by escape", "function f(){{LF}}{ var a = 1; return a; } function g() { return f(); }",
+            "");
+        row("a property of its own", "function f() { row.memory = 1; } function g() { return row.memory; }",
+            "");
+        row("a property that is misspelt where it is set", "function f() { row.chekced = true; }",
+            "unknown-member 13:20");
         row("focus at start-up", "row.setFocus();", "early-control 13:5");
         row("focus in a handler", "row.toggled.connect(function() { row.setFocus(); });", "");
         row("an escape in small letters", "var t = \"{{lf}}\";", "escape-case 13:10");

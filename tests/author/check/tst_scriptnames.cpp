@@ -1,4 +1,4 @@
-#include <author/server/scriptnames.h>
+#include <author/check/scriptnames.h>
 
 #include <QTest>
 
@@ -13,6 +13,8 @@ private Q_SLOTS:
     void globals_data();
     void globals();
     void anyCode();
+    void deepCode_data();
+    void deepCode();
 };
 
 void TestScriptNames::globals_data()
@@ -39,6 +41,15 @@ void TestScriptNames::globals_data()
     row("a loop", "for (var row in list) print(row);", "ss");
     row("without semicolons", "var a = 1\nrow.setValue(a)\n", "g");
     row("without semicolons, in a function", "function f() { var a = b.c()\n row.setValue(a) }", "g");
+    row("a list that goes on", "var a = b\n  , row = a; row.x();", "ss");
+    row("a list that ends with its line", "var a = 1\nf(), row.x()", "g");
+    row("a variable in a catch", "function f() { try {} catch (e) { var row; } row.x(); } row.x();", "llg");
+    row("a variable in a block of the whole", "try {} catch (e) { var row = e; } row.x();", "ss");
+    row("an argument called like its function", "function row(row) { row.x(); } row();", "slls");
+    row("a label", "row: for (;;) { continue row; }", "..");
+    row("a name behind break", "for (;;) { break\nrow.x(); }", "g");
+    row("an inner function that is not finished", "function f(row) { function g( } row.x();", "lg");
+    row("a body behind an escape", "function f(row){{LF}}{ row.x(); } row.x();", "llg");
     row("a text and a comment", "print('row'); // row\n/* row */ row.x();", "g");
     row("unfinished", "function f(row) { row.", "ll");
     row("unfinished arguments", "function f(row", "l");
@@ -74,6 +85,26 @@ void TestScriptNames::anyCode()
             QVERIFY(names.tokenAt(names.tokens().at(i).offset) >= 0);
         }
     }
+}
+
+void TestScriptNames::deepCode_data()
+{
+    QTest::addColumn<QString>("piece");
+    QTest::newRow("functions") << QStringLiteral("function f(a) { a; ");
+    QTest::newRow("arguments") << QStringLiteral("function f(");
+    QTest::newRow("variables") << QStringLiteral("var a = function() { a; ");
+    QTest::newRow("exceptions") << QStringLiteral("catch (e) { var a; ");
+    QTest::newRow("lists") << QStringLiteral("var a = [f(");
+    QTest::newRow("ends") << QStringLiteral("} ) ] ");
+}
+
+/// Anything that took time with the square of the depth would not come to an end here.
+void TestScriptNames::deepCode()
+{
+    QFETCH(QString, piece);
+    const ScriptNames names(piece.repeated(20000));
+    QVERIFY(names.tokens().size() >= 60000);
+    QVERIFY(names.declaringScope(names.tokens().size() - 1) <= names.scopes().size());
 }
 
 QTEST_APPLESS_MAIN(TestScriptNames)

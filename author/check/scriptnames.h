@@ -1,7 +1,7 @@
 #ifndef ZORVA_AUTHOR_SCRIPTNAMES_H
 #define ZORVA_AUTHOR_SCRIPTNAMES_H
 
-#include <author/check/scripttokens.h>
+#include "scripttokens.h"
 
 #include <QHash>
 #include <QSet>
@@ -11,18 +11,20 @@
 namespace Orvane {
 namespace Author {
 
-/** A stretch of a script with names of its own: the whole, or one function. */
+/** A stretch of a script with names of its own: the whole, one function, or what follows one "catch". */
 struct ScriptScope
 {
     int parent = -1;
-    int begin = 0; // tokens
+    int function = 0; // itself; of a "catch" the function around, which its variables belong to
+    int begin = 0;    // tokens
     int end = 0;
     QHash<QString, int> names; // declared in it, with the token that does
 };
 
 /**
  * The names of a script: which tokens stand for something global and which for a
- * variable or an argument of a function. Works on code that does not compile, too.
+ * variable or an argument of a function. Works on code that does not compile, too,
+ * and takes time in proportion to its length.
  */
 class ScriptNames
 {
@@ -35,6 +37,8 @@ public:
     int declaringScope(int token) const;
     /** True if the token is a word that means the global of that name. */
     bool isGlobal(int token) const;
+    /** True if the token is a word that means something of a function. */
+    bool isLocal(int token) const { return declaringScope(token) > 0; }
     /** The token that stands before "." before this one; -1 if this is no member of a bare name. */
     int ownerOf(int token) const;
     /** Token at @p offset of the code, or ending there; -1 if there is none. */
@@ -45,19 +49,39 @@ public:
     QSet<QString> declaredAt(int token) const;
     const QVector<ScriptScope>& scopes() const { return m_scopes; }
 
+    /** True if the token is that sign or word; false beyond both ends. */
+    bool is(int token, const char* text) const;
+    /** True if the token is any word; false beyond both ends. */
+    bool isWord(int token) const;
+
 private:
-    bool isSign(int index, const char* sign) const;
-    bool isWord(int index) const;
+    /** What stands between two brackets, and whether a list of variables goes on in it. */
+    struct Bracket
+    {
+        QChar closing;
+        int ended = -1; // the scope that ends with it
+        bool isDeclaring = false;
+        bool isAwaited = false; // the next word is a variable
+    };
+
     void findScopes();
+    bool beginsScope(int token) const;
+    int addScope(int parent, int token);
+    int endScope(int current, int ended, int end);
     void declare(int scope, int token);
     void declareParameters(int scope, int index);
-    void declareVariables(int scope, int index);
-    int scopeOf(int token) const;
+    void declareVariables(int scope, int token, Bracket& inside);
+    bool endsOperand(int token) const;
+    bool beginsOperand(int token) const;
+    void findMeanings(const QString& code);
+    int meaning(int token, const QVector<int>& declaring) const;
+    bool isMeaningful(int token, const QString& code) const;
     bool isKey(int token) const;
-    bool isName(int token) const;
+    int scopeOf(int token) const;
 
     QVector<ScriptToken> m_tokens;
     QVector<ScriptScope> m_scopes; // the first is the whole; inner ones follow outer ones
+    QVector<int> m_meanings;       // of each token: the scope that declares it, -1 for none, or noName
 };
 
 } // namespace Author
