@@ -110,32 +110,28 @@ void Replay::notice(int element, Cause cause, int by)
 
 void Replay::run()
 {
-    while (!m_reader.atEnd() && nextStartElement()) {
-        if (!isAt("KVParamGui"))
-            continue;
-        const QVector<int> roots = m_form.roots;
-        m_form = ReadForm();
-        m_form.roots = roots;
-        m_form.exists = true;
-        m_form.element = m_current;
-        m_form.roots.append(m_current);
-        m_cut = -1;
-        readForm();
-    }
-    if (m_reader.hasError())
-        m_errorAt = m_description.source().fromEngine(m_reader.characterOffset());
+    readRoots();
 }
 
 void Replay::runOverlay(const QSet<QString>& rows)
 {
     m_isOverlay = true;
     m_overlaid = rows;
+    readRoots();
+}
+
+void Replay::readRoots()
+{
     while (!m_reader.atEnd() && nextStartElement()) {
         if (!isAt("KVParamGui"))
             continue;
+        // Of several roots the last one makes the form; an overlay takes them all.
+        const QVector<int> roots = m_form.roots + QVector<int>{m_current};
+        if (!m_isOverlay)
+            m_form = ReadForm();
+        m_form.roots = roots;
         m_form.exists = true;
         m_form.element = m_current;
-        m_form.roots.append(m_current);
         m_cut = -1;
         readForm();
     }

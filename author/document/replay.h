@@ -43,6 +43,7 @@ private:
     template <typename Handler>
     void walkChildren(Handler handleChild);
 
+    void readRoots();
     void readForm();
     void readEnums();
     void readEnum();

@@ -1,5 +1,7 @@
 #include "kindtable.h"
 
+#include <author/files/jsonparts.h>
+
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -16,16 +18,6 @@ namespace Orvane {
 namespace Author {
 
 namespace {
-
-QString textOf(const QJsonObject& object, const char* key)
-{
-    return object.value(QLatin1String(key)).toString();
-}
-
-bool flagOf(const QJsonObject& object, const char* key)
-{
-    return object.value(QLatin1String(key)).toBool();
-}
 
 QStringList textsOf(const QJsonObject& object, const char* key)
 {
@@ -49,7 +41,7 @@ QList<Record> listOf(const QJsonObject& object, const char* key, Record (*read)(
 
 Argument readArgument(const QJsonObject& object)
 {
-    return {textOf(object, "name"), textOf(object, "type")};
+    return {textIn(object, "name"), textIn(object, "type")};
 }
 
 Method::Kind methodKind(const QString& name)
@@ -62,31 +54,31 @@ Method::Kind methodKind(const QString& name)
 Method readMethod(const QJsonObject& object)
 {
     Method method;
-    method.kind = methodKind(textOf(object, "kind"));
-    method.name = textOf(object, "name");
+    method.kind = methodKind(textIn(object, "kind"));
+    method.name = textIn(object, "name");
     method.returns = object.value(QLatin1String("returns")).toString(QStringLiteral("void"));
     method.arguments = listOf(object, "arguments", readArgument);
-    method.effect = textOf(object, "effect");
-    method.inert = flagOf(object, "inert");
+    method.effect = textIn(object, "effect");
+    method.inert = flagIn(object, "inert");
     return method;
 }
 
 Property readProperty(const QJsonObject& object)
 {
     Property property;
-    property.name = textOf(object, "name");
-    property.type = textOf(object, "type");
-    property.fallback = textOf(object, "default");
-    property.absent = textOf(object, "absent");
-    property.unit = textOf(object, "unit");
-    property.range = textOf(object, "range");
+    property.name = textIn(object, "name");
+    property.type = textIn(object, "type");
+    property.fallback = textIn(object, "default");
+    property.absent = textIn(object, "absent");
+    property.unit = textIn(object, "unit");
+    property.range = textIn(object, "range");
     property.choices = textsOf(object, "choices");
-    property.refers = textOf(object, "refers");
+    property.refers = textIn(object, "refers");
     property.needs = textsOf(object, "needs");
-    property.effect = textOf(object, "effect");
-    property.translated = flagOf(object, "translated");
-    property.inert = flagOf(object, "inert");
-    property.late = flagOf(object, "late");
+    property.effect = textIn(object, "effect");
+    property.translated = flagIn(object, "translated");
+    property.inert = flagIn(object, "inert");
+    property.late = flagIn(object, "late");
     return property;
 }
 
@@ -95,10 +87,10 @@ ParameterElement readParameterElement(const QJsonObject& object)
     static const QStringList forms = {QStringLiteral("none"), QStringLiteral("leaf"), QStringLiteral("pair"),
                                       QStringLiteral("list"), QStringLiteral("ranges")};
     ParameterElement parameter;
-    parameter.form = static_cast<ParameterElement::Form>(qMax(0, forms.indexOf(textOf(object, "form"))));
-    parameter.text = textOf(object, "text");
-    parameter.example = textOf(object, "example");
-    parameter.hasUnit = flagOf(object, "unit");
+    parameter.form = static_cast<ParameterElement::Form>(qMax(0, forms.indexOf(textIn(object, "form"))));
+    parameter.text = textIn(object, "text");
+    parameter.example = textIn(object, "example");
+    parameter.hasUnit = flagIn(object, "unit");
     return parameter;
 }
 
@@ -112,35 +104,35 @@ ControlClass::Control controlOf(const QString& name)
 
 Attribute readAttribute(const QJsonObject& object)
 {
-    return {textOf(object, "name"), textOf(object, "absent"), textOf(object, "effect"),
-            flagOf(object, "needed")};
+    return {textIn(object, "name"), textIn(object, "absent"), textIn(object, "effect"),
+            flagIn(object, "needed")};
 }
 
 Element readElement(const QJsonObject& object)
 {
     Element element;
-    element.name = textOf(object, "name");
-    element.summary = textOf(object, "summary");
+    element.name = textIn(object, "name");
+    element.summary = textIn(object, "summary");
     element.parents = textsOf(object, "parents");
     element.children = textsOf(object, "children");
     element.attributes = listOf(object, "attributes", readAttribute);
-    element.holdsText = flagOf(object, "text");
+    element.holdsText = flagIn(object, "text");
     return element;
 }
 
 ValueType readValueType(const QJsonObject& object)
 {
-    return {textOf(object, "name"), textOf(object, "text"), textOf(object, "summary")};
+    return {textIn(object, "name"), textIn(object, "text"), textIn(object, "summary")};
 }
 
 ScriptFunction readFunction(const QJsonObject& object)
 {
-    return {textOf(object, "name"), textsOf(object, "arguments"), textOf(object, "effect")};
+    return {textIn(object, "name"), textsOf(object, "arguments"), textIn(object, "effect")};
 }
 
 ScriptEscape readEscape(const QJsonObject& object)
 {
-    return {textOf(object, "text"), textOf(object, "becomes")};
+    return {textIn(object, "text"), textIn(object, "becomes")};
 }
 
 ScriptLanguage readScript(const QJsonObject& object)
@@ -200,9 +192,9 @@ void join(QList<Property>& properties, const QList<Property>& shared, const QJso
 ControlClass readKind(const QJsonObject& object, const Shared& shared)
 {
     ControlClass kind;
-    kind.delegate = textOf(object, "delegate");
-    kind.section = textOf(object, "section");
-    kind.control = controlOf(textOf(object, "control"));
+    kind.delegate = textIn(object, "delegate");
+    kind.section = textIn(object, "section");
+    kind.control = controlOf(textIn(object, "control"));
     kind.needs = textsOf(object, "needs");
     kind.properties = listOf(object, "properties", readProperty);
     join(kind.properties, shared.properties, object);
@@ -319,8 +311,8 @@ KindTable::KindTable()
         ControlClass kind = readKind(value.toObject(), shared);
         const QJsonArray names = value.toObject().value(QLatin1String("classes")).toArray();
         for (const QJsonValue& name : names) {
-            kind.name = textOf(name.toObject(), "name");
-            kind.summary = textOf(name.toObject(), "summary");
+            kind.name = textIn(name.toObject(), "name");
+            kind.summary = textIn(name.toObject(), "summary");
             m_classIndex.insert(kind.name, m_classes.size());
             m_classes.append(kind);
         }

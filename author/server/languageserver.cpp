@@ -7,6 +7,8 @@
 #include "namerequests.h"
 #include "outline.h"
 
+#include <author/files/jsonparts.h>
+
 #include <QJsonDocument>
 
 namespace Orvane {
@@ -15,16 +17,6 @@ namespace Author {
 namespace {
 
 const QLatin1String cancelMethod("$/cancelRequest");
-
-QJsonObject objectIn(const QJsonObject& object, const char* key)
-{
-    return object.value(QLatin1String(key)).toObject();
-}
-
-QString textIn(const QJsonObject& object, const char* key)
-{
-    return object.value(QLatin1String(key)).toString();
-}
 
 bool isRequest(const QJsonObject& message)
 {
@@ -270,57 +262,52 @@ Reply LanguageServer::answerIn(const QJsonObject& params, const AnswerIn& answer
                 : Reply::failure(InvalidParams, QStringLiteral("no open document of that URI"));
 }
 
-Reply LanguageServer::answerAt(const QJsonObject& params, const AnswerAt& answerAtOffset)
+template <typename Find>
+Reply LanguageServer::answerAt(const QJsonObject& params, Find find)
 {
     return answerIn(params, [&](const OpenFile& file) {
         EditorPosition position;
         if (!readPosition(params.value(QLatin1String("position")), position))
             return Reply::failure(InvalidParams, QStringLiteral("`position` is none"));
-        return answerAtOffset(file.document, file.document.offset(position));
+        return Reply(find(file.document, file.document.offset(position)));
     });
 }
 
 Reply LanguageServer::completion(const QJsonObject& params)
 {
     return answerAt(params, [this](const OpenDocument& document, int offset) {
-        return Reply(completionAt(document, offset, m_abilities));
+        return completionAt(document, offset, m_abilities);
     });
 }
 
 Reply LanguageServer::hover(const QJsonObject& params)
 {
     return answerAt(params, [this](const OpenDocument& document, int offset) {
-        return Reply(hoverAt(document, offset, m_abilities));
+        return hoverAt(document, offset, m_abilities);
     });
 }
 
 Reply LanguageServer::definition(const QJsonObject& params)
 {
-    return answerAt(params, [](const OpenDocument& document, int offset) {
-        return Reply(definitionsAt(document, offset));
-    });
+    return answerAt(params, definitionsAt);
 }
 
 Reply LanguageServer::references(const QJsonObject& params)
 {
-    const bool withDefinitions =
-        objectIn(params, "context").value(QLatin1String("includeDeclaration")).toBool();
+    const bool withDefinitions = flagIn(objectIn(params, "context"), "includeDeclaration");
     return answerAt(params, [withDefinitions](const OpenDocument& document, int offset) {
-        return Reply(referencesAt(document, offset, withDefinitions));
+        return referencesAt(document, offset, withDefinitions);
     });
 }
 
 Reply LanguageServer::documentHighlight(const QJsonObject& params)
 {
-    return answerAt(params, [](const OpenDocument& document, int offset) {
-        return Reply(highlightsAt(document, offset));
-    });
+    return answerAt(params, highlightsAt);
 }
 
 Reply LanguageServer::prepareRename(const QJsonObject& params)
 {
-    return answerAt(params,
-                    [](const OpenDocument& document, int offset) { return renamableAt(document, offset); });
+    return answerAt(params, renamableAt);
 }
 
 Reply LanguageServer::rename(const QJsonObject& params)

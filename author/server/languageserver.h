@@ -63,7 +63,6 @@ private:
     using Listen = void (LanguageServer::*)(const QJsonObject& params);
 
     using AnswerIn = std::function<Reply(const OpenFile& file)>;
-    using AnswerAt = std::function<Reply(const OpenDocument& document, int offset)>;
 
     static const QHash<QString, Answer>& answers();
     static const QHash<QString, Listen>& listeners();
@@ -100,7 +99,9 @@ private:
 
     /** The answer about the document that a request names, and about the place in it. */
     Reply answerIn(const QJsonObject& params, const AnswerIn& answerInFile);
-    Reply answerAt(const QJsonObject& params, const AnswerAt& answerAtOffset);
+    /** The same with what @p find makes of the document and the offset that the editor asks about. */
+    template <typename Find>
+    Reply answerAt(const QJsonObject& params, Find find);
     OpenFile* findFile(const QJsonObject& params);
     void applyChange(OpenDocument& document, const QJsonObject& change);
     void checkChanged();

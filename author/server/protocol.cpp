@@ -1,19 +1,11 @@
 #include "protocol.h"
 
+#include <author/files/jsonparts.h>
+
 namespace Orvane {
 namespace Author {
 
 namespace {
-
-QJsonObject child(const QJsonObject& object, const char* key)
-{
-    return object.value(QLatin1String(key)).toObject();
-}
-
-bool flag(const QJsonObject& object, const char* key)
-{
-    return object.value(QLatin1String(key)).toBool();
-}
 
 QJsonObject positionJson(const EditorPosition& position)
 {
@@ -33,18 +25,19 @@ bool readCount(const QJsonValue& value, int& count)
 
 ClientAbilities abilitiesOf(const QJsonObject& capabilities)
 {
-    const QJsonObject document = child(capabilities, "textDocument");
-    const QJsonObject completion = child(document, "completion");
-    const QJsonArray formats = child(document, "hover").value(QLatin1String("contentFormat")).toArray();
+    const QJsonObject document = objectIn(capabilities, "textDocument");
+    const QJsonObject completion = objectIn(document, "completion");
+    const QJsonArray formats = objectIn(document, "hover").value(QLatin1String("contentFormat")).toArray();
     ClientAbilities abilities;
-    abilities.snippets = flag(child(completion, "completionItem"), "snippetSupport");
-    abilities.nestedSymbols = flag(child(document, "documentSymbol"), "hierarchicalDocumentSymbolSupport");
-    abilities.relatedInformation = flag(child(document, "publishDiagnostics"), "relatedInformation");
+    abilities.snippets = flagIn(objectIn(completion, "completionItem"), "snippetSupport");
+    abilities.nestedSymbols =
+        flagIn(objectIn(document, "documentSymbol"), "hierarchicalDocumentSymbolSupport");
+    abilities.relatedInformation = flagIn(objectIn(document, "publishDiagnostics"), "relatedInformation");
     abilities.literalActions =
-        child(document, "codeAction").contains(QLatin1String("codeActionLiteralSupport"));
+        objectIn(document, "codeAction").contains(QLatin1String("codeActionLiteralSupport"));
     abilities.markdown = formats.contains(QStringLiteral("markdown"));
-    abilities.preparesRenaming = flag(child(document, "rename"), "prepareSupport");
-    abilities.foldingLimit = child(document, "foldingRange").value(QLatin1String("rangeLimit")).toInt();
+    abilities.preparesRenaming = flagIn(objectIn(document, "rename"), "prepareSupport");
+    abilities.foldingLimit = objectIn(document, "foldingRange").value(QLatin1String("rangeLimit")).toInt();
     return abilities;
 }
 
