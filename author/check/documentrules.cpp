@@ -116,6 +116,38 @@ const QVector<Rule> rules{
      R"(<Widget name="volume" class="Label">
   <Property name="text"><String>loud</String></Property>
 </Widget>)"},
+    {"nested-block", Severity::Note, "custom properties inside another block",
+     "A block `CustomProperties` stands directly in the sheet or in a row. Inside another block its "
+     "properties "
+     "count just as if it stood beside that block, but nobody looks for them there. Move the block out.",
+     R"(<Widget name="volume" class="Label">
+  <CustomProperties>
+    <CustomProperties><Property name="origin"><String>amplifier</String></Property></CustomProperties>
+  </CustomProperties>
+</Widget>)",
+     R"(<Widget name="volume" class="Label">
+  <CustomProperties><Property name="origin"><String>amplifier</String></Property></CustomProperties>
+</Widget>)"},
+    {"stray-text", Severity::Note, "text between elements",
+     "The sheet, its rows and properties, and the enumerations hold elements; text that stands directly in "
+     "them is read "
+     "by nobody. Mostly it is what is left of something: a tag, a quote, a line that was to be a comment.",
+     R"(<Widget name="volume" class="Label">
+  <Property name="text"><String>loud</String></Property>>
+</Widget>)",
+     R"(<Widget name="volume" class="Label">
+  <Property name="text"><String>loud</String></Property>
+</Widget>)"},
+    {"foreign-namespace", Severity::Note, "a namespace, which the language does not have",
+     "Elements are known by their names alone, so the form is the same with and without. But the schema and "
+     "every tool "
+     "that goes by it take elements of a namespace for elements of another language. Remove it.",
+     R"(<KVParamGui xmlns="urn:example:forms" version="1.0">
+  <Sheet name="audio"/>
+</KVParamGui>)",
+     R"(<KVParamGui version="1.0">
+  <Sheet name="audio"/>
+</KVParamGui>)"},
     {"not-read", Severity::Error, "an element that does not reach the form",
      "Something else in the document keeps the engine from reading this element; other findings may say "
      "what. "
@@ -178,12 +210,15 @@ public:
 
     void run()
     {
-        checkText();
+        checkForm();
         checkRoots();
         for (int i = 0; i < m_description.elements().size(); ++i) {
             checkPlace(i);
             checkAttributes(i);
+            checkPrefix(i);
         }
+        for (const TextPiece& text : m_description.texts())
+            checkText(text);
         checkTwins();
     }
 
@@ -195,7 +230,7 @@ private:
         return parent < 0 ? QString() : element(parent).name;
     }
 
-    void checkText();
+    void checkForm();
     void reportBreak(const Problem* problem, int place);
     void checkRoots();
     void reportNoForm();
@@ -204,13 +239,17 @@ private:
     void checkInProperty(int index);
     void checkSkipped(int index);
     bool isText(int index) const;
+    void checkText(const TextPiece& text);
     void checkAttributes(int index);
+    void checkPrefix(int index);
+    bool isBroken(int offset) const;
     void checkTwins();
     void checkDoubledProperties(int block);
 
     Subject& m_subject;
     const Description& m_description;
-    QSet<int> m_reportedSecond; // properties whose second value was told
+    QSet<int> m_reportedSecond;    // properties whose second value was told
+    QSet<QString> m_knownPrefixes; // of elements, told already
 };
 
 void DocumentCheck::reportBreak(const Problem* problem, int place)
@@ -223,7 +262,7 @@ void DocumentCheck::reportBreak(const Problem* problem, int place)
                      QStringLiteral("the XML breaks here: %1").arg(m_subject.reading().brokenBy()));
 }
 
-void DocumentCheck::checkText()
+void DocumentCheck::checkForm()
 {
     const int unreadable = m_subject.source().firstUnreadable();
     if (unreadable >= 0 && !m_subject.reading().hasForm()) {
@@ -342,6 +381,11 @@ void DocumentCheck::checkInBlock(int index)
                                    .arg(element(index).value("name")));
         return;
     }
+    if (name == QLatin1String("CustomProperties") && parentName(index) != QLatin1String("Widget"))
+        m_subject.reportAt("nested-block", index,
+                           QStringLiteral("this block stands inside `%1`; its properties count, but it "
+                                          "belongs beside it")
+                               .arg(parentName(index)));
     if (allowed.contains(name))
         return;
     if (name == QLatin1String("Properties") && parentName(index) == QLatin1String("Widget")) {
@@ -397,6 +441,51 @@ void DocumentCheck::checkSkipped(int index)
                        nearest(name, parent->children));
 }
 
+/** True behind the place where the text stops being well-formed: there anything may look like anything. */
+bool DocumentCheck::isBroken(int offset) const
+{
+    const int place = m_subject.reading().brokenAt();
+    return place >= 0 && offset >= place;
+}
+
+void DocumentCheck::checkText(const TextPiece& text)
+{
+    const Range range = m_description.trimmed(text.range);
+    if (range.begin >= range.end || text.element < 0 || isBroken(range.begin) || isText(text.element))
+        return;
+    const SourceElement& around = element(text.element);
+    const Element* const known = m_subject.kinds().findElement(around.name);
+    const bool hasOwnFinding = around.name == QLatin1String("Property") && around.firstChild < 0;
+    if (!known || known->holdsText || hasOwnFinding)
+        return;
+    constexpr int longestShown = 30;
+    QString shown = m_subject.source().text().mid(range.begin, range.end - range.begin).simplified();
+    if (shown.size() > longestShown)
+        shown = shown.left(longestShown) + QLatin1String(" ...");
+    m_subject.report(
+        "stray-text", range,
+        QStringLiteral("nobody reads the text `%1` here: `%2` holds elements; remove it, or make "
+                       "a comment of it")
+            .arg(shown, around.name));
+}
+
+void DocumentCheck::checkPrefix(int index)
+{
+    const SourceElement& owner = element(index);
+    const int length = owner.qualifiedName.size() - owner.name.size();
+    if (length == 0)
+        return;
+    const QString prefix = owner.qualifiedName.left(length);
+    if (m_knownPrefixes.contains(prefix) || isBroken(owner.tag.end) ||
+        !m_subject.kinds().findElement(owner.name))
+        return;
+    m_knownPrefixes.insert(prefix);
+    m_subject.report("foreign-namespace", owner.nameRange(),
+                     QStringLiteral("`%1` counts as `%2`, but to other tools it is an element of another "
+                                    "language; remove the prefix")
+                         .arg(owner.qualifiedName, owner.name));
+}
+
 void DocumentCheck::checkAttributes(int index)
 {
     const Element* const known = m_subject.kinds().findElement(element(index).name);
@@ -404,7 +493,13 @@ void DocumentCheck::checkAttributes(int index)
         return;
     const QStringList names = namesOf(known->attributes);
     for (const SourceAttribute& attribute : element(index).attributes) {
-        if (names.contains(attribute.name) || attribute.name.startsWith(QLatin1String("xmlns")))
+        if (attribute.name == QLatin1String("xmlns") && !attribute.value.isEmpty())
+            m_subject.report(
+                "foreign-namespace", attribute.nameRange,
+                QStringLiteral("the language has no namespace; the form does not mind, but other "
+                               "tools take this for another language; remove it"));
+        if (names.contains(attribute.name) || attribute.name == QLatin1String("xmlns") ||
+            attribute.name.startsWith(QLatin1String("xmlns:")))
             continue;
         m_subject.report("unknown-attribute", attribute.nameRange,
                          names.isEmpty()

@@ -244,7 +244,7 @@ private:
                     "inert-property", place,
                     QStringLiteral("`%1` is kept for scripts and hosts and has no effect by itself")
                         .arg(property.name));
-            if (!known && !m_form.scriptMentions(property.name))
+            if (!known)
                 reportUnknown(row, property.name, place);
         }
     }
@@ -267,11 +267,17 @@ private:
 
     void reportUnknown(const WrittenRow& row, const QString& name, Range place)
     {
-        const QString near = nearest(name, namesOf(row.kind().properties));
+        // What the script speaks of is no slip of the pen.
+        const bool isSpokenOf = m_form.scriptMentions(name);
+        const QString near = isSpokenOf ? QString() : nearest(name, namesOf(row.kind().properties));
         const QString of = row.className().isEmpty() ? QStringLiteral("the sheet") : row.className();
         m_subject.report(near.isEmpty() ? "unknown-property" : "misspelt-property", place,
-                         QStringLiteral("`%1` knows no property `%2`, so it does nothing").arg(of, name), -1,
-                         near);
+                         QStringLiteral("`%1` knows no property `%2`, so it does nothing by itself%3")
+                             .arg(of, name,
+                                  isSpokenOf
+                                      ? QStringLiteral("; what scripts read stands in `CustomProperties`")
+                                      : QString()),
+                         -1, near);
     }
 
     void checkNeeds(const WrittenRow& row)

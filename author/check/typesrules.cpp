@@ -2,7 +2,7 @@
 #include "subject.h"
 #include "writtenrow.h"
 
-#include <limits>
+#include <QtNumeric>
 
 namespace Orvane {
 namespace Author {
@@ -52,7 +52,7 @@ bool fits(const QString& text, const QString& type)
     else if (type == QLatin1String("UInt64"))
         text.toULongLong(&ok);
     else
-        text.toDouble(&ok);
+        ok = qIsFinite(text.toDouble(&ok)) && ok;
     return ok;
 }
 
@@ -97,17 +97,28 @@ private:
         const Property* const known = property.isCustom ? nullptr : row.kind().findProperty(property.name);
         const QString type = known && !known->inert ? known->type : property.typeName;
         if (property.typeName == QLatin1String("Bool"))
-            checkBool(property);
+            checkBool(property, type);
         else if (type == QLatin1String("Bool"))
             checkTruth(property);
         else if (isNumberType(type))
             checkNumber(property, type);
+        else if (isNumberType(property.typeName) && !fits(property.text, property.typeName))
+            m_subject.reportValue("number-text", property,
+                                  QStringLiteral("`%1` is no number and counts as text; write it in `String`")
+                                      .arg(property.text));
     }
 
-    void checkBool(const WrittenProperty& property)
+    void checkBool(const WrittenProperty& property, const QString& type)
     {
-        if (property.text == QLatin1String("true") || property.text == QLatin1String("false"))
+        if (property.text == QLatin1String("true") || property.text == QLatin1String("false")) {
+            if (isNumberType(type))
+                m_subject.reportValue(
+                    "number-text", property,
+                    QStringLiteral("`%1` is a number, and `%2` counts as %3; write it in `%4`")
+                        .arg(property.name, property.text,
+                             property.isTrue() ? QStringLiteral("1") : QStringLiteral("0"), type));
             return;
+        }
         const QString meant = property.text.trimmed().toLower();
         const bool isNear = meant == QLatin1String("true") || meant == QLatin1String("false");
         m_subject.reportValue(
@@ -135,6 +146,12 @@ private:
         QString fixed = property.text.trimmed();
         fixed.replace(QLatin1Char(','), QLatin1Char('.'));
         const bool isComma = property.text.contains(QLatin1Char(',')) && fits(fixed, type);
+        if (property.number() && !qIsFinite(*property.number())) {
+            m_subject.reportValue(
+                "number-text", property,
+                QStringLiteral("`%1` is no number that a device can be set to").arg(property.text));
+            return;
+        }
         const QString why =
             isComma ? QStringLiteral("numbers have a point, not a comma")
             : property.number()

@@ -93,15 +93,15 @@ template <typename Visit>
 void Description::visitText(int index, Visit visit) const
 {
     const SourceElement& owner = element(index);
-    auto piece = std::lower_bound(m_pieces.cbegin(), m_pieces.cend(), owner.tag.end,
-                                  [](const Piece& left, int begin) { return left.range.begin < begin; });
-    for (; piece != m_pieces.cend() && piece->range.begin < owner.contentEnd; ++piece) {
+    auto piece = std::lower_bound(m_texts.cbegin(), m_texts.cend(), owner.tag.end,
+                                  [](const TextPiece& left, int begin) { return left.range.begin < begin; });
+    for (; piece != m_texts.cend() && piece->range.begin < owner.contentEnd; ++piece) {
         const QString raw = m_source.text().mid(piece->range.begin, piece->range.end - piece->range.begin);
         QString text = raw;
-        if (piece->kind == Characters)
-            text = resolved(raw, false);
-        else
+        if (piece->isCData)
             text.remove(QLatin1Char('\r'));
+        else
+            text = resolved(raw, false);
         if (!visit(*piece, text))
             return;
     }
@@ -110,7 +110,7 @@ void Description::visitText(int index, Visit visit) const
 QString Description::textOf(int index) const
 {
     QString whole;
-    visitText(index, [&whole](const Piece&, const QString& text) {
+    visitText(index, [&whole](const TextPiece&, const QString& text) {
         whole += text;
         return true;
     });
@@ -121,7 +121,7 @@ int Description::offsetInText(int index, int position) const
 {
     int before = 0;
     int offset = element(index).tag.end;
-    visitText(index, [&](const Piece& piece, const QString& text) {
+    visitText(index, [&](const TextPiece& piece, const QString& text) {
         const Range range = piece.range;
         offset = range.begin;
         if (before + text.size() <= position) {
@@ -147,11 +147,11 @@ QVector<int> Description::textOffsets(int index) const
     QVector<int> offsets;
     int end = element(index).tag.end;
     const QString& whole = m_source.text();
-    visitText(index, [&](const Piece& piece, const QString&) {
+    visitText(index, [&](const TextPiece& piece, const QString&) {
         end = piece.range.end;
         for (int offset = piece.range.begin; offset < end;) {
             const QChar c = whole.at(offset);
-            const bool mayRefer = c == QLatin1Char('&') && piece.kind == Characters;
+            const bool mayRefer = c == QLatin1Char('&') && !piece.isCData;
             const Reference reference = mayRefer ? referenceAt(whole, offset) : Reference();
             if (!reference.isKnown()) {
                 if (c != QLatin1Char('\r'))
@@ -171,7 +171,11 @@ QVector<int> Description::textOffsets(int index) const
 Range Description::contentRange(int index) const
 {
     const SourceElement& owner = element(index);
-    Range range{owner.tag.end, qMax(owner.tag.end, owner.contentEnd)};
+    return trimmed({owner.tag.end, qMax(owner.tag.end, owner.contentEnd)});
+}
+
+Range Description::trimmed(Range range) const
+{
     const QString& text = m_source.text();
     while (range.begin < range.end && text.at(range.begin).isSpace())
         ++range.begin;

@@ -48,6 +48,14 @@ struct Comment
     Range inside; // without
 };
 
+/** A stretch of text without tags and comments in it. */
+struct TextPiece
+{
+    Range range;
+    int element = -1;     // the element that it stands in directly; -1 if in none
+    bool isCData = false; // no references in it
+};
+
 /** What keeps a text from being well-formed, in the words of an author. */
 struct Problem
 {
@@ -83,6 +91,8 @@ public:
     const QVector<SourceElement>& elements() const { return m_elements; }
     const SourceElement& element(int index) const { return m_elements.at(index); }
     const QVector<Comment>& comments() const { return m_comments; }
+    /** All text between tags, blank or not, in order of place. */
+    const QVector<TextPiece>& texts() const { return m_texts; }
     /** In order of place. Guesses: only a reader of XML knows whether a text is well-formed. */
     const QVector<Problem>& problems() const { return m_problems; }
 
@@ -104,6 +114,8 @@ public:
     QString textOf(int index) const;
     /** The stretch of the element's content that is not blank at its ends. */
     Range contentRange(int index) const;
+    /** @p range without the blanks at its ends. */
+    Range trimmed(Range range) const;
     /** True if @p offset lies in a comment. */
     bool isComment(int offset) const;
     /** Place in the text of the character @p position of textOf(index). */
@@ -116,19 +128,12 @@ public:
 private:
     friend class Scanner;
 
-    enum PieceKind { Characters, CData };
-    struct Piece
-    {
-        Range range;
-        PieceKind kind;
-    };
-
     template <typename Visit>
     void visitText(int index, Visit visit) const;
 
     SourceText m_source;
     QVector<SourceElement> m_elements;
-    QVector<Piece> m_pieces;
+    QVector<TextPiece> m_texts;
     QVector<Comment> m_comments;
     QVector<Problem> m_problems;
     TextEnd m_textEnd;

@@ -81,7 +81,7 @@ void Scanner::scanText()
 {
     const int next = find("<", m_position);
     const Range range{m_position, next < 0 ? m_text.size() : next};
-    m_description.m_pieces.append({range, Description::Characters});
+    m_description.m_texts.append({range, innermost(), false});
     checkReferences(range);
     m_position = range.end;
 }
@@ -116,7 +116,7 @@ void Scanner::scanMarkup()
         const bool ends = find("]]>", begin) >= 0;
         const Range range = scanSection("<![CDATA[", "]]>", QStringLiteral("CDATA section"));
         if (ends)
-            m_description.m_pieces.append({{begin, range.end - 3}, Description::CData});
+            m_description.m_texts.append({{begin, range.end - 3}, innermost(), true});
         else
             endWithin(TextEnd::CData, range.begin);
     } else if (at("<?")) {
@@ -163,6 +163,11 @@ void Scanner::skipBlanks()
 {
     while (m_position < m_text.size() && isBlank(m_text.at(m_position)))
         ++m_position;
+}
+
+int Scanner::innermost() const
+{
+    return m_open.isEmpty() ? -1 : m_open.constLast();
 }
 
 QString Scanner::kept(int begin)
@@ -328,7 +333,7 @@ void Scanner::endWithin(TextEnd::Kind kind, int begin)
 {
     m_description.m_textEnd.kind = kind;
     m_description.m_textEnd.begin = begin;
-    m_description.m_textEnd.element = m_open.isEmpty() ? -1 : m_open.constLast();
+    m_description.m_textEnd.element = innermost();
 }
 
 void Scanner::endOfText()
@@ -351,7 +356,7 @@ int Scanner::append(const SourceElement& element)
     QVector<SourceElement>& elements = m_description.m_elements;
     const int index = elements.size();
     elements.append(element);
-    const int parent = m_open.isEmpty() ? -1 : m_open.constLast();
+    const int parent = innermost();
     elements[index].parent = parent;
     int& first = parent < 0 ? m_description.m_firstRoot : elements[parent].firstChild;
     int& last = parent < 0 ? m_description.m_lastRoot : elements[parent].lastChild;

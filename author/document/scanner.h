@@ -33,6 +33,8 @@ private:
     void skipBlanks();
     void checkReferences(Range range);
 
+    /** The element that is open here; -1 if none is. */
+    int innermost() const;
     int append(const SourceElement& element);
     void open(int index);
     void close(int index, int contentEnd, int end);

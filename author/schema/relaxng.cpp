@@ -5,6 +5,7 @@
 #include <QMap>
 #include <QXmlStreamWriter>
 
+#include <functional>
 #include <initializer_list>
 #include <utility>
 
@@ -14,6 +15,8 @@ namespace Author {
 namespace {
 
 const QLatin1String anyProperty("property.any");
+// At least one character, line ends included.
+const QLatin1String something("[\\s\\S]+");
 
 /** Writes patterns; each function is one of them, its content is written by @p inside. */
 class PatternWriter
@@ -76,13 +79,13 @@ public:
     {
         pattern("value", {{"type", QStringLiteral("string")}}, [&] { m_writer.writeCharacters(text); });
     }
-    /** Text of an XML Schema datatype that matches the regular @p expression, if there is one. */
-    void data(const char* type, const QString& expression = QString())
+    /** Text of an XML Schema datatype within bounds: its facets by name, as attributes are. */
+    void data(const char* type, Attributes facets = {})
     {
         pattern("data", {{"type", QLatin1String(type)}}, [&] {
-            if (!expression.isEmpty())
-                pattern("param", {{"name", QStringLiteral("pattern")}},
-                        [&] { m_writer.writeCharacters(expression); });
+            for (const auto& facet : facets)
+                pattern("param", {{"name", QLatin1String(facet.first)}},
+                        [&] { m_writer.writeCharacters(facet.second); });
         });
     }
     /** What editors show beside a completion. */
@@ -95,52 +98,64 @@ private:
     QXmlStreamWriter m_writer;
 };
 
-/** The type elements that may hold a property of @p type: a number is as good under a wider name. */
-QStringList elementsFor(const QString& type)
+/** One of these words. */
+void writeValues(PatternWriter& patterns, std::initializer_list<const char*> words)
 {
-    static const QStringList whole = {QStringLiteral("Int"), QStringLiteral("Int64"),
-                                      QStringLiteral("UInt64")};
-    if (type == QLatin1String("Bool"))
-        return {type};
-    if (type == QLatin1String("Double"))
-        return QStringList(type) + whole;
-    if (type == QLatin1String("String"))
-        return QStringList(type) + whole << QStringLiteral("Double");
-    return whole;
+    patterns.pattern("choice", [&] {
+        for (const char* const word : words)
+            patterns.value(QLatin1String(word));
+    });
 }
 
 /** The text of a property of @p type. */
 void writeText(PatternWriter& patterns, const QString& type)
 {
     if (type == QLatin1String("Bool")) {
-        patterns.pattern("choice", [&] {
-            patterns.value(QStringLiteral("true"));
-            patterns.value(QStringLiteral("false"));
-        });
+        writeValues(patterns, {"true", "false"});
     } else if (type == QLatin1String("Int")) {
         patterns.data("int");
     } else if (type == QLatin1String("Int64")) {
         patterns.data("long");
     } else if (type == QLatin1String("UInt64")) {
-        patterns.data("unsignedLong");
+        // A sign may stand before it, which it may not before an "unsignedLong".
+        patterns.data("nonNegativeInteger", {{"maxInclusive", QStringLiteral("18446744073709551615")}});
     } else if (type == QLatin1String("Double")) {
-        patterns.data("double", QStringLiteral("[^INF]*"));
+        patterns.data("double", {{"pattern", QStringLiteral("[^INF]*")}});
     } else {
         patterns.text();
     }
 }
 
-/** One pattern for each type of property: its type element with a text that the type can hold. */
+/** What stands for @p type in the type element @p element; nothing if that is as good as a mistake. */
+std::function<void()> contentFor(PatternWriter& patterns, const QString& type, const QString& element)
+{
+    const QLatin1String truth("Bool");
+    const QLatin1String words("String");
+    if (type == element || type == words)
+        return [&patterns, element] { writeText(patterns, element); };
+    if (element == truth)
+        return nullptr;
+    if (type == truth)
+        return [&patterns] { writeValues(patterns, {"true", "false", "1", "0"}); };
+    return [&patterns, type] { writeText(patterns, type); };
+}
+
+/**
+ * One pattern for each type of property: its type element with a text that the type can hold. The
+ * engine asks for the text alone, so other type elements do as well.
+ */
 void writeTypes(PatternWriter& patterns, const KindTable& table)
 {
+    QStringList names = namesOf(table.valueTypes());
     for (const ValueType& type : table.valueTypes()) {
+        // What an editor offers first is the type's own.
+        names.move(names.indexOf(type.name), 0);
         patterns.define(type.name, [&] {
             patterns.documentation(type.summary);
             patterns.pattern("choice", [&] {
-                for (const QString& element : elementsFor(type.name)) {
-                    // A text may be anything; a number under a text's name has to be one all the same.
-                    const QString content = type.name == QLatin1String("String") ? element : type.name;
-                    patterns.element(element, [&] { writeText(patterns, content); });
+                for (const QString& element : qAsConst(names)) {
+                    if (const auto content = contentFor(patterns, type.name, element))
+                        patterns.element(element, content);
                 }
             });
         });
@@ -154,12 +169,18 @@ void writeNames(PatternWriter& patterns, const QList<const Property*>& propertie
         patterns.pattern("choice", [&] {
             for (const Property* property : properties) {
                 if (property->name.endsWith(QLatin1Char('*')))
-                    patterns.data("string", property->name.chopped(1) + QStringLiteral(".+"));
+                    patterns.data("string", {{"pattern", property->name.chopped(1) + something}});
                 else
                     patterns.value(property->name);
             }
         });
     });
+}
+
+/** True if its text is looked at, and for some words only. */
+bool hasChoices(const Property& property)
+{
+    return !property.choices.isEmpty() && !property.inert;
 }
 
 void writeChoices(PatternWriter& patterns, const Property& property)
@@ -177,7 +198,7 @@ void writeProperties(PatternWriter& patterns, const QString& name, const QList<P
 {
     QMap<QString, QList<const Property*>> byType;
     for (const Property& property : properties) {
-        if (property.choices.isEmpty())
+        if (!hasChoices(property))
             byType[property.type].append(&property);
     }
     patterns.define(name, [&] {
@@ -190,7 +211,7 @@ void writeProperties(PatternWriter& patterns, const QString& name, const QList<P
                     });
                 }
                 for (const Property& property : properties) {
-                    if (property.choices.isEmpty())
+                    if (!hasChoices(property))
                         continue;
                     patterns.pattern("group", [&] {
                         writeNames(patterns, {&property});
@@ -206,8 +227,9 @@ void writeFreeProperty(PatternWriter& patterns, const KindTable& table)
 {
     patterns.define(anyProperty, [&] {
         patterns.element(QStringLiteral("Property"), [&] {
-            patterns.attribute(QStringLiteral("name"),
-                               [&] { patterns.data("string", QStringLiteral(".+")); });
+            patterns.attribute(QStringLiteral("name"), [&] {
+                patterns.data("string", {{"pattern", something}});
+            });
             patterns.pattern("choice", [&] {
                 for (const ValueType& type : table.valueTypes())
                     patterns.element(type.name, [&] { writeText(patterns, type.name); });
@@ -255,7 +277,7 @@ void writeClasses(PatternWriter& patterns, const KindTable& table)
 void writeAttribute(PatternWriter& patterns, const Attribute& attribute)
 {
     const auto needed = [&] {
-        patterns.attribute(attribute.name, [&] { patterns.data("string", QStringLiteral(".+")); });
+        patterns.attribute(attribute.name, [&] { patterns.data("string", {{"pattern", something}}); });
     };
     if (attribute.needed)
         needed();

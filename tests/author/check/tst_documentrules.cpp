@@ -91,6 +91,37 @@ protected:
         rows("nameless", "<Widget class=\"Separator\"/>", "nameless 3:1", "");
         rows("unknown attribute", "<Widget name=\"a\" class=\"Separator\" id=\"1\"/>",
              "unknown-attribute 3:36", "");
+        rows("text between rows", ROW_A "  over\n" ROW_B, "stray-text 4:3", "");
+        rows("text beside a value",
+             "<Widget name=\"a\" class=\"Separator\">\n<Property "
+             "name=\"toolTip\">1<String>2</String></Property>/\n"
+             "</Widget>\n" ROW_B,
+             "stray-text 4:26, stray-text 4:56", "");
+        rows("text in a CDATA section", "<![CDATA[over]]>" ROW_A, "stray-text 3:10", "");
+        inRoot("text in the form", "<Sheet name=\"s\"/>\n&lt;!-- over --&gt;", "stray-text 3:1", "");
+        inRoot("text in an entry",
+               "<Enums>\n<Enum "
+               "name=\"E\"><EnumValue>=<DisplayName>1</DisplayName><EnumIdentifier>A</EnumIdentifier>"
+               "<Value>1</Value></EnumValue></Enum>\n</Enums><Script language=\"QtScript\">E;</Script>",
+               "stray-text 3:27", "");
+        rows("blanks, comments and an empty section between rows",
+             ROW_A "\t <!-- over --> <![CDATA[ ]]>\n<?over there?>" ROW_B, "", "");
+        rows("a block in a block",
+             "<Widget name=\"a\" class=\"Separator\"><CustomProperties>\n<CustomProperties><Property "
+             "name=\"b\">"
+             "<String>1</String></Property></CustomProperties></CustomProperties></Widget>",
+             "nested-block 4:1", "");
+        rows("a block in the block of the sheet",
+             "<Properties>\n<CustomProperties><Property name=\"b\"><String>1</String></Property>"
+             "</CustomProperties></Properties>",
+             "nested-block 4:1", "");
+        whole("a namespace", "<KVParamGui xmlns=\"urn:x\"><Sheet name=\"s\"/></KVParamGui>",
+              "foreign-namespace 1:13", "");
+        whole("a prefix", "<x:KVParamGui xmlns:x=\"urn:x\">\n<x:Sheet name=\"s\"/></x:KVParamGui>",
+              "foreign-namespace 1:2", "");
+        whole("a prefix for nothing", "<KVParamGui xmlns:x=\"urn:x\"><Sheet name=\"s\"/></KVParamGui>", "",
+              "");
+        whole("a prefix that nothing explains", "<x:KVParamGui/>", "no-form 1:1, not-well-formed 1:15", "");
         rows("two mistakes, one behind the other",
              "<Widget name=\"a\" class=\"Separator\">\n<x/>\n</Widget>\n<Widget name=\"b\" "
              "class=\"Separator\">\n<y/>\n"

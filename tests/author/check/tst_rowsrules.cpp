@@ -23,6 +23,17 @@ protected:
              "<Property name=\"colour\"><String>x</String></Property>\n"
              "</Widget>",
              "unknown-property 4:17");
+        whole("an unknown property called like a row",
+              "<KVParamGui version=\"1.0\">\n<Sheet name=\"s\">\n"
+              "<Widget name=\"a\" class=\"Separator\"/>\n<Widget name=\"b\" class=\"Separator\">\n"
+              "<Property name=\"a\"><String>x</String></Property>\n</Widget>\n</Sheet>\n"
+              "<Script language=\"QtScript\">a.setVisible(true);</Script></KVParamGui>",
+              "unknown-property 5:17");
+        whole("an unknown property that a script reads, written nearly like another",
+              "<KVParamGui version=\"1.0\">\n<Sheet name=\"s\">\n<Widget name=\"b\" class=\"Separator\">\n"
+              "<Property name=\"margins\"><String>x</String></Property>\n</Widget>\n</Sheet>\n"
+              "<Script language=\"QtScript\">print(b.margins);</Script></KVParamGui>",
+              "unknown-property 4:17");
         rows("an unknown custom property",
              "<Widget name=\"a\" class=\"Separator\">\n"
              "<CustomProperties><Property name=\"colour\"><String>x</String></Property></CustomProperties>\n"
@@ -56,6 +67,17 @@ protected:
              "<Property name=\"enabled\"><Bool>true</Bool></Property>\n"
              "</Widget>",
              "not-exported 3:1");
+        for (const char* const code : {"function f(a) { return a.text; }", "var b = 1; // a.text"})
+            add(code,
+                QStringLiteral(
+                    "<KVParamGui version=\"1.0\">\n<Sheet name=\"s\">\n<Widget name=\"a\" "
+                    "class=\"LineEdit\">\n"
+                    "<Property name=\"labelText\"><String>A</String></Property>\n"
+                    "<Property name=\"visible\"><Bool>true</Bool></Property>\n"
+                    "<Property name=\"enabled\"><Bool>true</Bool></Property>\n"
+                    "</Widget>\n</Sheet>\n<Script language=\"QtScript\">%1\n</Script></KVParamGui>")
+                    .arg(QLatin1String(code)),
+                "not-exported 3:1");
         rows("limits the wrong way round",
              "<Widget name=\"a\" class=\"DoubleSpinBox\">\n"
              "<Property name=\"minimum\"><Double>2</Double></Property>\n"

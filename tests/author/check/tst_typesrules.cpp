@@ -61,6 +61,29 @@ protected:
              "<Property name=\"labelText\"><String>A</String></Property>\n"
              "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
              "");
+        rows("no finite number",
+             "<Widget name=\"a\" class=\"DoubleSpinBox\">\n"
+             "<Property name=\"minimum\"><Double>0</Double></Property>\n"
+             "<Property name=\"maximum\"><Double>inf</Double></Property>\n"
+             "<Property name=\"labelText\"><String>A</String></Property>\n"
+             "<Property name=\"suffix\"><String> dB</String></Property>\n" SHOWN_AND_SENT "</Widget>",
+             "number-text 5:34");
+        rows("a truth for a number",
+             "<Widget name=\"a\" class=\"Separator\">\n"
+             "<Property name=\"margin\"><Bool>true</Bool></Property>\n"
+             "</Widget>",
+             "number-text 4:31");
+        rows("a text as a number",
+             "<Widget name=\"a\" class=\"Separator\">\n"
+             "<Property name=\"toolTip\"><Int>wide</Int></Property>\n"
+             "</Widget>",
+             "number-text 4:31");
+        rows("a number as text, a truth as text",
+             "<Widget name=\"a\" class=\"Separator\">\n"
+             "<Property name=\"margin\"><String>4</String></Property>\n"
+             "<Property name=\"toolTip\"><Bool>true</Bool></Property>\n"
+             "</Widget>",
+             "");
         rows("an empty number",
              "<Widget name=\"a\" class=\"Separator\">\n"
              "<Property name=\"margin\"><Int></Int></Property>\n"

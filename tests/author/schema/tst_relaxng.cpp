@@ -387,6 +387,10 @@ void TestRelaxNg::cannotSee_data()
         << QByteArray("<String>FM</String>") << QByteArray("<String>USB</String>");
     QTest::newRow("a start value out of range")
         << QByteArray("<Int>10</Int>") << QByteArray("<Int>1000</Int>");
+    QTest::newRow("a number beyond all that can be kept")
+        << visible
+        << visible +
+               "<CustomProperties><Property name=\"a\"><Double>9e9999</Double></Property></CustomProperties>";
     QTest::newRow("two rows on one path") << QByteArray("Audio/SquelchLevel") << QByteArray("Audio/Squelch");
     QTest::newRow("a script with a mistake")
         << QByteArray("followSquelch(squelch.checked);") << QByteArray("followSquelch(;");
