@@ -124,7 +124,7 @@ int run(const CommandLine& commandLine)
         QTextStream(stdout) << CommandLine::help();
         return Success;
     case CommandLine::Version:
-        QTextStream(stdout) << "zorva-rig " << ZORVA_RIG_VERSION << " (Hamlib " << hamlib_version << ")\n";
+        QTextStream(stdout) << "zorva-rig " << ZORVA_RIG_VERSION << " (" << hamlib_version << ")\n";
         return Success;
     case CommandLine::List:
         return list(commandLine.pattern);

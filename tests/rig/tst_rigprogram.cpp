@@ -1,5 +1,6 @@
 #include "rigctld.h"
 
+#include <hamlib/rig.h>
 #include <hostkit/parametertext.h>
 #include <hostkit/settingsstore.h>
 
@@ -39,7 +40,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("code");
         QTest::addColumn<QByteArray>("output");
         QTest::newRow("help") << "--help" << 0 << QByteArray("Usage: zorva-rig");
-        QTest::newRow("version") << "--version" << 0 << QByteArray("Hamlib");
+        QTest::newRow("version") << "--version" << 0 << " (" + QByteArray(hamlib_version) + ")\n";
         QTest::newRow("list") << "--list dummy" << 0 << QByteArray("Dummy No VFO");
         QTest::newRow("nothing to list") << "--list nosuchradio" << 1 << QByteArray();
         QTest::newRow("form") << "--form -o - --model 1" << 0 << QByteArray("<KVParamGui");
