@@ -8,8 +8,10 @@ build_packages="build-essential cmake ninja-build pkg-config qtbase5-dev qtscrip
 display_packages="xvfb xauth fonts-dejavu-core"
 # What a screen reader needs to look at a form.
 assistive_packages="at-spi2-core dbus-daemon python3-pyatspi"
-# The radios of zorva-rig, and the daemon and client that its tests use.
-radio_packages="libhamlib-dev libhamlib-utils"
+# The radios of zorva-rig.
+radio_packages="libhamlib-dev"
+# The daemon and client that its tests use.
+radio_test_packages="libhamlib-utils"
 # An editor that speaks to the language server, and the colours of others.
 editor_packages="neovim libkf5syntaxhighlighting-tools"
 # What it takes to make and judge Debian packages.
