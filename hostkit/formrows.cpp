@@ -94,6 +94,16 @@ QString numberWords(const ZorvaDelegate& row, const QString& text)
     return suffix.isEmpty() ? plain : plain + QLatin1Char(' ') + suffix;
 }
 
+/** Calculating with a fraction costs digits at its end; a whole number, hertz say, keeps all of them. */
+bool sameNumber(double left, double right)
+{
+    const bool areWhole = std::floor(left) == left && std::floor(right) == right;
+    if (left == right || areWhole)
+        return left == right;
+    const double size = qMax(1.0, qMax(std::abs(left), std::abs(right)));
+    return std::isfinite(size) && std::abs(left - right) <= 1e-12 * size;
+}
+
 QString frequencyWords(const QString& text)
 {
     bool ok = false;
@@ -103,15 +113,18 @@ QString frequencyWords(const QString& text)
 
 } // namespace
 
+bool holdsParameter(ZorvaWidget& row)
+{
+    return row.GetDelegate() && !row.IsHeadline() && !isOneOf(row.GetClass(), {"Separator", "FixedSpacer"});
+}
+
 QStringList rowPaths(ZorvaFormular& form)
 {
     QStringList paths;
     ZorvaSheet& sheet = form.GetSheet();
     for (int i = 0; i < sheet.GetWidgetCount(); ++i) {
         const ZorvaSheet::WidgetPointer row = sheet.GetWidgetAt(i);
-        const QString& kind = row->GetClass();
-        if (row->GetDelegate() && !row->IsHeadline() && kind != QLatin1String("Separator") &&
-            kind != QLatin1String("FixedSpacer"))
+        if (holdsParameter(*row))
             paths.append(row->GetDelegate()->GetXmlPath());
     }
     return paths;
@@ -152,9 +165,13 @@ bool saysTheSame(const QString& left, const QString& right)
         return true;
     bool leftOk = false;
     bool rightOk = false;
+    const qint64 wholeLeft = left.toLongLong(&leftOk);
+    const qint64 wholeRight = right.toLongLong(&rightOk);
+    if (leftOk && rightOk)
+        return wholeLeft == wholeRight;
     const double a = left.toDouble(&leftOk);
     const double b = right.toDouble(&rightOk);
-    return leftOk && rightOk && std::abs(a - b) <= 1e-9 * qMax(1.0, qMax(std::abs(a), std::abs(b)));
+    return leftOk && rightOk && sameNumber(a, b);
 }
 
 QString captionOf(ZorvaWidget& row)

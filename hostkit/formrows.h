@@ -9,7 +9,10 @@
 
 namespace hostkit {
 
-/** Paths in parameter XML of all rows that hold something, in their order; headlines and lines are left out.
+/** Whether a row stands for a parameter: headlines, lines and gaps do not. */
+HOSTKIT_EXPORT bool holdsParameter(Orvane::ZorvaWidget& row);
+
+/** Paths in parameter XML of all rows that hold something, in their order; see holdsParameter().
  */
 HOSTKIT_EXPORT QStringList rowPaths(Orvane::ZorvaFormular& form);
 
@@ -21,7 +24,8 @@ HOSTKIT_EXPORT Orvane::ZorvaSheet::WidgetPointer rowOf(Orvane::ZorvaFormular& fo
  * text. */
 HOSTKIT_EXPORT QString shownText(Orvane::ZorvaFormular& form, const QString& parameter);
 
-/** Whether two texts of a parameter say the same: "5" and "5.0" do. */
+/** Whether two texts of a parameter say the same: "5" and "5.0" do. Whole numbers, such as hertz, are
+ * compared exactly; fractions may differ by what calculating with them costs. */
 HOSTKIT_EXPORT bool saysTheSame(const QString& left, const QString& right);
 
 /** The caption of a row as the operator reads it, else its tag. */

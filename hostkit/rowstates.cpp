@@ -3,11 +3,11 @@
 #include "rowmark_p.h"
 
 #include <hostkit/formrows.h>
+#include <hostkit/rowcontrols.h>
 
 #include <zorvaparser/zorvadelegate.h>
 
 #include <QLabel>
-#include <QLayout>
 #include <QTextDocument>
 
 namespace hostkit {
@@ -16,23 +16,6 @@ using Orvane::ZorvaFormular;
 using Orvane::ZorvaSheet;
 
 namespace {
-
-const QLatin1String captionPrefix("label");
-
-/** Rows by the name of their caption and, for those without one, of their control. */
-QHash<QString, QString> pathsByName(ZorvaFormular& form)
-{
-    QHash<QString, QString> paths;
-    const QStringList all = rowPaths(form);
-    for (const QString& path : all) {
-        const ZorvaSheet::WidgetPointer row = form.GetSheet().GetWidget(path);
-        if (!row)
-            continue;
-        paths.insert(captionPrefix + row->GetName(), path);
-        paths.insert(row->GetName(), path);
-    }
-    return paths;
-}
 
 /** A tool tip that shows @p words, which a device may have said, letter by letter. */
 QString letterByLetter(const QString& words)
@@ -46,9 +29,7 @@ RowStates::RowStates(ZorvaFormular& form, QObject* parent)
     : QObject(parent)
     , m_form(&form)
 {
-    QWidget* const content = form.GetSheet().Content();
-    if (content && content->layout())
-        markRows(content);
+    markRows();
 }
 
 RowStates::~RowStates()
@@ -57,28 +38,22 @@ RowStates::~RowStates()
         delete row.mark;
 }
 
-// In the layout a caption is followed by its row's control.
-void RowStates::markRows(QWidget* content)
+void RowStates::markRows()
 {
-    const QHash<QString, QString> paths = pathsByName(*m_form);
-    const QLayout* const layout = content->layout();
-    const auto widgetAt = [layout](int index) {
-        QLayoutItem* const item = layout->itemAt(index);
-        return item ? item->widget() : nullptr;
-    };
-    for (int i = 0; i < layout->count(); ++i) {
-        QWidget* const widget = widgetAt(i);
-        const QString path = widget ? paths.value(widget->objectName()) : QString();
-        if (path.isEmpty() || m_rows.contains(path))
-            continue;
-        auto* const caption = qobject_cast<QLabel*>(widget);
-        const bool isCaption = caption && widget->objectName().startsWith(captionPrefix);
-        addMark(path, isCaption ? caption : nullptr, isCaption ? widgetAt(i + 1) : widget);
+    ZorvaSheet& sheet = m_form->GetSheet();
+    const QVector<RowControl> controls = rowControls(*m_form);
+    for (int i = 0; i < controls.size(); ++i) {
+        const ZorvaSheet::WidgetPointer row = sheet.GetWidgetAt(i);
+        const QString path = holdsParameter(*row) ? row->GetDelegate()->GetXmlPath() : QString();
+        if (!path.isEmpty() && !m_rows.contains(path))
+            addMark(path, controls.at(i).caption, controls.at(i).widgets.value(0));
     }
 }
 
 void RowStates::addMark(const QString& path, QLabel* caption, QWidget* control)
 {
+    if (!caption && !control)
+        return;
     Row& row = m_rows[path];
     row.control = control;
     if (control)
@@ -88,7 +63,7 @@ void RowStates::addMark(const QString& path, QLabel* caption, QWidget* control)
         margins.setRight(margins.right() + RowMark::room);
         caption->setContentsMargins(margins);
         row.mark = new RowMark(caption);
-    } else if (control) {
+    } else {
         row.mark = new RowMark(control);
     }
 }

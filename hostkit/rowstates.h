@@ -69,7 +69,7 @@ private:
         QString toolTip;           // the control's own
     };
 
-    void markRows(QWidget* content);
+    void markRows();
     void addMark(const QString& path, QLabel* caption, QWidget* control);
     void show(const QString& path, Row& row);
     QString pathOf(const QString& parameter) const;

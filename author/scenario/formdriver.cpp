@@ -172,7 +172,7 @@ FormDriver::FormDriver(const TestedForm& form, LiveForm& live)
     for (int i = 0; i < sheet.GetWidgetCount(); ++i)
         m_signals.watch(sheet.GetWidgetAt(i)->GetName(), sheet.GetWidgetAt(i)->GetDelegate());
     m_signals.watch(sheet.GetName(), sheet.GetDelegate());
-    m_controls = rowControls(live.form());
+    m_controls = hostkit::rowControls(live.form());
     m_clock = std::make_unique<AutoApplyClock>(live.form());
     qApp->installEventFilter(this);
     live->Show();
@@ -602,7 +602,7 @@ bool FormDriver::visible(const QString& row)
     const int index = find(row).row;
     if (index < 0)
         return false;
-    const RowControl& control = m_controls.at(index);
+    const hostkit::RowControl& control = m_controls.at(index);
     return std::any_of(control.widgets.cbegin(), control.widgets.cend(),
                        [](const QPointer<QWidget>& widget) { return widget && widget->isVisible(); }) ||
            (control.widgets.isEmpty() && control.caption && control.caption->isVisible());

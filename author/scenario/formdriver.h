@@ -6,8 +6,8 @@
 #include "signalrecorder.h"
 
 #include <author/live/liveform.h>
-#include <author/live/rowcontrols.h>
 #include <author/parameters/formrows.h>
+#include <hostkit/rowcontrols.h>
 
 #include <QObject>
 #include <QScriptValue>
@@ -168,7 +168,7 @@ private:
     FormRows m_rows;
     SignalRecorder m_signals;
     std::unique_ptr<AutoApplyClock> m_clock;
-    QVector<RowControl> m_controls;
+    QVector<hostkit::RowControl> m_controls;
     ScenarioResult m_failure;
     QStringList m_exceptions;
     ScenarioPlace m_exceptionPlace;
