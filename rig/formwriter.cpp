@@ -10,8 +10,9 @@ namespace radio {
 
 namespace {
 
-const char* const groups[] = {tuningGroup,      modeGroup, meterGroup, receiverGroup, audioGroup,
-                              transmitterGroup, toneGroup, scopeGroup, functionGroup, radioGroup};
+const char* const groups[] = {tuningGroup,   modeGroup,        meterGroup, receiverGroup,
+                              audioGroup,    transmitterGroup, toneGroup,  scopeGroup,
+                              functionGroup, extraGroup,       radioGroup};
 
 /** A name that the script can use: letters, digits and "_". */
 QString identifier(const QString& text)

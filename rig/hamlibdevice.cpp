@@ -30,6 +30,26 @@ QString textOf(const Parameter& parameter, const value_t& value)
     return parameter.whole ? QString::number(value.i) : QString::number(static_cast<double>(value.f), 'f', 6);
 }
 
+QString hertzText(freq_t hertz)
+{
+    return QString::number(hertz, 'f', 0);
+}
+
+QString modeText(rmode_t mode, pbwidth_t width)
+{
+    return QStringLiteral("%1 %2").arg(QLatin1String(rig_strrmode(mode))).arg(width);
+}
+
+rmode_t modeIn(const QString& modeAndWidth)
+{
+    return rig_parse_mode(modeAndWidth.section(QLatin1Char(' '), 0, 0).toLatin1().constData());
+}
+
+pbwidth_t widthIn(const QString& modeAndWidth)
+{
+    return modeAndWidth.section(QLatin1Char(' '), 1, 1).toLong();
+}
+
 } // namespace
 
 HamlibDevice::HamlibDevice(const HamlibSettings& settings, const QList<Parameter>& parameters)
@@ -121,6 +141,11 @@ Answer HamlibDevice::get(const Parameter& parameter)
     case Call::RepeaterOffset:
         result = getOffset(parameter, &text);
         break;
+    case Call::Split:
+    case Call::TransmitFrequency:
+    case Call::TransmitMode:
+        result = getTransmitter(parameter, &text);
+        break;
     default:
         result = getTuning(parameter, &text);
         break;
@@ -130,21 +155,31 @@ Answer HamlibDevice::get(const Parameter& parameter)
 
 int HamlibDevice::getNumber(const Parameter& parameter, QString* text)
 {
-    const QByteArray word = parameter.word.toLatin1();
     value_t value;
     value.i = 0;
-    int result = RIG_OK;
-    if (parameter.call == Call::Function) {
-        result = rig_get_func(m_rig, RIG_VFO_CURR, rig_parse_func(word.constData()), &value.i);
+    const int result = getSetting(parameter, &value);
+    if (parameter.call == Call::Function)
         *text = value.i ? QStringLiteral("1") : QStringLiteral("0");
-        return result;
-    }
-    if (parameter.call == Call::Level)
-        result = rig_get_level(m_rig, RIG_VFO_CURR, rig_parse_level(word.constData()), &value);
     else
-        result = rig_get_parm(m_rig, rig_parse_parm(word.constData()), &value);
-    *text = textOf(parameter, value);
+        *text = textOf(parameter, value);
     return result;
+}
+
+int HamlibDevice::getSetting(const Parameter& parameter, value_t* value)
+{
+    const QByteArray word = parameter.word.toLatin1();
+    const bool isExtra = parameter.token != 0;
+    switch (parameter.call) {
+    case Call::Function:
+        return isExtra ? rig_get_ext_func(m_rig, RIG_VFO_CURR, parameter.token, &value->i)
+                       : rig_get_func(m_rig, RIG_VFO_CURR, rig_parse_func(word.constData()), &value->i);
+    case Call::Level:
+        return isExtra ? rig_get_ext_level(m_rig, RIG_VFO_CURR, parameter.token, value)
+                       : rig_get_level(m_rig, RIG_VFO_CURR, rig_parse_level(word.constData()), value);
+    default:
+        return isExtra ? rig_get_ext_parm(m_rig, parameter.token, value)
+                       : rig_get_parm(m_rig, rig_parse_parm(word.constData()), value);
+    }
 }
 
 int HamlibDevice::getTone(const Parameter& parameter, QString* text)
@@ -179,12 +214,12 @@ int HamlibDevice::getTuning(const Parameter& parameter, QString* text)
     switch (parameter.call) {
     case Call::Frequency:
         result = rig_get_freq(m_rig, RIG_VFO_CURR, &frequency);
-        *text = QString::number(frequency, 'f', 0);
+        *text = hertzText(frequency);
         break;
     case Call::Mode:
     case Call::Passband:
         result = rig_get_mode(m_rig, RIG_VFO_CURR, &mode, &width);
-        *text = QStringLiteral("%1 %2").arg(QLatin1String(rig_strrmode(mode))).arg(width);
+        *text = modeText(mode, width);
         break;
     case Call::Vfo:
         result = rig_get_vfo(m_rig, &vfo);
@@ -221,6 +256,28 @@ int HamlibDevice::getOffset(const Parameter& parameter, QString* text)
     return result;
 }
 
+int HamlibDevice::getTransmitter(const Parameter& parameter, QString* text)
+{
+    split_t split = RIG_SPLIT_OFF;
+    vfo_t vfo = RIG_VFO_NONE;
+    freq_t frequency = 0;
+    rmode_t mode = RIG_MODE_NONE;
+    pbwidth_t width = 0;
+    int result = RIG_OK;
+    if (parameter.call == Call::TransmitFrequency) {
+        result = rig_get_split_freq(m_rig, RIG_VFO_CURR, &frequency);
+        *text = hertzText(frequency);
+    } else if (parameter.call == Call::TransmitMode) {
+        result = rig_get_split_mode(m_rig, RIG_VFO_CURR, &mode, &width);
+        *text = modeText(mode, width);
+    } else {
+        result = rig_get_split_vfo(m_rig, RIG_VFO_CURR, &split, &vfo);
+        *text =
+            QStringLiteral("%1 %2").arg(split == RIG_SPLIT_ON ? 1 : 0).arg(QLatin1String(rig_strvfo(vfo)));
+    }
+    return result;
+}
+
 Answer HamlibDevice::set(const Parameter& parameter, const QString& text)
 {
     switch (parameter.call) {
@@ -233,6 +290,10 @@ Answer HamlibDevice::set(const Parameter& parameter, const QString& text)
     case Call::DcsCode:
     case Call::DcsSquelch:
         return answerTo(setTone(parameter, text));
+    case Call::Split:
+    case Call::TransmitFrequency:
+    case Call::TransmitMode:
+        return answerTo(setTransmitter(parameter, text));
     default:
         return answerTo(setTuning(parameter, text));
     }
@@ -240,13 +301,24 @@ Answer HamlibDevice::set(const Parameter& parameter, const QString& text)
 
 int HamlibDevice::setNumber(const Parameter& parameter, const QString& text)
 {
+    return setSetting(parameter, valueOf(parameter, text));
+}
+
+int HamlibDevice::setSetting(const Parameter& parameter, const value_t& value)
+{
     const QByteArray word = parameter.word.toLatin1();
-    if (parameter.call == Call::Function)
-        return rig_set_func(m_rig, RIG_VFO_CURR, rig_parse_func(word.constData()), text.toInt());
-    const value_t value = valueOf(parameter, text);
-    if (parameter.call == Call::Level)
-        return rig_set_level(m_rig, RIG_VFO_CURR, rig_parse_level(word.constData()), value);
-    return rig_set_parm(m_rig, rig_parse_parm(word.constData()), value);
+    const bool isExtra = parameter.token != 0;
+    switch (parameter.call) {
+    case Call::Function:
+        return isExtra ? rig_set_ext_func(m_rig, RIG_VFO_CURR, parameter.token, value.i)
+                       : rig_set_func(m_rig, RIG_VFO_CURR, rig_parse_func(word.constData()), value.i);
+    case Call::Level:
+        return isExtra ? rig_set_ext_level(m_rig, RIG_VFO_CURR, parameter.token, value)
+                       : rig_set_level(m_rig, RIG_VFO_CURR, rig_parse_level(word.constData()), value);
+    default:
+        return isExtra ? rig_set_ext_parm(m_rig, parameter.token, value)
+                       : rig_set_parm(m_rig, rig_parse_parm(word.constData()), value);
+    }
 }
 
 int HamlibDevice::setTone(const Parameter& parameter, const QString& text)
@@ -263,7 +335,7 @@ int HamlibDevice::setTone(const Parameter& parameter, const QString& text)
 
 int HamlibDevice::setTuning(const Parameter& parameter, const QString& text)
 {
-    const QByteArray word = text.section(QLatin1Char(' '), 0, 0).toLatin1();
+    const QByteArray word = text.toLatin1();
     const long number = text.toLong();
     value_t option;
     option.i = 0;
@@ -272,8 +344,7 @@ int HamlibDevice::setTuning(const Parameter& parameter, const QString& text)
         return rig_set_freq(m_rig, RIG_VFO_CURR, text.toDouble());
     case Call::Mode:
     case Call::Passband:
-        return rig_set_mode(m_rig, RIG_VFO_CURR, rig_parse_mode(word.constData()),
-                            text.section(QLatin1Char(' '), 1, 1).toLong());
+        return rig_set_mode(m_rig, RIG_VFO_CURR, modeIn(text), widthIn(text));
     case Call::Vfo:
         return rig_set_vfo(m_rig, rig_parse_vfo(word.constData()));
     case Call::RepeaterShift:
@@ -292,6 +363,17 @@ int HamlibDevice::setTuning(const Parameter& parameter, const QString& text)
     default:
         return -RIG_EINVAL;
     }
+}
+
+int HamlibDevice::setTransmitter(const Parameter& parameter, const QString& text)
+{
+    if (parameter.call == Call::TransmitFrequency)
+        return rig_set_split_freq(m_rig, RIG_VFO_CURR, text.toDouble());
+    if (parameter.call == Call::TransmitMode)
+        return rig_set_split_mode(m_rig, RIG_VFO_CURR, modeIn(text), widthIn(text));
+    return rig_set_split_vfo(m_rig, RIG_VFO_CURR,
+                             text.startsWith(QLatin1Char('1')) ? RIG_SPLIT_ON : RIG_SPLIT_OFF,
+                             rig_parse_vfo(text.section(QLatin1Char(' '), 1, 1).toLatin1().constData()));
 }
 
 } // namespace radio

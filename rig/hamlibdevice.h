@@ -35,11 +35,15 @@ private:
     hostkit::Answer configure();
     hostkit::Answer answerTo(int result, const QString& text = QString());
     int getNumber(const Parameter& parameter, QString* text);
+    int getSetting(const Parameter& parameter, value_t* value);
     int getTuning(const Parameter& parameter, QString* text);
     int getOffset(const Parameter& parameter, QString* text);
+    int getTransmitter(const Parameter& parameter, QString* text);
     int getTone(const Parameter& parameter, QString* text);
     int setNumber(const Parameter& parameter, const QString& text);
+    int setSetting(const Parameter& parameter, const value_t& value);
     int setTuning(const Parameter& parameter, const QString& text);
+    int setTransmitter(const Parameter& parameter, const QString& text);
     int setTone(const Parameter& parameter, const QString& text);
 
     const HamlibSettings m_settings;

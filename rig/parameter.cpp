@@ -1,5 +1,6 @@
 #include "parameter.h"
 
+#include "extras.h"
 #include "words.h"
 
 #include <QMap>
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 namespace radio {
 
@@ -80,6 +82,19 @@ QString scopeModeName(int mode)
     }
 }
 
+/** One list of a model stands for one region; the first that is filled is taken. */
+QList<freq_range_t> firstFilled(std::initializer_list<const freq_range_t*> lists)
+{
+    QList<freq_range_t> ranges;
+    for (const freq_range_t* const list : lists) {
+        for (int i = 0; i < HAMLIB_FRQRANGESIZ && !RIG_IS_FRNG_END(list[i]); ++i)
+            ranges.append(list[i]);
+        if (!ranges.isEmpty())
+            break;
+    }
+    return ranges;
+}
+
 /** Tells over one model's capabilities, part by part. */
 class Survey
 {
@@ -99,6 +114,7 @@ public:
         addTones();
         addSettings(m_caps.has_get_func, m_caps.has_set_func, &Survey::addFunction);
         addSettings(m_caps.has_get_parm, m_caps.has_set_parm, &Survey::addSetting);
+        m_parameters += extrasOf(m_caps);
         for (Parameter& parameter : m_parameters)
             dropTwins(parameter.choices);
         return m_parameters;
@@ -109,8 +125,12 @@ private:
 
     void gatherRanges();
     void addTuning();
+    QList<Choice> vfoChoices() const;
     void addVfos();
     void addFrequency(double step);
+    void addSplit(double step);
+    static void takeRange(Parameter& parameter, const QList<freq_range_t>& ranges, double step);
+    static QList<Choice> modeChoices(rmode_t modes);
     QList<Choice> stepChoices() const;
     void addOffset(const char* path, const char* caption, Call call, bool readable, double lowest,
                    double highest);
@@ -132,31 +152,32 @@ private:
     QList<Choice> scopeChoices(const QString& word) const;
     static QList<Choice> decibels(const int* list);
     QList<Choice> agcChoices() const;
-    QString rangeTip() const;
+    static QString words(const QList<freq_range_t>& ranges);
     static void dropTwins(QList<Choice>& choices);
 
     const rig_caps& m_caps;
     QList<Parameter> m_parameters;
     QList<freq_range_t> m_ranges;
+    QList<freq_range_t> m_transmitRanges;
     rmode_t m_modes = 0;
+    rmode_t m_transmitModes = 0;
     vfo_t m_vfos = 0;
     ant_t m_antennas = 0;
 };
 
 void Survey::gatherRanges()
 {
-    for (const freq_range_t* list : {m_caps.rx_range_list1, m_caps.rx_range_list2, m_caps.rx_range_list3,
-                                     m_caps.rx_range_list4, m_caps.rx_range_list5}) {
-        // One list of a model stands for one region; the first that is filled is taken.
-        if (!m_ranges.isEmpty())
-            break;
-        for (int i = 0; i < HAMLIB_FRQRANGESIZ && !RIG_IS_FRNG_END(list[i]); ++i) {
-            m_ranges.append(list[i]);
-            m_modes |= list[i].modes;
-            m_vfos |= list[i].vfo;
-            m_antennas |= list[i].ant;
-        }
+    m_ranges = firstFilled({m_caps.rx_range_list1, m_caps.rx_range_list2, m_caps.rx_range_list3,
+                            m_caps.rx_range_list4, m_caps.rx_range_list5});
+    m_transmitRanges = firstFilled({m_caps.tx_range_list1, m_caps.tx_range_list2, m_caps.tx_range_list3,
+                                    m_caps.tx_range_list4, m_caps.tx_range_list5});
+    for (const freq_range_t& range : qAsConst(m_ranges)) {
+        m_modes |= range.modes;
+        m_vfos |= range.vfo;
+        m_antennas |= range.ant;
     }
+    for (const freq_range_t& range : qAsConst(m_transmitRanges))
+        m_transmitModes |= range.modes;
 }
 
 Parameter* Survey::add(const char* path, Call call, Look look, const char* group, const char* caption,
@@ -177,16 +198,16 @@ Parameter* Survey::add(const char* path, Call call, Look look, const char* group
     return &m_parameters.last();
 }
 
-QString Survey::rangeTip() const
+QString Survey::words(const QList<freq_range_t>& ranges)
 {
-    QStringList words;
-    for (const freq_range_t& range : m_ranges) {
-        words.append(
+    QStringList all;
+    for (const freq_range_t& range : ranges) {
+        all.append(
             QStringLiteral("%1 to %2")
                 .arg(hertzWords(static_cast<long>(range.startf)), hertzWords(static_cast<long>(range.endf))));
     }
-    words.removeDuplicates();
-    return QStringLiteral("Receives ") + words.join(QLatin1String(", "));
+    all.removeDuplicates();
+    return all.join(QLatin1String(", "));
 }
 
 // Some drivers list the same thing twice.
@@ -205,7 +226,8 @@ void Survey::addTuning()
 {
     addVfos();
     const QList<Choice> steps = stepChoices();
-    addFrequency(steps.isEmpty() ? 100.0 : steps.first().value.toDouble());
+    const double step = steps.isEmpty() ? 100.0 : steps.first().value.toDouble();
+    addFrequency(step);
     if (!steps.isEmpty() && m_caps.set_ts)
         add("Tuning/Step", Call::TuningStep, Look::Choice, tuningGroup, "Tuning step",
             "Step of the radio's tuning knob", m_caps.get_ts, true)
@@ -225,9 +247,10 @@ void Survey::addTuning()
     if (m_caps.set_rptr_offs)
         addOffset("Tuning/RepeaterOffset", "Repeater offset", Call::RepeaterOffset, m_caps.get_rptr_offs, 0.0,
                   mostHertzOffset);
+    addSplit(step);
 }
 
-void Survey::addVfos()
+QList<Choice> Survey::vfoChoices() const
 {
     QList<Choice> choices;
     for (int bit = 0; bit < vfoBits; ++bit) {
@@ -236,6 +259,12 @@ void Survey::addVfos()
         if (!word.isEmpty())
             choices.append({word, word});
     }
+    return choices;
+}
+
+void Survey::addVfos()
+{
+    const QList<Choice> choices = vfoChoices();
     if (choices.isEmpty())
         return;
     Parameter* const row = add("Tuning/VFO", Call::Vfo, Look::Choice, tuningGroup, "VFO",
@@ -252,14 +281,44 @@ void Survey::addFrequency(double step)
                                "", m_caps.get_freq, m_caps.set_freq);
     if (!row)
         return;
-    row->tip = rangeTip();
-    row->minimum = m_ranges.first().startf;
-    for (const freq_range_t& range : qAsConst(m_ranges)) {
-        row->minimum = std::min(row->minimum, range.startf);
-        row->maximum = std::max(row->maximum, range.endf);
+    row->tip = QStringLiteral("Receives ") + words(m_ranges);
+    takeRange(*row, m_ranges, step);
+}
+
+void Survey::takeRange(Parameter& parameter, const QList<freq_range_t>& ranges, double step)
+{
+    parameter.minimum = ranges.first().startf;
+    for (const freq_range_t& range : ranges) {
+        parameter.minimum = std::min(parameter.minimum, range.startf);
+        parameter.maximum = std::max(parameter.maximum, range.endf);
     }
-    row->step = step;
-    row->unit = QStringLiteral("Hz");
+    parameter.step = step;
+    parameter.unit = QStringLiteral("Hz");
+}
+
+// Hamlib tunes the transmitting VFO of radios that cannot do so by switching VFOs to and fro, while the
+// operator listens: those have no rows for it.
+void Survey::addSplit(double step)
+{
+    const QList<Choice> vfos = vfoChoices();
+    if (!m_caps.set_split_vfo || vfos.size() < 2 || m_transmitRanges.isEmpty())
+        return;
+    Parameter* const split = add("Tuning/Split", Call::Split, Look::Choice, tuningGroup, "Split",
+                                 "Transmit on another VFO than the receiver's", m_caps.get_split_vfo, true);
+    split->choices.append({QStringLiteral("Off"), QStringLiteral("Off")});
+    for (const Choice& vfo : vfos)
+        split->choices.append({QStringLiteral("Transmit on %1").arg(vfo.name), vfo.value});
+    if (m_caps.get_split_freq && m_caps.set_split_freq) {
+        Parameter* const row = add("Tuning/TransmitFrequency", Call::TransmitFrequency, Look::Frequency,
+                                   tuningGroup, "Transmit frequency", "", true, true);
+        row->tip = QStringLiteral("In split operation. Transmits ") + words(m_transmitRanges);
+        takeRange(*row, m_transmitRanges, step);
+    }
+    const QList<Choice> modes = modeChoices(m_transmitModes);
+    if (m_caps.get_split_mode && m_caps.set_split_mode && !modes.isEmpty())
+        add("Mode/TransmitMode", Call::TransmitMode, Look::Choice, modeGroup, "Transmit mode",
+            "Modulation in split operation", true, true)
+            ->choices = modes;
 }
 
 QList<Choice> Survey::stepChoices() const
@@ -285,22 +344,29 @@ void Survey::addOffset(const char* path, const char* caption, Call call, bool re
     row->unit = QStringLiteral("Hz");
 }
 
-void Survey::addModes()
+QList<Choice> Survey::modeChoices(rmode_t modes)
 {
-    QStringList words;
     QList<Choice> choices;
     for (int bit = 0; bit < modeBits; ++bit) {
         const rmode_t mode = CONSTANT_64BIT_FLAG(bit);
-        const QString word = m_modes & mode ? text(rig_strrmode(mode)) : QString();
-        if (word.isEmpty() || words.contains(word))
-            continue;
-        words.append(word);
-        choices.append({modeName(word), word});
+        const QString word = modes & mode ? text(rig_strrmode(mode)) : QString();
+        const auto isSame = [&word](const Choice& choice) { return choice.value == word; };
+        if (!word.isEmpty() && std::none_of(choices.begin(), choices.end(), isSame))
+            choices.append({modeName(word), word});
     }
-    if (words.isEmpty() || !add("Mode/Mode", Call::Mode, Look::Choice, modeGroup, "Mode", "Demodulation",
-                                m_caps.get_mode, m_caps.set_mode))
+    return choices;
+}
+
+void Survey::addModes()
+{
+    const QList<Choice> choices = modeChoices(m_modes);
+    if (choices.isEmpty() || !add("Mode/Mode", Call::Mode, Look::Choice, modeGroup, "Mode", "Demodulation",
+                                  m_caps.get_mode, m_caps.set_mode))
         return;
     m_parameters.last().choices = choices;
+    QStringList words;
+    for (const Choice& choice : choices)
+        words.append(choice.value);
     addPassbands(words);
 }
 
@@ -412,7 +478,7 @@ void Survey::addLevel(int bit, bool readable, bool writable)
     if (parameter.look == Look::Frequency && !m_ranges.isEmpty())
         parameter.maximum = std::max(m_ranges.last().endf, m_ranges.first().endf);
     if (parameter.look == Look::Number && parameter.maximum <= parameter.minimum)
-        parameter.maximum = parameter.minimum + 100.0;
+        parameter.maximum = parameter.minimum + rangeOfUnknown;
     m_parameters.append(parameter);
 }
 
@@ -493,6 +559,8 @@ void Survey::addFunction(int bit, bool readable, bool writable)
     parameter.path = QStringLiteral("Function/") + word;
     if (parameter.writable)
         parameter.look = Look::Switch;
+    else
+        parameter.choices = Parameter::offAndOn();
     m_parameters.append(parameter);
 }
 
@@ -566,18 +634,25 @@ QList<Parameter> parametersOf(const rig_caps& capabilities)
     return Survey(capabilities).take();
 }
 
+QList<Choice> Parameter::offAndOn()
+{
+    return {{QStringLiteral("off"), QStringLiteral("0")}, {QStringLiteral("on"), QStringLiteral("1")}};
+}
+
 QString Parameter::toForm(const QString& radioText) const
 {
     if (look == Look::Choice || look == Look::Switch)
         return radioText;
+    for (const Choice& choice : choices) {
+        if (choice.value == radioText)
+            return choice.name;
+    }
     bool ok = false;
     const double number = radioText.toDouble(&ok) * factor;
     if (!ok)
         return QString();
     if (word == QLatin1String("STRENGTH"))
         return strengthWords(number);
-    if (look == Look::Reading && call == Call::Function)
-        return number != 0.0 ? QStringLiteral("on") : QStringLiteral("off");
     QString shown = QString::number(number, 'f', decimals);
     if (shown.startsWith(QLatin1Char('-')) && shown.toDouble() == 0.0)
         shown.remove(0, 1);

@@ -21,6 +21,9 @@ enum class Call {
     RepeaterShift,
     RepeaterOffset,
     Antenna,
+    Split, ///< whether another VFO transmits, and which
+    TransmitFrequency,
+    TransmitMode,
     CtcssTone,
     CtcssSquelch,
     DcsCode,
@@ -50,6 +53,7 @@ struct Parameter
     Call call = Call::Level;
     Look look = Look::Number;
     QString word;      ///< Hamlib's name of a level, function or setting
+    token_t token = 0; ///< Hamlib's, of a level, function or setting that this model alone has; 0 for none
     QStringList modes; ///< of a passband: those it belongs to; empty for all
     QString group;     ///< title of its group
     QString caption;
@@ -67,8 +71,12 @@ struct Parameter
     int decimals = 0;
     QString unit;
 
-    QList<Choice> choices;
+    QList<Choice> choices; ///< of a reading: the words in place of its numbers
 
+    /** The words of a reading that is off or on. */
+    static QList<Choice> offAndOn();
+    /** Whether the radio tells, and takes, the name of a mode and the width of its filter. */
+    bool isMode() const { return call == Call::Mode || call == Call::Passband || call == Call::TransmitMode; }
     /** The radio's text in the form's way; null if it is no number where one is wanted. */
     QString toForm(const QString& radioText) const;
     /** The form's text in the radio's way; null likewise. */

@@ -52,6 +52,12 @@ QString commandOf(const Parameter& parameter)
         return QStringLiteral("rptr_offs");
     case Call::Antenna:
         return QStringLiteral("ant");
+    case Call::Split:
+        return QStringLiteral("split_vfo");
+    case Call::TransmitFrequency:
+        return QStringLiteral("split_freq");
+    case Call::TransmitMode:
+        return QStringLiteral("split_mode");
     case Call::CtcssTone:
         return QStringLiteral("ctcss_tone");
     case Call::CtcssSquelch:
@@ -305,7 +311,7 @@ Answer RigctldDevice::get(const Parameter& parameter)
     if (lines.isEmpty())
         return Answer::refused(QStringLiteral("an empty answer"));
     QString text = valueOf(lines.first());
-    if (parameter.call == Call::Mode || parameter.call == Call::Passband)
+    if (parameter.isMode() || parameter.call == Call::Split)
         text += QLatin1Char(' ') + valueOf(lines.value(1));
     if (parameter.call == Call::Antenna) {
         const int number = text.midRef(3).toInt(); // of "ANT2"

@@ -1,5 +1,7 @@
 #include "rigdevice.h"
 
+#include <algorithm>
+
 namespace radio {
 
 using hostkit::Answer;
@@ -9,9 +11,15 @@ namespace {
 const QLatin1String frequencyPath("Tuning/Frequency");
 const QLatin1String modePath("Mode/Mode");
 const QLatin1String anyPassbandPath("Mode/Passband");
+const QLatin1String vfoPath("Tuning/VFO");
+const QLatin1String transmitFrequencyPath("Tuning/TransmitFrequency");
+const QLatin1String transmitModePath("Mode/TransmitMode");
 
 /** All passbands of a round are told by one answer, in milliseconds. */
 constexpr int modeHolds = 50;
+
+/** Among the VFOs that may transmit: none but the receiver's. */
+const QLatin1String splitOff("Off");
 
 QString modeOf(const QString& modeAndWidth)
 {
@@ -21,6 +29,16 @@ QString modeOf(const QString& modeAndWidth)
 QString widthOf(const QString& modeAndWidth)
 {
     return modeAndWidth.section(QLatin1Char(' '), 1, 1);
+}
+
+/** Of what a radio tells, as much as the parameter is about. */
+QString ownPart(const Parameter& parameter, const QString& text)
+{
+    if (parameter.isMode())
+        return modeOf(text);
+    if (parameter.call != Call::Split)
+        return text;
+    return text.startsWith(QLatin1Char('1')) ? text.section(QLatin1Char(' '), 1, 1) : splitOff;
 }
 
 } // namespace
@@ -63,7 +81,7 @@ Answer RigDevice::read(const QString& path)
     const Answer answer = get(*found);
     if (answer.outcome != Answer::Done || answer.text.isNull())
         return answer;
-    const QString text = found->toForm(found->call == Call::Mode ? modeOf(answer.text) : answer.text);
+    const QString text = found->toForm(ownPart(*found, answer.text));
     return text.isNull() ? Answer::refused(QStringLiteral("unreadable answer: ") + answer.text)
                          : Answer::done(text);
 }
@@ -98,11 +116,24 @@ Answer RigDevice::write(const QString& path, const QString& text)
     m_modeUntil.setRemainingTime(0);
     if (found->call == Call::Passband)
         return writePassband(*found, text);
+    if (found->call == Call::Split)
+        return writeSplit(*found, text);
     const QString radioText = found->toRadio(text);
     if (radioText.isEmpty())
         return Answer::refused(QStringLiteral("no number"));
     // The width is left to the radio: that of the mode before seldom fits.
-    return set(*found, found->call == Call::Mode ? radioText + QLatin1String(" 0") : radioText);
+    return set(*found, found->isMode() ? radioText + QLatin1String(" 0") : radioText);
+}
+
+// Drivers want to know which VFO transmits also where that is the receiver's.
+Answer RigDevice::writeSplit(const Parameter& parameter, const QString& vfo)
+{
+    if (vfo != splitOff)
+        return set(parameter, QLatin1String("1 ") + vfo);
+    const auto row = m_parameters.constFind(vfoPath);
+    const bool tells = row != m_parameters.constEnd() && row->readable;
+    const Answer answer = tells ? get(*row) : Answer::done(parameter.choices.value(1).value);
+    return answer.outcome == Answer::Done ? set(parameter, QLatin1String("0 ") + answer.text) : answer;
 }
 
 Answer RigDevice::writePassband(const Parameter& parameter, const QString& width)
@@ -119,11 +150,16 @@ Answer RigDevice::writePassband(const Parameter& parameter, const QString& width
 QStringList RigDevice::affectedBy(const QString& path) const
 {
     const Parameter parameter = m_parameters.value(path);
+    QStringList others;
     if (parameter.call == Call::Mode)
-        return m_passbands;
-    if (parameter.call == Call::Vfo || parameter.word == QLatin1String("BAND_SELECT"))
-        return QStringList{frequencyPath, modePath} + m_passbands;
-    return {};
+        others = m_passbands;
+    else if (parameter.call == Call::Split)
+        others = QStringList{transmitFrequencyPath, transmitModePath};
+    else if (parameter.call == Call::Vfo || parameter.word == QLatin1String("BAND_SELECT"))
+        others = QStringList{frequencyPath, modePath} + m_passbands;
+    const auto isUnknown = [this](const QString& other) { return !knows(other); };
+    others.erase(std::remove_if(others.begin(), others.end(), isUnknown), others.end());
+    return others;
 }
 
 } // namespace radio

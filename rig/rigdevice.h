@@ -31,14 +31,17 @@ public:
     bool isLive(const QString& path) const;
 
 protected:
-    /** The radio's text, null if it has nothing to tell; of a mode, its name and its width with a blank
-     * between. */
+    /**
+     * The radio's text, null if it has nothing to tell. Two things have a blank between: a mode's name and
+     * its width; whether there is split operation, "1" or "0", and the VFO that transmits.
+     */
     virtual hostkit::Answer get(const Parameter& parameter) = 0;
     virtual hostkit::Answer set(const Parameter& parameter, const QString& text) = 0;
 
 private:
     hostkit::Answer getMode(const Parameter& parameter);
     hostkit::Answer readPassband(const Parameter& parameter);
+    hostkit::Answer writeSplit(const Parameter& parameter, const QString& vfo);
     hostkit::Answer writePassband(const Parameter& parameter, const QString& width);
 
     QHash<QString, Parameter> m_parameters; // by path

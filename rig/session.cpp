@@ -18,6 +18,13 @@ bool fail(QString* error, const QString& why)
     return false;
 }
 
+/** Two sessions of one program are two radios: the values of each have a place of their own. */
+QString nextPath()
+{
+    static int count = 0;
+    return QStringLiteral("/Radio%1").arg(++count);
+}
+
 std::shared_ptr<RigDevice> localDevice(const CommandLine& commandLine, const QList<Parameter>& parameters)
 {
     HamlibSettings settings;
@@ -61,7 +68,7 @@ bool Session::prepare(const CommandLine& commandLine, QString* error)
         form = parser.ParseZORVAFile(commandLine.form);
     if (!form)
         return fail(error, QStringLiteral("%1 is no form").arg(commandLine.form));
-    form->CreateValueTree(QStringLiteral("/Radio"));
+    form->CreateValueTree(nextPath());
     form->CreateGUI(true);
     return true;
 }

@@ -1,6 +1,8 @@
 #include "words.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace radio {
 
@@ -13,6 +15,7 @@ const char* const transmitterGroup = "Transmitter";
 const char* const toneGroup = "Tone and code squelch";
 const char* const scopeGroup = "Spectrum scope";
 const char* const functionGroup = "Functions";
+const char* const extraGroup = "Special to this model";
 const char* const radioGroup = "Radio";
 
 namespace {
@@ -144,6 +147,9 @@ const Words settings[] = {
     {"SCREENSAVER", "Screen saver", "", radioGroup, "min", 1, 0, 0, 1440, 1},
 };
 
+// Drivers list them beside what can be set. The first would key the transmitter.
+const char* const reports[] = {"txst", "ifctr", "audio", "dtmfpend", "dtmfovrr", "ctcssact", "dcsact"};
+
 struct ModeName
 {
     const char* word;
@@ -206,6 +212,12 @@ const Words* functionWords(const QString& word)
 const Words* settingWords(const QString& word)
 {
     return find(settings, word);
+}
+
+bool isReport(const QString& word)
+{
+    return std::any_of(std::begin(reports), std::end(reports),
+                       [&word](const char* report) { return word == QLatin1String(report); });
 }
 
 QString modeName(const QString& word)

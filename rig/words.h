@@ -15,6 +15,7 @@ extern const char* const transmitterGroup;
 extern const char* const toneGroup;
 extern const char* const scopeGroup;
 extern const char* const functionGroup;
+extern const char* const extraGroup;
 extern const char* const radioGroup;
 
 /** What radio people call one of Hamlib's levels, functions or parms, and how its number reads. */
@@ -36,6 +37,12 @@ struct Words
 const Words* levelWords(const QString& word);
 const Words* functionWords(const QString& word);
 const Words* settingWords(const QString& word);
+
+/** Whether what a model calls a setting, by that word, is nothing to be set: the radio reports it. */
+bool isReport(const QString& word);
+
+/** The width of a range that nobody tells. */
+constexpr double rangeOfUnknown = 100.0;
 
 /** "Upper sideband" for "USB"; the word itself if there is no better one. */
 QString modeName(const QString& word);

@@ -2,12 +2,11 @@
 #define ZORVA_TESTS_LIVETEST_H
 
 #include "formtest.h"
+#include "operator.h"
 #include "rigctld.h"
 
 #include <hostkit/formrows.h>
 #include <rig/rigctlddevice.h>
-#include <rig/session.h>
-#include <rig/window.h>
 
 #include <QAbstractSpinBox>
 #include <QPushButton>
@@ -22,10 +21,10 @@ class LiveTest : public FormTest
 
 protected:
     std::unique_ptr<Rigctld> m_daemon;
-    radio::Session m_session;
-    std::unique_ptr<radio::Window> m_window;
+    Operator m_operator;
+    radio::Session& m_session = m_operator.session;
+    std::unique_ptr<radio::Window>& m_window = m_operator.window;
 
-    /// Starts daemon, form and window, with `address` in place of the daemon's if given.
     void startDaemon()
     {
         m_daemon = std::make_unique<Rigctld>();
@@ -35,58 +34,39 @@ protected:
     /// for each answer, in milliseconds.
     void openWindow(const QString& address, const QString& form = QString(), int patience = 2000)
     {
-        radio::CommandLine commandLine;
-        commandLine.rigctld = address;
-        commandLine.form = form;
-        commandLine.model = RIG_MODEL_DUMMY;
-        QString error;
-        QVERIFY2(m_session.prepare(commandLine, &error), qPrintable(error));
+        QCOMPARE(m_operator.prepare(address, form), QString());
         radio::Endpoint endpoint;
         QVERIFY(radio::Endpoint::parse(address, &endpoint));
-        m_session.device = std::make_shared<radio::RigctldDevice>(
-            endpoint, radio::parametersOf(*m_session.model.capabilities), patience);
-        m_window = std::make_unique<radio::Window>(m_session.model.title(), m_session.form, m_session.device);
-        m_window->link().link().setPauses(20, 100);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-        QSignalSpy all(&m_window->link(), &hostkit::FormLink::readAll);
-        m_window->start();
+        showAndRead(m_operator, std::make_shared<radio::RigctldDevice>(
+                                    endpoint, radio::parametersOf(*m_session.model.capabilities), patience));
+    }
+    /// Shows the window of somebody who is prepared, and waits until the radio is read.
+    static void showAndRead(Operator& somebody, const std::shared_ptr<radio::RigDevice>& device = nullptr)
+    {
+        somebody.show(device);
+        QVERIFY(QTest::qWaitForWindowExposed(somebody.window.get()));
+        QSignalSpy all(&somebody.window->link(), &hostkit::FormLink::readAll);
+        somebody.window->start();
         QTRY_COMPARE_WITH_TIMEOUT(all.count(), 1, longTime);
     }
     void closeAll()
     {
-        if (m_window)
-            QVERIFY(m_window->link().link().stop(longTime));
-        m_window.reset();
-        m_session = radio::Session();
+        QVERIFY(m_operator.leave(longTime));
         m_daemon.reset();
     }
 
-    QString shown(const char* path) const
-    {
-        return hostkit::shownText(*m_session.form, QString::fromLatin1(path));
-    }
-    hostkit::RowState state(const char* path) const
-    {
-        return m_window->link().states().state(QString::fromLatin1(path));
-    }
+    QString shown(const char* path) const { return m_operator.shown(QString::fromLatin1(path)); }
+    hostkit::RowState state(const char* path) const { return m_operator.state(QString::fromLatin1(path)); }
     QWidget* control(const char* name) const
     {
         return m_window->findChild<QWidget*>(QString::fromLatin1(name));
     }
-    /// Types into a row of a number, from its beginning, and leaves it on Return.
+    /// Types into a row of a number, from its beginning.
     void type(const char* name, const char* keys) const
     {
-        auto* const box = m_window->findChild<QAbstractSpinBox*>(QString::fromLatin1(name));
-        QVERIFY(box);
-        box->setFocus();
-        box->selectAll();
-        QTest::keyClicks(box, QString::fromLatin1(keys));
+        QVERIFY(m_operator.type(QString::fromLatin1(name), QString::fromLatin1(keys)));
     }
-    void apply() const
-    {
-        QTest::mouseClick(m_window->findChild<QPushButton*>(QStringLiteral("applyButton")), Qt::LeftButton);
-    }
+    void apply() const { m_operator.apply(); }
     void write(const char* path, const QString& text) const
     {
         m_session.form->SetVTValue(QString::fromLatin1(path), text, nullptr, true);

@@ -7,6 +7,7 @@
 #include <rig/hamlibdevice.h>
 #include <rig/models.h>
 #include <rig/session.h>
+#include <rig/words.h>
 
 #include <valueframework/valuenumeric.h>
 #include <valueframework/valueselection.h>
@@ -70,6 +71,53 @@ bool edit(Orvane::ZorvaDelegate& row)
                choice->SelectIndex(choice->GetCurrentIndex() == 0 ? 1 : 0, nullptr);
     auto* const flag = dynamic_cast<values::ValueBool*>(value);
     return flag && flag->SetValue(!flag->GetValue(), nullptr);
+}
+
+QStringList extraWords(const confparams* list, const int* own, const char* folder)
+{
+    QStringList paths;
+    for (; list && list->token != RIG_CONF_END; ++list) {
+        const int* token = own;
+        while (token && *token > 0 && *token != list->token)
+            ++token;
+        const bool isOwn = !own || *token > 0;
+        const bool isShown = list->type == RIG_CONF_NUMERIC || list->type == RIG_CONF_CHECKBUTTON ||
+                             list->type == RIG_CONF_COMBO;
+        if (isOwn && isShown)
+            paths.append(QLatin1String(folder) + QString::fromLatin1(list->name));
+    }
+    return paths;
+}
+
+/// Paths of what the capabilities have and `paths` lacks.
+QStringList missingPaths(const rig_caps& caps, const QSet<QString>& paths)
+{
+    QStringList wanted;
+    for (int bit = 0; bit < 63; ++bit) {
+        const setting_t flag = CONSTANT_64BIT_FLAG(bit);
+        const QString level = QString::fromLatin1(rig_strlevel(flag));
+        const QString function = QString::fromLatin1(rig_strfunc(flag));
+        const QString setting = QString::fromLatin1(rig_strparm(flag));
+        // A meter that can be set and not read shows nothing.
+        const bool isMeter = level.isEmpty() || radio::levelWords(level)->group == radio::meterGroup;
+        if ((caps.has_get_level & flag || (caps.has_set_level & flag && !isMeter)) && !level.isEmpty())
+            wanted.append(QStringLiteral("Level/") + level);
+        if ((caps.has_get_func | caps.has_set_func) & flag && !function.isEmpty())
+            wanted.append(QStringLiteral("Function/") + function);
+        if ((caps.has_get_parm | caps.has_set_parm) & flag && !setting.isEmpty())
+            wanted.append(QStringLiteral("Setting/") + setting);
+    }
+    const bool isDummy = caps.rig_model == RIG_MODEL_DUMMY || caps.rig_model == RIG_MODEL_DUMMY_NOVFO;
+    if ((caps.get_ext_level || caps.set_ext_level) && !isDummy)
+        wanted += extraWords(caps.extlevels, caps.ext_tokens, "Level/");
+    if (caps.get_ext_func || caps.set_ext_func)
+        wanted += extraWords(caps.extfuncs, caps.ext_tokens, "Function/");
+    if (caps.get_ext_parm || caps.set_ext_parm)
+        wanted += extraWords(caps.extparms, caps.ext_tokens, "Setting/");
+    wanted.replaceInStrings(QStringLiteral("/5"), QStringLiteral("/_5"));
+    const auto isThere = [&paths](const QString& path) { return paths.contains(path); };
+    wanted.erase(std::remove_if(wanted.begin(), wanted.end(), isThere), wanted.end());
+    return wanted;
 }
 
 } // namespace
@@ -143,6 +191,127 @@ private Q_SLOTS:
                 names.insert(parameter.rowName());
             }
         }
+    }
+
+    // What Hamlib has a name for, radio people have one for, too.
+    void noWordIsUnknown()
+    {
+        for (int bit = 0; bit < 63; ++bit) {
+            const setting_t flag = CONSTANT_64BIT_FLAG(bit);
+            const QString level = QString::fromLatin1(rig_strlevel(flag));
+            const QString function = QString::fromLatin1(rig_strfunc(flag));
+            const QString setting = QString::fromLatin1(rig_strparm(flag));
+            QVERIFY2(level.isEmpty() || radio::levelWords(level), qPrintable(level));
+            QVERIFY2(function.isEmpty() || radio::functionWords(function), qPrintable(function));
+            QVERIFY2(setting.isEmpty() || radio::settingWords(setting), qPrintable(setting));
+        }
+    }
+
+    // A level, function or setting that Hamlib tells of and no row stands for would go unnoticed.
+    void everyCapabilityHasItsRow()
+    {
+        const QList<radio::Model> all = radio::models();
+        for (const radio::Model& model : all) {
+            const rig_caps& caps = *model.capabilities;
+            QSet<QString> paths;
+            const QList<radio::Parameter> parameters = radio::parametersOf(caps);
+            for (const radio::Parameter& parameter : parameters)
+                paths.insert(parameter.path);
+            const QString wanted = missingPaths(caps, paths).join(QLatin1Char(' '));
+            QVERIFY2(wanted.isEmpty(), qPrintable(model.title() + QStringLiteral(": ") + wanted));
+        }
+    }
+
+    void extrasOfAModel_data()
+    {
+        QTest::addColumn<uint>("model");
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<QString>("kind");
+        QTest::newRow("check box among the levels") << 2029u << "Level/essb"
+                                                    << "ESSB"
+                                                    << "CheckBox";
+        QTest::newRow("choice") << 1035u << "Level/APF_WIDTH"
+                                << "APF width"
+                                << "ComboBox";
+        QTest::newRow("dummy's levels, over which it falls") << 1u << "Level/MGL" << QString() << QString();
+        QTest::newRow("function") << 1u << "Function/MGEF"
+                                  << "Magic ext func"
+                                  << "CheckBox";
+        QTest::newRow("setting") << 1u << "Setting/MGP"
+                                 << "Magic parm"
+                                 << "DoubleSpinBox";
+        QTest::newRow("button: holds nothing") << 2029u << "Level/ritclr" << QString() << QString();
+        QTest::newRow("whole number") << 1035u << "Level/CONTOUR_LEVEL"
+                                      << "Contour level"
+                                      << "SpinBox";
+        QTest::newRow("report of a transmitter") << 2029u << "Level/txst"
+                                                 << "TX status"
+                                                 << "Label";
+        QTest::newRow("word that begins with a digit") << 3052u << "Setting/_5khzwin"
+                                                       << "Toggle 5kHz Search Window"
+                                                       << "CheckBox";
+        QTest::newRow("split") << 1u << "Tuning/Split"
+                               << "Split"
+                               << "ComboBox";
+        QTest::newRow("transmit frequency") << 1u << "Tuning/TransmitFrequency"
+                                            << "Transmit frequency"
+                                            << "FrequencyEdit";
+        QTest::newRow("transmit mode") << 1u << "Mode/TransmitMode"
+                                       << "Transmit mode"
+                                       << "ComboBox";
+        QTest::newRow("no split without a transmitter") << 3039u << "Tuning/Split" << QString() << QString();
+    }
+    void extrasOfAModel()
+    {
+        QFETCH(uint, model);
+        QFETCH(QString, path);
+        QFETCH(QString, caption);
+        radio::Model found;
+        QVERIFY(radio::findModel(model, &found));
+        Orvane::ZorvaParser parser;
+        const hostkit::FormLink::Form form(parser.ParseZORVA(radio::formFor(found)));
+        const auto row = hostkit::rowOf(*form, path);
+        QCOMPARE(row ? hostkit::captionOf(*row) : QString(), caption);
+        QTEST(row ? row->GetClass() : QString(), "kind");
+    }
+
+    // Hamlib's own way, without a daemon.
+    void extrasAndSplitOfALocalRadio_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("level") << "Level/MGL"
+                               << "0.125";
+        QTest::newRow("level that is off or on") << "Level/MGF"
+                                                 << "1";
+        QTest::newRow("level that is a choice") << "Level/MGC"
+                                                << "2";
+        QTest::newRow("function") << "Function/MGEF"
+                                  << "1";
+        QTest::newRow("setting") << "Setting/MGP"
+                                 << "0.750";
+        QTest::newRow("split") << "Tuning/Split"
+                               << "VFOB";
+        QTest::newRow("split off") << "Tuning/Split"
+                                   << "Off";
+        QTest::newRow("transmit frequency") << "Tuning/TransmitFrequency"
+                                            << "7100000";
+        QTest::newRow("transmit mode") << "Mode/TransmitMode"
+                                       << "LSB";
+    }
+    void extrasAndSplitOfALocalRadio()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, text);
+        radio::Model model;
+        QVERIFY(radio::findModel(RIG_MODEL_DUMMY, &model));
+        rig_caps capabilities = *model.capabilities;
+        capabilities.rig_model = RIG_MODEL_NONE; // no dummy, so that its levels count
+        ModelOnDummy device(*m_dummy, radio::parametersOf(capabilities));
+        const Answer written = device.write(path, text);
+        QVERIFY2(written.outcome == Answer::Done, qPrintable(written.text));
+        QCOMPARE(device.read(path).text, text);
     }
 
     void listFindsByNumberMakerAndName()
