@@ -10,7 +10,7 @@
 #include <author/files/wholefile.h>
 
 #include <QCoreApplication>
-#include <QDirIterator>
+#include <QDir>
 #include <QFileInfo>
 
 #include <cstdio>
@@ -61,7 +61,7 @@ bool takeFailOn(const QString& word, Arguments& arguments)
 bool takeExplained(const QString& word, Arguments& arguments)
 {
     arguments.explained = word;
-    return !word.isEmpty();
+    return true;
 }
 
 /** Empty if all is well, else what is wrong with the words. */
@@ -95,6 +95,8 @@ QString parse(const QStringList& words, Arguments& arguments)
             return QStringLiteral("check: unknown option \"%1\"; see \"zorva check --help\"").arg(word);
         const bool joined = word.contains(QLatin1Char('='));
         const QString value = joined ? word.mid(name.size() + 1) : words.value(++i);
+        if (value.isEmpty())
+            return QStringLiteral("check: %1 needs a value; see \"zorva check --help\"").arg(name);
         if (!option->take(value, arguments))
             return QStringLiteral("check: \"%1\" is nothing for %2; see \"zorva check --help\"")
                 .arg(value, name);
@@ -104,10 +106,8 @@ QString parse(const QStringList& words, Arguments& arguments)
 
 int explain(const QString& id)
 {
-    if (const Rule* const rule = findRule(id)) {
-        print(explanation(*rule));
-        return Clean;
-    }
+    if (const Rule* const rule = findRule(id))
+        return printBytes(explanation(*rule).toLocal8Bit());
     const QString near = nearest(id, ruleIds());
     return fail(QStringLiteral("check: there is no rule \"%1\"; %2")
                     .arg(id, near.isEmpty()
@@ -156,21 +156,38 @@ public:
         m_report->end();
         if (m_checked == 0)
             fail(QStringLiteral("check: nothing was checked"));
-        return m_failed || m_checked == 0 ? Misuse : m_found ? Findings : Clean;
+        const bool isTold = printBytes(QByteArray()) == Clean;
+        return m_failed || m_checked == 0 || !isTold ? Misuse : m_found ? Findings : Clean;
     }
 
 private:
     void checkFolder(const QString& folder)
     {
         QStringList files;
-        QDirIterator walk(folder, {QStringLiteral("*.zorva")}, QDir::Files, QDirIterator::Subdirectories);
-        while (walk.hasNext())
-            files.append(walk.next());
+        collectFiles(folder, files);
         files.sort();
         if (files.isEmpty())
             complain(QStringLiteral("no *.zorva file below \"%1\"").arg(folder));
         for (const QString& file : qAsConst(files))
             checkFile(file);
+    }
+
+    /** What cannot be looked at, such as a link that leads nowhere, must not look like checked. */
+    void collectFiles(const QString& folder, QStringList& files)
+    {
+        const QDir directory(folder);
+        if (!directory.isReadable())
+            complain(QStringLiteral("cannot read the folder \"%1\"").arg(folder));
+        for (const QFileInfo& entry :
+             directory.entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)) {
+            const bool isForm = entry.fileName().endsWith(QLatin1String(".zorva"));
+            if (entry.isDir() && !entry.isSymLink())
+                collectFiles(entry.filePath(), files);
+            else if (isForm && entry.isFile())
+                files.append(entry.filePath());
+            else if (isForm && !entry.isDir())
+                complain(QStringLiteral("cannot read \"%1\": it is no file").arg(entry.filePath()));
+        }
     }
 
     void checkFile(const QString& name)
@@ -208,10 +225,8 @@ int run(const QStringList& words)
         return fail(wrong);
     if (!arguments.explained.isEmpty())
         return explain(arguments.explained);
-    if (arguments.rules) {
-        toStandardOutput(rulePage().toUtf8());
-        return Clean;
-    }
+    if (arguments.rules)
+        return printBytes(rulePage().toUtf8());
     if (arguments.forms.isEmpty())
         return fail(QStringLiteral("check: no form given; see \"zorva check --help\""));
     return Run(arguments).over(arguments.forms);

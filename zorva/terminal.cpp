@@ -18,7 +18,8 @@ void print(const QString& text)
 int printBytes(const QByteArray& bytes)
 {
     const auto size = static_cast<size_t>(bytes.size());
-    const bool written = std::fwrite(bytes.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0;
+    const bool written = std::fwrite(bytes.constData(), 1, size, stdout) == size &&
+                         std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
     return written ? Clean : fail(QStringLiteral("cannot write to the standard output"));
 }
 

@@ -1,7 +1,9 @@
 #include "families.h"
 #include "subject.h"
 
+#include <QRegularExpression>
 #include <QSet>
+#include <QTextCodec>
 
 namespace Orvane {
 namespace Author {
@@ -29,51 +31,56 @@ const QVector<Rule> rules{
   <Sheet name="audio"/>
 </KVParamGui>)"},
     {"unreadable-encoding", Severity::Error, "bytes that the encoding does not have",
-     "The file says (or leaves unsaid, which means UTF-8) how its letters are written in bytes, and there "
-     "are bytes "
-     "that mean nothing in that encoding. The engine then reads nothing. Save the file in the encoding that "
-     "its "
-     "first line names.",
-     nullptr, nullptr},
+     "The file says (or leaves unsaid, which means UTF-8) how its letters are written in bytes. Here it "
+     "names an encoding that nobody knows, or there are bytes that mean nothing in it, as when an editor "
+     "saved the file otherwise than its first line says. The engine then reads nothing, and there is no "
+     "form. Save the file as UTF-8 and let its first line say so.",
+     R"(<?xml version="1.0" encoding="ISO-99"?>
+<KVParamGui version="1.0">
+  <Sheet name="audio"/>
+</KVParamGui>)",
+     R"(<?xml version="1.0" encoding="UTF-8"?>
+<KVParamGui version="1.0">
+  <Sheet name="audio"/>
+</KVParamGui>)"},
     {"not-well-formed", Severity::Error, "the text is no XML from here on",
      "The engine reads up to the first place where the text breaks the rules of XML and leaves out all that "
-     "follows, "
-     "without a word. Usually a tag is not ended, a quote is missing, or `&` or `<` stands for itself in a "
-     "text.",
-     R"(<Widget name="volume" class="SpinBox">
-  <Property name="labelText"><String>Volume & Tone</String></Property>
+     "follows, without a word. Usually a tag is not ended, a quote is missing, or `&` or `<` stands for "
+     "itself in a text.",
+     R"(<Widget name="volume" class="Label">
+  <Property name="text"><String>Volume & Tone</String></Property>
 </Widget>)",
      R"(<Widget name="volume" class="Label">
   <Property name="text"><String>Volume &amp; Tone</String></Property>
-  <Property name="visible"><Bool>true</Bool></Property>
-  <Property name="enabled"><Bool>true</Bool></Property>
 </Widget>)"},
     {"root-in-wrapper", Severity::Error, "the form stands inside another element",
-     "`KVParamGui` is found inside a wrapper, but nothing of the wrapper counts, and what a later tool makes "
-     "of such "
-     "a file is anybody's guess. Make `KVParamGui` the outermost element.",
+     "`KVParamGui` is found inside another element, of which nothing counts. The form comes up, but the "
+     "schema, editors and later tools do not expect it there. Make `KVParamGui` the outermost element.",
      R"(<Forms>
   <KVParamGui version="1.0"><Sheet name="audio"/></KVParamGui>
 </Forms>)",
      R"(<KVParamGui version="1.0"><Sheet name="audio"/></KVParamGui>)"},
     {"several-roots", Severity::Error, "more than one form in one file",
-     "Only one `KVParamGui` of a file becomes a form. Put each form into a file of its own.",
+     "Of several `KVParamGui` in a file only the last one becomes a form; nothing is left of the others, "
+     "their rows included. Put each form into a file of its own.",
      R"(<Forms>
   <KVParamGui version="1.0"><Sheet name="audio"/></KVParamGui>
   <KVParamGui version="1.0"><Sheet name="video"/></KVParamGui>
 </Forms>)",
      R"(<KVParamGui version="1.0"><Sheet name="video"/></KVParamGui>)"},
     {"unknown-element", Severity::Error, "an element that the language does not have",
-     "The engine skips what it does not know with all that it holds. Names of elements are exact, with case.",
+     "The engine skips an element that it does not know in this place, with all that it holds: a misspelt "
+     "`Sheet` costs all rows. Names of elements are exact, with case. Correct the name, or move the element "
+     "to where it belongs.",
      R"(<KVParamGui version="1.0">
-  <Enum>
-    <EnumValue/>
-  </Enum>
-  <Sheet name="audio"/>
+  <sheet name="audio">
+    <Widget name="tone" class="Label"/>
+  </sheet>
 </KVParamGui>)",
      R"(<KVParamGui version="1.0">
-  <Enums/>
-  <Sheet name="audio"/>
+  <Sheet name="audio">
+    <Widget name="tone" class="Label"/>
+  </Sheet>
 </KVParamGui>)"},
     {"stray-element", Severity::Error, "an element that cuts everything behind it off",
      "A row and a block of properties hold `Property` and `CustomProperties` and nothing else. The engine "
@@ -149,15 +156,33 @@ const QVector<Rule> rules{
   <Sheet name="audio"/>
 </KVParamGui>)"},
     {"not-read", Severity::Error, "an element that does not reach the form",
-     "Something else in the document keeps the engine from reading this element; other findings may say "
-     "what. "
-     "Compare its place with the table of elements of the form language.",
-     nullptr, nullptr},
+     "It stands where the engine takes it for something else, as for the value of a property, or does not "
+     "come to it at all; other findings may say why. Move it to its place: the form-language page has a "
+     "table of what may stand where.",
+     R"(<Widget name="volume" class="Label">
+  <Property name="text"><Enum name="Modes"/></Property>
+</Widget>)",
+     R"(<Widget name="volume" class="Label">
+  <Property name="text"><String>Modes</String></Property>
+</Widget>)"},
     {"cut-script", Severity::Error, "a script that does not arrive whole",
-     "The form holds less than what is written here, because reading stops within the script. A script that "
-     "is cut "
-     "seldom compiles, and one that does not compile does nothing at all.",
-     nullptr, nullptr},
+     "The form holds less of the script than is written here, because reading stops within it. A script that "
+     "is cut seldom compiles, and one that does not compile does nothing at all. Put the code into a CDATA "
+     "section, where `<` and `&` are letters like others.",
+     R"(<KVParamGui version="1.0">
+  <Sheet name="audio"/>
+  <Script language="QtScript">
+    var lowest = 1;
+    <b>var highest = 9;</b>
+  </Script>
+</KVParamGui>)",
+     R"(<KVParamGui version="1.0">
+  <Sheet name="audio"/>
+  <Script language="QtScript"><![CDATA[
+    var lowest = 1;
+    var highest = 9;
+  ]]></Script>
+</KVParamGui>)"},
     {"doubled-property", Severity::Warning, "a property given twice",
      "Of two properties with one name the later one counts. Remove the one that is not meant.",
      R"(<Widget name="volume" class="Label">
@@ -231,6 +256,7 @@ private:
     }
 
     void checkForm();
+    Range unknownEncoding() const;
     void reportBreak(const Problem* problem, int place);
     void checkRoots();
     void reportNoForm();
@@ -262,8 +288,30 @@ void DocumentCheck::reportBreak(const Problem* problem, int place)
                      QStringLiteral("the XML breaks here: %1").arg(m_subject.reading().brokenBy()));
 }
 
+/** Where the XML declaration names an encoding that there is none of; empty otherwise. */
+Range DocumentCheck::unknownEncoding() const
+{
+    constexpr int longest = 1024;
+    static const QRegularExpression declaration(
+        QStringLiteral("\\A<\\?xml\\s[^>]*?\\sencoding\\s*=\\s*[\"']([^\"'>]+)[\"']"));
+    const QRegularExpressionMatch match = declaration.match(m_subject.source().text().left(longest));
+    if (!match.hasMatch() || QTextCodec::codecForName(match.captured(1).toLatin1()))
+        return Range();
+    return {match.capturedStart(1), match.capturedEnd(1)};
+}
+
 void DocumentCheck::checkForm()
 {
+    const Range encoding = unknownEncoding();
+    if (encoding.end > 0 && !m_subject.reading().hasForm()) {
+        const QString name = m_subject.source().text().mid(encoding.begin, encoding.end - encoding.begin);
+        m_subject.report(
+            "unreadable-encoding", encoding,
+            QStringLiteral("nobody here knows the encoding `%1`; save the file as UTF-8 and say so")
+                .arg(name),
+            -1, QStringLiteral("UTF-8"));
+        return;
+    }
     const int unreadable = m_subject.source().firstUnreadable();
     if (unreadable >= 0 && !m_subject.reading().hasForm()) {
         m_subject.report("unreadable-encoding", {unreadable, unreadable + 1},

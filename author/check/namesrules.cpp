@@ -34,7 +34,16 @@ const QVector<Rule> rules{
   </Enums>
   <Sheet name="audio"/>
 </KVParamGui>)",
-     nullptr},
+     R"(<KVParamGui version="1.0">
+  <Enums>
+    <Enum name="Modes">
+      <EnumValue><DisplayName>AM</DisplayName><EnumIdentifier>AM</EnumIdentifier><Value>1</Value></EnumValue>
+      <EnumValue><DisplayName>FM</DisplayName><EnumIdentifier>FM</EnumIdentifier><Value>2</Value></EnumValue>
+    </Enum>
+  </Enums>
+  <Sheet name="audio"/>
+  <Script language="QtScript">var mode = Modes.FM;</Script>
+</KVParamGui>)"},
     {"property-name", Severity::Warning, "a property name that cannot work",
      "Qt names properties in bytes, so letters beyond Latin-1 all become the same question mark; and the "
      "engine uses some "

@@ -21,8 +21,7 @@ namespace {
 const QVector<Rule> rules{
     {"unknown-class", Severity::Error, "a row of no known class",
      "The row shows its caption and has no control, no value and no parameters. Names of classes are exact, "
-     "with case; "
-     "`zorva kinds` lists them.",
+     "with case; `zorva kinds` lists them. In an overlay rows have no class: allow it there with a comment.",
      R"(<Widget name="gain" class="Spinbox"/>)", NUMBER(SET("minimum", "0") SET("maximum", "9"))},
     {"misspelt-property", Severity::Warning, "a property that looks like another one",
      "The class does not know the property, but one that is written nearly so. The text is kept on the row "
@@ -46,14 +45,15 @@ const QVector<Rule> rules{
   </CustomProperties>
 </Widget>)"},
     {"inert-property", Severity::Note, "a property without effect",
-     "The class knows the property and keeps it for scripts and hosts, but nothing comes of it on the form.",
+     "The class knows the property and keeps it for scripts and hosts, but nothing comes of it on the form. "
+     "Remove it, or allow it with a comment that says who reads it.",
      R"(<Widget name="line" class="Separator">
   <Property name="applyMode"><String>ekInstantApplyMode</String></Property>
 </Widget>)",
      R"(<Widget name="line" class="Separator"/>)"},
     {"missing-property", Severity::Warning, "a row without what its class needs",
      "The class does nothing sensible without this property: a choice without an enumeration, a list without "
-     "items.",
+     "items. Give it; `zorva kinds CLASS` says what it means.",
      R"(<Widget name="gap" class="FixedSpacer"/>)",
      R"(<Widget name="gap" class="FixedSpacer">
   <Property name="height"><Int>8</Int></Property>

@@ -15,19 +15,31 @@ QString indented(const char* snippet)
     return text;
 }
 
+/** @p text in lines of a terminal. */
+QString wrapped(const QString& text)
+{
+    constexpr int widest = 79;
+    QString lines;
+    int width = 0;
+    for (const QString& word : text.split(QLatin1Char(' '))) {
+        const bool fits = width == 0 || width + 1 + word.size() <= widest;
+        lines += width == 0 ? QString() : QString(fits ? QLatin1Char(' ') : QLatin1Char('\n'));
+        width = fits && width > 0 ? width + 1 + word.size() : word.size();
+        lines += word;
+    }
+    return lines;
+}
+
 QString block(const char* heading, const char* snippet)
 {
-    return snippet ? QStringLiteral("\n%1\n\n```xml\n%2\n```\n")
-                         .arg(QLatin1String(heading), QString::fromUtf8(snippet))
-                   : QString();
+    return QStringLiteral("\n%1\n\n```xml\n%2\n```\n")
+        .arg(QLatin1String(heading), QString::fromUtf8(snippet));
 }
 
 } // namespace
 
 QString wholeDescription(const char* snippet)
 {
-    if (!snippet)
-        return QString();
     const QString text = QString::fromUtf8(snippet);
     if (text.contains(QLatin1String("<KVParamG")))
         return text + QLatin1Char('\n');
@@ -40,12 +52,9 @@ QString explanation(const Rule& rule)
 {
     QString text = QStringLiteral("%1 (%2): %3\n\n%4\n")
                        .arg(QLatin1String(rule.id), severityName(rule.severity),
-                            QString::fromUtf8(rule.title), QString::fromUtf8(rule.explanation));
-    if (rule.bad)
-        text += QStringLiteral("\nNot so:\n\n%1").arg(indented(rule.bad));
-    if (rule.good)
-        text += QStringLiteral("\nBut so:\n\n%1").arg(indented(rule.good));
-    return text;
+                            QString::fromUtf8(rule.title), wrapped(QString::fromUtf8(rule.explanation)));
+    text += QStringLiteral("\nNot so:\n\n%1").arg(indented(rule.bad));
+    return text + QStringLiteral("\nBut so:\n\n%1").arg(indented(rule.good));
 }
 
 QString rulePage()

@@ -8,7 +8,7 @@
 namespace Orvane {
 namespace Author {
 
-/** A rule's snippet as a whole description; null if the rule has none. */
+/** A rule's snippet as a whole description. */
 QString wholeDescription(const char* snippet);
 /** All about a rule, for a terminal. */
 QString explanation(const Rule& rule);

@@ -32,18 +32,23 @@ const QVector<Rule> rules{
      FORM("let on = mute.checked;"), FORM("var on = mute.checked;")},
     {"script-exception", Severity::Error, "a script that fails at start-up",
      "The script ends at this line: what it did before stays, all that follows, connections included, is "
-     "missing.",
-     nullptr, FORM("mute.setChecked(true);")},
+     "missing. The message says what the script language found; mostly a name or a slot is not what it is "
+     "thought to be.",
+     FORM("mute.check(true);"), FORM("mute.setChecked(true);")},
     {"script-endless", Severity::Error, "a script that does not end",
      "The script runs in the thread of the user interface, so the program that shows the form hangs for "
-     "ever.",
-     nullptr, FORM("for (var i = 0; i < 10; ++i) mute.setChecked(true);")},
+     "ever. A script cannot wait for the user or the device: connect a handler to a signal instead.",
+     FORM("while (!mute.checked) {}"), FORM("mute.toggled.connect(function(on) { print(on); });")},
     {"script-memory", Severity::Error, "a script that takes more memory than a form may",
      "The program that shows the form runs out of memory. Look for a list or a text that grows in a loop.",
-     nullptr, FORM("mute.setChecked(true);")},
+     FORM("var lines = [];\nwhile (true) lines.push(\"line \" + lines.length);"),
+     FORM("var lines = [];\nwhile (lines.length < 10) lines.push(\"line \" + lines.length);")},
     {"script-crash", Severity::Error, "a script that brings the interpreter down",
-     "The program that shows the form ends with it. Endless recursion is the usual reason.", nullptr,
-     FORM("mute.setChecked(true);")},
+     "The program that shows the form ends with it. Recursion without end does not do that, it is an "
+     "exception; a regular expression that is nested very deeply does. Leave out one statement after the "
+     "other to find the one that does it.",
+     FORM("new RegExp(new Array(100000).join(\"(\") + new Array(100000).join(\")\"));"),
+     FORM("new RegExp(\"(a(b))\");")},
     {"unknown-global", Severity::Warning, "a name that nothing bears",
      "The form has no row, enumeration or sheet of that name, and the script does not declare it. At "
      "start-up the script "

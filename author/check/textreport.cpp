@@ -60,7 +60,8 @@ private:
     QString text(const CheckedFile& file, const Finding& finding) const
     {
         const Place place = file.source.place(finding.range.begin);
-        const QString where = QStringLiteral("%1:%2:%3:").arg(file.file).arg(place.line).arg(place.column);
+        const QString where =
+            QStringLiteral("%1:%2:%3:").arg(harmless(file.file)).arg(place.line).arg(place.column);
         QString whole = in(bold, where) + QLatin1Char(' ') +
                         in(colourOf(finding.severity), severityName(finding.severity) + QLatin1Char(':')) +
                         QLatin1Char(' ') + harmless(finding.message) +

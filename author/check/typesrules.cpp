@@ -22,8 +22,8 @@ const QVector<Rule> rules{
 </Widget>)"},
     {"number-text", Severity::Warning, "a number that cannot be read",
      "A text that is no number, has a decimal comma, or does not fit into the number that the row keeps "
-     "counts as not "
-     "given: the row takes its default. Write digits, a point, and an exponent if need be.",
+     "counts as not given: the row takes its default. Write digits, a point, and an exponent if need be. A "
+     "truth counts as 1 or 0, and infinity is nothing that a device can be set to.",
      R"(<Widget name="volume" class="Separator">
   <Property name="margin"><Int>4,5</Int></Property>
 </Widget>)",
@@ -31,9 +31,9 @@ const QVector<Rule> rules{
   <Property name="margin"><Int>4</Int></Property>
 </Widget>)"},
     {"type-name", Severity::Note, "a type that the language does not have",
-     "The engine takes the text as it stands under any name but `Bool`, so nothing is lost; but a misspelt "
-     "`Bool` is a text, "
-     "and readers wonder. The types are `Bool`, `Int`, `Int64`, `UInt64`, `Double` and `String`.",
+     "The value counts as text, which comes to the same for words and numbers. But a truth in a misspelt "
+     "`Bool` is true for every text that is not empty, `0` or `false`. The types are `Bool`, `Int`, `Int64`, "
+     "`UInt64`, `Double` and `String`.",
      R"(<Widget name="volume" class="Separator">
   <Property name="margin"><Integer>4</Integer></Property>
 </Widget>)",

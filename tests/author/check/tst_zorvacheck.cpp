@@ -1,5 +1,7 @@
 #include "checktest.h"
 
+#include <author/check/families.h>
+#include <author/check/ruletexts.h>
 #include <author/check/scripttrial.h>
 
 #include <QFile>
@@ -132,6 +134,51 @@ private Q_SLOTS:
         QCOMPARE(outcome.output.count("[unknown-element]"), 2);
     }
 
+    void whatCannotBeReadBelowAFolderIsTold()
+    {
+        QTemporaryDir folder;
+        QFile made(folder.filePath(QStringLiteral("one.zorva")));
+        QVERIFY(made.open(QIODevice::WriteOnly));
+        made.write(clean);
+        made.close();
+        QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("folder.zorva")));
+        QVERIFY(QFile::link(folder.path(), folder.filePath(QStringLiteral("round.zorva"))));
+        QCOMPARE(runZorva({folder.path()}).code, 0);
+        const QString lost = folder.filePath(QStringLiteral("lost.zorva"));
+        QVERIFY(QFile::link(QStringLiteral("/nowhere/form.zorva"), lost));
+        const Outcome outcome = runZorva({folder.path()});
+        QCOMPARE(outcome.code, 2);
+        QVERIFY(outcome.errors.contains(lost.toLocal8Bit()));
+    }
+
+    void aReportThatNobodyGetsIsAFailure_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        const QString form = file("form.zorva", clean);
+        QTest::newRow("json") << QStringList{QStringLiteral("--format=json"), form};
+        QTest::newRow("text") << QStringList{file("wrong.zorva", wrong)};
+        QTest::newRow("a rule") << QStringList{QStringLiteral("--explain"), QStringLiteral("no-form")};
+        QTest::newRow("all rules") << QStringList{QStringLiteral("--rules")};
+    }
+
+    void aReportThatNobodyGetsIsAFailure()
+    {
+        QFETCH(QStringList, arguments);
+        QProcess process;
+        process.setStandardOutputFile(QStringLiteral("/dev/full"));
+        process.start(QStringLiteral(ZORVA_PROGRAM), QStringList{QStringLiteral("check")} + arguments);
+        QVERIFY(process.waitForFinished(500000));
+        QCOMPARE(process.exitCode(), 2);
+        QVERIFY(process.readAllStandardError().contains("cannot write"));
+    }
+
+    void namesOfFilesCannotCommandATerminal()
+    {
+        const Outcome outcome = runZorva({file("a\x1b[31mb.zorva", wrong)});
+        QCOMPARE(outcome.code, 1);
+        QVERIFY(!outcome.output.contains('\x1b'));
+    }
+
     void oneUnreadableFileLeavesTheOthersChecked()
     {
         const Outcome outcome = runZorva({QStringLiteral("/nowhere/form.zorva"), file("form.zorva", wrong)});
@@ -221,6 +268,25 @@ private Q_SLOTS:
             withScript("var a = []; while (true) a.push(\"xxxxxxxxxxxxxxxx\" + a.length);");
         QCOMPARE(runner.run(hungry).end, ScriptTrial::Hungry);
         QCOMPARE(runner.run(withScript("var a = 1;")).end, ScriptTrial::Done);
+    }
+
+    void snippetsOfTheRulesEndAsTheySay_data()
+    {
+        QTest::addColumn<QString>("id");
+        for (const char* const id : {"script-exception", "script-endless", "script-memory", "script-crash"})
+            QTest::newRow(id) << QString::fromLatin1(id);
+    }
+
+    void snippetsOfTheRulesEndAsTheySay()
+    {
+        QFETCH(QString, id);
+        ScriptRunner runner(QStringLiteral(ZORVA_PROGRAM), {QStringLiteral("serve-scripts")});
+        runner.setBounds(id == QLatin1String("script-endless") ? 1000 : 60000, qint64(400) << 20);
+        const Rule* const rule = findRule(id);
+        const CheckedFile bad = check(id, wholeDescription(rule->bad).toUtf8(), &runner);
+        QVERIFY(!bad.findings.isEmpty());
+        QCOMPARE(bad.findings.constFirst().id, id);
+        QVERIFY(check(id, wholeDescription(rule->good).toUtf8(), &runner).findings.isEmpty());
     }
 
     void aProcessThatDiesIsToldAndReplaced()
