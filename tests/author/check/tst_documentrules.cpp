@@ -121,8 +121,7 @@ protected:
               "foreign-namespace 1:2", "");
         whole("a prefix for nothing", "<KVParamGui xmlns:x=\"urn:x\"><Sheet name=\"s\"/></KVParamGui>", "",
               "");
-        whole("an encoding that nobody has",
-              "<?xml version=\"1.0\" encoding=\"ISO-99\"?>\n<KVParamGui/>",
+        whole("an encoding that nobody has", "<?xml version=\"1.0\" encoding=\"ISO-99\"?>\n<KVParamGui/>",
               "unreadable-encoding 1:31, no-form 2:1", "");
         whole("a prefix that nothing explains", "<x:KVParamGui/>", "no-form 1:1, not-well-formed 1:15", "");
         rows("two mistakes, one behind the other",
