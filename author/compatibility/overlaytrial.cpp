@@ -3,6 +3,7 @@
 #include <author/document/replay.h>
 #include <author/kinds/kindtable.h>
 #include <author/live/liveform.h>
+#include <author/live/scriptbound.h>
 
 #include <zorvaparser/zorvadelegate.h>
 #include <zorvaparser/zorvaenum.h>
@@ -266,12 +267,16 @@ OverlayEnumeration refilled(ZorvaFormular& form, const ReadEnumeration& filled, 
 
 } // namespace
 
-OverlayTrial::OverlayTrial(const QByteArray& form, const QByteArray& overlay)
+OverlayTrial::OverlayTrial(const QByteArray& form, const QByteArray& overlay, int longest)
 {
-    LiveForm live(SourceText(form).engineBytes(), LiveForm::Built);
+    LiveForm live(SourceText(form).engineBytes(), LiveForm::Read);
     m_exists = live.exists();
     if (!m_exists)
         return;
+    QScriptEngine* const engine = live.engine();
+    if (engine && longest > 0)
+        ScriptBound::putOn(*engine, longest, [this] { m_wasStopped = true; });
+    live.bring(LiveForm::Built);
     const Description description{SourceText(overlay)};
     const ZorvaSheet& sheet = live->GetSheet();
     const OverlayReading reading(description, rowNames(sheet));

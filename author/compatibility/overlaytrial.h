@@ -46,11 +46,16 @@ struct OverlayLoss
 class OverlayTrial
 {
 public:
-    /** Both are files as they are stored. */
-    OverlayTrial(const QByteArray& form, const QByteArray& overlay);
+    /**
+     * Both are files as they are stored. The form's script is stopped after @p longest milliseconds; at
+     * 0 nobody stops it.
+     */
+    OverlayTrial(const QByteArray& form, const QByteArray& overlay, int longest = 0);
 
     /** False if the description makes no form: then there is nothing else. */
     bool exists() const { return m_exists; }
+    /** True if code of the form was stopped, at start or in what it does on a change: the rest is seen. */
+    bool wasStopped() const { return m_wasStopped; }
     const QVector<OverlayChange>& changes() const { return m_changes; }
     const QVector<OverlayEnumeration>& enumerations() const { return m_enumerations; }
     const QVector<OverlayLoss>& losses() const { return m_losses; }
@@ -59,6 +64,7 @@ public:
 
 private:
     bool m_exists = false;
+    bool m_wasStopped = false;
     QVector<OverlayChange> m_changes;
     QVector<OverlayEnumeration> m_enumerations;
     QVector<OverlayLoss> m_losses;

@@ -32,12 +32,6 @@ void PreviewForm::build(const QString& overlay)
     m_firstTexts = unsentTexts();
 }
 
-bool PreviewForm::isRunning() const
-{
-    const QScriptEngine* const engine = m_live.engine();
-    return engine && engine->isEvaluating();
-}
-
 QVector<ZorvaDelegate*> PreviewForm::delegates() const
 {
     QVector<ZorvaDelegate*> delegates;

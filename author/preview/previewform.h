@@ -42,7 +42,7 @@ public:
     QWidget* window() const { return form().GetGUI(); }
 
     /** True while code of its script runs: then it must not go. */
-    bool isRunning() const;
+    bool isRunning() const { return m_log.isRunning(); }
 
     /** Parameter XML of all rows, or of the changed ones: what would be sent. Null if that is nothing. */
     QString parameters(bool modifiedOnly) const;

@@ -434,6 +434,7 @@ void PreviewWindow::build(std::unique_ptr<PreviewForm> fresh, const QByteArray& 
     }
     connect(&fresh->log(), &ScriptLog::printed, this, [this](const QString& text) { sayOfScript(text, 0); });
     connect(&fresh->log(), &ScriptLog::threw, this, &PreviewWindow::sayOfScript);
+    fresh->log().setBound(m_options.longestScript);
     fresh->build(m_useOverlay->isChecked() ? SourceText(m_overlayBytes).text() : QString());
     QVector<KeptAside> aside = m_carryover.give(*fresh);
     setUpdatesEnabled(false);
@@ -668,10 +669,11 @@ QByteArray PreviewWindow::readOverlay()
 void PreviewWindow::showOverlay()
 {
     m_overlayList->clear();
-    // The copy would run it, too, with nobody to stop it.
-    if (m_overlayBytes.isEmpty() || m_form->log().hasStopped())
+    if (m_overlayBytes.isEmpty())
         return;
-    const OverlayTrial trial(m_stored, m_overlayBytes);
+    const OverlayTrial trial(m_stored, m_overlayBytes, m_options.longestScript);
+    if (trial.wasStopped())
+        m_overlayList->add({QStringLiteral("script"), ScriptLog::stoppedText(m_options.longestScript)});
     for (const OverlayEnumeration& entries : trial.enumerations()) {
         m_overlayList->add({entries.name, QStringLiteral("enumeration"),
                             entries.before.join(QLatin1String(", ")),

@@ -39,6 +39,7 @@ struct PreviewOptions
     QStringList translationFolders; // beside the description's own
     QString scriptProgram;          // runs scripts for the problems; empty: they are only read
     QStringList scriptArguments;
+    int longestScript = ScriptLog::longest; // milliseconds that scripts of the form may run at a time
 };
 
 /**

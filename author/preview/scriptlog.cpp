@@ -1,11 +1,10 @@
 #include "scriptlog.h"
 
-#include <QAbstractEventDispatcher>
-#include <QElapsedTimer>
+#include <author/live/scriptbound.h>
+
 #include <QPointer>
 #include <QScriptContext>
 #include <QScriptEngine>
-#include <QScriptEngineAgent>
 
 #include <utility>
 
@@ -13,62 +12,6 @@ namespace Orvane {
 namespace Author {
 
 namespace {
-
-/**
- * Ends code that runs for too long. The interpreter lets the event loop turn when code has
- * been running for a while; a turn that waited for nothing is one of those. Knows the line, too, which
- * exceptions that are no Error do not.
- */
-class Bound : public QScriptEngineAgent
-{
-public:
-    Bound(QScriptEngine& engine, ScriptLog* log)
-        : QScriptEngineAgent(&engine)
-        , m_log(log)
-    {
-        m_turn.start();
-        auto* const loop = QAbstractEventDispatcher::instance();
-        if (!loop)
-            return;
-        QObject::connect(loop, &QAbstractEventDispatcher::aboutToBlock, &m_receiver,
-                         [this] { m_isIdle = true; });
-        QObject::connect(loop, &QAbstractEventDispatcher::awake, &m_receiver, [this] { turn(); });
-    }
-
-    void scriptLoad(qint64, const QString&, const QString&, int) override { m_turn.start(); }
-
-    void positionChange(qint64, int line, int) override
-    {
-        if (m_log)
-            m_log->setLine(line);
-        constexpr int often = 256; // statements between two looks at the clock
-        if (++m_statements % often == 0)
-            look();
-    }
-
-private:
-    void turn()
-    {
-        if (m_isIdle || !engine()->isEvaluating())
-            m_turn.start();
-        m_isIdle = false;
-        look();
-    }
-
-    void look()
-    {
-        if (!m_log || m_turn.elapsed() < m_log->bound() || !engine()->isEvaluating())
-            return;
-        m_turn.start();
-        m_log->stop(*engine());
-    }
-
-    QPointer<ScriptLog> m_log;
-    QObject m_receiver; // ends the connections when it goes
-    QElapsedTimer m_turn;
-    int m_statements = 0;
-    bool m_isIdle = false;
-};
 
 QScriptValue printTo(QScriptContext* context, QScriptEngine* engine)
 {
@@ -92,8 +35,10 @@ void ScriptLog::listenTo(QScriptEngine& engine)
         function.setData(engine.newQObject(this));
         globals.setProperty(name, function);
     }
-    engine.setAgent(new Bound(engine, this)); // owned by the engine
-    engine.setProcessEventsInterval(m_bound);
+    m_code = ScriptBound::putOn(engine, m_bound, [log = QPointer<ScriptLog>(this)] {
+        if (log)
+            log->tellStopped();
+    });
     connect(&engine, &QScriptEngine::signalHandlerException, this, &ScriptLog::tellThrown);
 }
 
@@ -104,24 +49,31 @@ void ScriptLog::tellUncaught(QScriptEngine& engine)
     m_isStopping = false;
 }
 
+bool ScriptLog::isRunning() const
+{
+    return m_code && m_code->isRunning();
+}
+
 void ScriptLog::tellThrown(const QScriptValue& exception)
 {
     // Told already, with better words.
     if (std::exchange(m_isStopping, false))
         return;
     const QScriptValue line = exception.property(QStringLiteral("lineNumber"));
-    Q_EMIT threw(exception.toString(), line.isNumber() ? line.toInt32() : m_line);
+    Q_EMIT threw(exception.toString(), line.isNumber() ? line.toInt32() : m_code->line());
 }
 
-void ScriptLog::stop(QScriptEngine& engine)
+void ScriptLog::tellStopped()
 {
     m_hasStopped = true;
     // It goes on until the interpreter looks, perhaps for as long again.
     if (!std::exchange(m_isStopping, true))
-        Q_EMIT threw(
-            QStringLiteral("stopped: it ran for more than %1 seconds without an end").arg(m_bound / 1000.0),
-            m_line);
-    engine.abortEvaluation();
+        Q_EMIT threw(stoppedText(m_bound), m_code->line());
+}
+
+QString ScriptLog::stoppedText(int bound)
+{
+    return QStringLiteral("stopped: it ran for more than %1 seconds without an end").arg(bound / 1000.0);
 }
 
 } // namespace Author

@@ -10,6 +10,8 @@ class QScriptValue;
 namespace Orvane {
 namespace Author {
 
+class ScriptBound;
+
 /**
  * Hears what the script of one form says: what it prints, what it throws, and that it had to
  * be stopped, since a script that does not end would take the window with it.
@@ -21,7 +23,7 @@ class ScriptLog : public QObject
 public:
     using QObject::QObject;
 
-    /** Milliseconds that code may run without the event loop; then it is stopped. */
+    /** Milliseconds that code may run between two turns of the event loop; then it is stopped. */
     static constexpr int longest = 2000;
 
     /**
@@ -34,12 +36,12 @@ public:
     /** Milliseconds for all runs; before listenTo(). */
     void setBound(int milliseconds) { m_bound = milliseconds; }
     int bound() const { return m_bound; }
+    /** True while code runs. Only while the engine lives that it listens to. */
+    bool isRunning() const;
     /** True once code was stopped. */
     bool hasStopped() const { return m_hasStopped; }
-    /** Code runs for too long. It is told once, however often this is called until it has ended. */
-    void stop(QScriptEngine& engine);
-    /** The line of the code at which it is, from 1. */
-    void setLine(int line) { m_line = line; }
+    /** What is told of code that was stopped after @p bound milliseconds. */
+    static QString stoppedText(int bound);
 
 Q_SIGNALS:
     /** The script printed a line. */
@@ -49,9 +51,10 @@ Q_SIGNALS:
 
 private:
     void tellThrown(const QScriptValue& exception);
+    void tellStopped();
 
+    ScriptBound* m_code = nullptr; // not owned: goes with the engine; null without one
     int m_bound = longest;
-    int m_line = 0;
     bool m_hasStopped = false;
     bool m_isStopping = false;
 };

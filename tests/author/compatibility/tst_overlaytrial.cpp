@@ -60,6 +60,8 @@ private Q_SLOTS:
     void losses();
     void enumerations();
     void scriptIsStored();
+    void aScriptWithoutAnEndIsStopped_data();
+    void aScriptWithoutAnEndIsStopped();
     void text();
     void anyDamageEnds();
 };
@@ -164,6 +166,31 @@ void TestOverlayTrial::scriptIsStored()
     QCOMPARE(OverlayTrial(form, overlay("\n<Script>1</Script>")).scriptLine(), 3);
     QCOMPARE(OverlayTrial(form, overlay("")).scriptLine(), 0);
     QVERIFY(!OverlayTrial("nothing", overlay("")).exists());
+}
+
+void TestOverlayTrial::aScriptWithoutAnEndIsStopped_data()
+{
+    QTest::addColumn<QByteArray>("code");
+    QTest::addColumn<bool>("isStopped");
+    QTest::newRow("at start") << QByteArray("while (true);") << true;
+    QTest::newRow("when the overlay changes a property")
+        << QByteArray("remark.textChanged.connect(function() { for (;;) {} });") << true;
+    QTest::newRow("one that ends") << QByteArray("remark.textChanged.connect(function() {});") << false;
+}
+
+void TestOverlayTrial::aScriptWithoutAnEndIsStopped()
+{
+    QFETCH(QByteArray, code);
+    QFETCH(bool, isStopped);
+    constexpr int longest = 50;
+    const QByteArray scripted =
+        QByteArray(form).replace("</KVParamGui>", "<Script>" + code + "</Script></KVParamGui>");
+    const OverlayTrial trial(scripted,
+                             overlay("<Sheet><Widget name=\"remark\"><Property name=\"text\">"
+                                     "<String>b</String></Property></Widget></Sheet>"),
+                             longest);
+    QCOMPARE(trial.wasStopped(), isStopped);
+    QCOMPARE(changesOf(trial), QStringLiteral("remark.text >b @2; remark. >b @0"));
 }
 
 void TestOverlayTrial::text()
