@@ -12,8 +12,8 @@ assistive_packages="at-spi2-core dbus-daemon python3-pyatspi"
 radio_packages="libhamlib-dev"
 # The daemon and client that its tests use.
 radio_test_packages="libhamlib-utils"
-# An editor that speaks to the language server, and the colours of others.
-editor_packages="neovim libkf5syntaxhighlighting-tools"
+# Editors that speak to the language server, and the colours of others.
+editor_packages="neovim emacs-nox elpa-eglot libkf5syntaxhighlighting-tools"
 # What it takes to make and judge Debian packages.
 package_packages="dpkg-dev fakeroot lintian doxygen"
 # What it takes to compare the public classes with those of the last release.
