@@ -47,15 +47,34 @@ QByteArray hello(qint64 process = 0)
     return framed(request(1, "initialize", params)) + framed(notice("initialized"));
 }
 
-QByteArray farewell()
-{
-    return framed(request(2, "shutdown")) + framed(notice("exit"));
-}
-
 QString fileText(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// Plugins for displays that a process has in its memory.
+QStringList displaysOf(qint64 process)
+{
+    const QStringList maps = fileText(QStringLiteral("/proc/%1/maps").arg(process)).split(QLatin1Char('\n'));
+    return maps.filter(QStringLiteral("/platforms/"));
+}
+
+/// The process that it has started; 0 if there is none.
+qint64 childOf(qint64 process)
+{
+    QDirIterator tasks(QStringLiteral("/proc/%1/task").arg(process), QDir::Dirs | QDir::NoDotAndDotDot);
+    while (tasks.hasNext()) {
+        const QString children = fileText(tasks.next() + QStringLiteral("/children"));
+        if (!children.isEmpty())
+            return children.split(QLatin1Char(' ')).first().toLongLong();
+    }
+    return 0;
+}
+
+QByteArray farewell()
+{
+    return framed(request(2, "shutdown")) + framed(notice("exit"));
 }
 
 /// The findings that were published, as the check's JSON has them; waits for them.
@@ -269,7 +288,12 @@ void TestZorvaServer::noDisplay()
     QProcess server;
     server.setProcessEnvironment(environment);
     server.start(QStringLiteral(ZORVA_PROGRAM), {QStringLiteral("server")});
-    server.write(hello() + farewell());
+    server.write(hello());
+    QVERIFY(server.waitForReadyRead(30000));
+    QVERIFY2(displaysOf(server.processId()).isEmpty(),
+             qPrintable(displaysOf(server.processId()).join(u'\n')));
+    QCOMPARE(childOf(server.processId()), 0);
+    server.write(farewell());
     QVERIFY(server.waitForFinished(30000));
     QCOMPARE(server.exitCode(), 0);
     QVERIFY(!server.readAllStandardError().contains("platforms"));
@@ -281,6 +305,12 @@ void TestZorvaServer::noDisplay()
     other.start(QStringLiteral(ZORVA_PROGRAM), {QStringLiteral("server")});
     other.write(hello() + framed(opened(text)));
     QCOMPARE(publishedFindings(other, text), QJsonArray());
+    // It is another process that has it.
+    QVERIFY2(displaysOf(other.processId()).isEmpty(), qPrintable(displaysOf(other.processId()).join(u'\n')));
+    const qint64 child = childOf(other.processId());
+    QVERIFY(child > 0);
+    QVERIFY(!displaysOf(child).filter(QStringLiteral("offscreen")).isEmpty());
+    QVERIFY(displaysOf(child).filter(QStringLiteral("xcb")).isEmpty());
     other.closeWriteChannel();
     QVERIFY(other.waitForFinished(30000));
 }
