@@ -51,6 +51,11 @@ ReviewDialog::ReviewDialog(const QString& question, const QList<Difference>& dif
 
 ReviewDialog::~ReviewDialog() = default;
 
+QString ReviewDialog::presentWords(const Difference& difference)
+{
+    return difference.present.isEmpty() ? tr("not known") : difference.present;
+}
+
 void ReviewDialog::fill()
 {
     for (const Difference& difference : m_differences) {
@@ -59,7 +64,7 @@ void ReviewDialog::fill()
                                     ? difference.caption
                                     : QStringLiteral("%1: %2").arg(difference.group, difference.caption);
         item->setText(Setting, setting);
-        item->setText(Present, difference.sendable ? difference.present : tr("not in this form"));
+        item->setText(Present, difference.sendable ? presentWords(difference) : tr("not in this form"));
         item->setText(Wanted, difference.wanted);
         item->setCheckState(Setting, difference.sendable ? Qt::Checked : Qt::Unchecked);
         item->setDisabled(!difference.sendable);

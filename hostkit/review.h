@@ -41,6 +41,7 @@ public:
     QList<Difference> chosen() const;
 
 private:
+    static QString presentWords(const Difference& difference);
     void fill();
     void tickAll(bool ticked);
     void showCount();

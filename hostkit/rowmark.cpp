@@ -10,7 +10,6 @@ namespace {
 
 constexpr int side = 12;
 
-/** Colours that can be told from the background of light and dark palettes alike. */
 QColor colourOf(RowState state)
 {
     switch (state) {
@@ -19,7 +18,7 @@ QColor colourOf(RowState state)
     case RowState::Confirmed:
         return QColor(0x2e, 0x8b, 0x3d);
     case RowState::Differing:
-        return QColor(0xd0, 0x80, 0x00);
+        return QColor(0xb8, 0x6e, 0x00);
     case RowState::Refused:
         return QColor(0xd0, 0x30, 0x30);
     case RowState::Unread:
@@ -27,6 +26,15 @@ QColor colourOf(RowState state)
         break;
     }
     return QColor(0x80, 0x80, 0x80);
+}
+
+/** Palettes are light or dark, and a colour that stands out from the one is dim on the other. */
+QColor colourOn(const QColor& background, RowState state)
+{
+    constexpr int middle = 128;
+    constexpr int brighter = 150; // percent
+    const QColor colour = colourOf(state);
+    return background.lightness() < middle ? colour.lighter(brighter) : colour;
 }
 
 /** A shape for each state in a square of 12, so that nobody needs to see the colour. */
@@ -102,7 +110,8 @@ void RowMark::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colourOf(m_state), 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(colourOn(palette().color(QPalette::Window), m_state), 1.8, Qt::SolidLine,
+                        Qt::RoundCap, Qt::RoundJoin));
     painter.drawPath(shapeOf(m_state));
 }
 

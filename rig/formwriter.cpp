@@ -69,6 +69,8 @@ private:
     void writeLook(const Parameter& parameter);
     void writeRange(const Parameter& parameter, const char* type);
     void writeScript();
+    bool has(Call call) const;
+    static QString follower(const QString& head, const QStringList& lines, const QString& row);
     void property(const char* name, const char* type, const QString& text);
     static QString enumName(const Parameter& parameter);
     static const char* className(const Parameter& parameter);
@@ -222,32 +224,51 @@ void Writer::writeRange(const Parameter& parameter, const char* type)
     property("singleStep", type, number(parameter.step, parameter.decimals));
 }
 
-// The filters that are shown follow the mode.
+// The filters that are shown follow the mode, and what is set of the transmitter follows the split.
 void Writer::writeScript()
 {
-    QStringList lines;
+    QStringList filters;
+    QStringList ofSplit;
     for (const Parameter& parameter : m_parameters) {
         if (parameter.call == Call::Passband)
-            lines.append(QStringLiteral("    %1.setVisible(belongs(mode, \"%2\"));")
-                             .arg(parameter.rowName(), parameter.modes.join(QLatin1Char(' '))));
+            filters.append(QStringLiteral("    %1.setVisible(belongs(mode, \"%2\"));")
+                               .arg(parameter.rowName(), parameter.modes.join(QLatin1Char(' '))));
+        else if (parameter.isOfSplit())
+            ofSplit.append(QStringLiteral("    %1.setVisible(vfo != \"Off\");").arg(parameter.rowName()));
     }
-    const bool hasMode = std::any_of(m_parameters.begin(), m_parameters.end(),
-                                     [](const Parameter& row) { return row.call == Call::Mode; });
-    if (lines.isEmpty() || !hasMode)
+    QString code;
+    if (!filters.isEmpty() && has(Call::Mode))
+        code += QStringLiteral("\n"
+                               "function belongs(mode, modes) {\n"
+                               "    return (\" \" + modes + \" \").indexOf(\" \" + mode + \" \") >= 0;\n"
+                               "}\n") +
+                follower(QStringLiteral("followMode(mode)"), filters, QStringLiteral("mode_Mode"));
+    if (!ofSplit.isEmpty())
+        code += follower(QStringLiteral("followSplit(vfo)"), ofSplit, QStringLiteral("tuning_Split"));
+    if (code.isEmpty())
         return;
     m_writer.writeStartElement(QStringLiteral("Script"));
     m_writer.writeAttribute(QStringLiteral("language"), QStringLiteral("QtScript"));
-    m_writer.writeCDATA(
-        QStringLiteral("\n"
-                       "function belongs(mode, modes) {\n"
-                       "    return (\" \" + modes + \" \").indexOf(\" \" + mode + \" \") >= 0;\n"
-                       "}\n\n"
-                       "function followMode(mode) {\n") +
-        lines.join(QLatin1Char('\n')) +
-        QStringLiteral("\n}\n\n"
-                       "mode_Mode.currentValueChanged.connect(followMode);\n"
-                       "followMode(mode_Mode.currentValue);\n"));
+    m_writer.writeCDATA(code);
     m_writer.writeEndElement();
+}
+
+bool Writer::has(Call call) const
+{
+    return std::any_of(m_parameters.begin(), m_parameters.end(),
+                       [call](const Parameter& row) { return row.call == call; });
+}
+
+/** A function of that head, called with the choice of a row now and whenever it changes. */
+QString Writer::follower(const QString& head, const QStringList& lines, const QString& row)
+{
+    return QStringLiteral("\n"
+                          "function %1 {\n"
+                          "%2\n"
+                          "}\n\n"
+                          "%3.currentValueChanged.connect(%4);\n"
+                          "%4(%3.currentValue);\n")
+        .arg(head, lines.join(QLatin1Char('\n')), row, head.section(QLatin1Char('('), 0, 0));
 }
 
 } // namespace

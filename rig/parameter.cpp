@@ -109,6 +109,7 @@ public:
     {
         addTuning();
         addModes();
+        addTransmitMode();
         addSettings(m_caps.has_get_level, m_caps.has_set_level, &Survey::addLevel);
         addAntennas();
         addTones();
@@ -128,7 +129,9 @@ private:
     QList<Choice> vfoChoices() const;
     void addVfos();
     void addFrequency(double step);
+    bool canSplit() const;
     void addSplit(double step);
+    void addTransmitMode();
     static void takeRange(Parameter& parameter, const QList<freq_range_t>& ranges, double step);
     static QList<Choice> modeChoices(rmode_t modes);
     QList<Choice> stepChoices() const;
@@ -296,13 +299,18 @@ void Survey::takeRange(Parameter& parameter, const QList<freq_range_t>& ranges, 
     parameter.unit = QStringLiteral("Hz");
 }
 
+bool Survey::canSplit() const
+{
+    return m_caps.set_split_vfo && vfoChoices().size() > 1 && !m_transmitRanges.isEmpty();
+}
+
 // Hamlib tunes the transmitting VFO of radios that cannot do so by switching VFOs to and fro, while the
 // operator listens: those have no rows for it.
 void Survey::addSplit(double step)
 {
-    const QList<Choice> vfos = vfoChoices();
-    if (!m_caps.set_split_vfo || vfos.size() < 2 || m_transmitRanges.isEmpty())
+    if (!canSplit())
         return;
+    const QList<Choice> vfos = vfoChoices();
     Parameter* const split = add("Tuning/Split", Call::Split, Look::Choice, tuningGroup, "Split",
                                  "Transmit on another VFO than the receiver's", m_caps.get_split_vfo, true);
     split->choices.append({QStringLiteral("Off"), QStringLiteral("Off")});
@@ -314,8 +322,12 @@ void Survey::addSplit(double step)
         row->tip = QStringLiteral("In split operation. Transmits ") + words(m_transmitRanges);
         takeRange(*row, m_transmitRanges, step);
     }
+}
+
+void Survey::addTransmitMode()
+{
     const QList<Choice> modes = modeChoices(m_transmitModes);
-    if (m_caps.get_split_mode && m_caps.set_split_mode && !modes.isEmpty())
+    if (canSplit() && m_caps.get_split_mode && m_caps.set_split_mode && !modes.isEmpty())
         add("Mode/TransmitMode", Call::TransmitMode, Look::Choice, modeGroup, "Transmit mode",
             "Modulation in split operation", true, true)
             ->choices = modes;

@@ -73,6 +73,8 @@ struct Parameter
 
     QList<Choice> choices; ///< of a reading: the words in place of its numbers
 
+    /** Whether it means something in split operation alone. */
+    bool isOfSplit() const { return call == Call::TransmitFrequency || call == Call::TransmitMode; }
     /** The words of a reading that is off or on. */
     static QList<Choice> offAndOn();
     /** Whether the radio tells, and takes, the name of a mode and the width of its filter. */

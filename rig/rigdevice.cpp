@@ -12,11 +12,12 @@ const QLatin1String frequencyPath("Tuning/Frequency");
 const QLatin1String modePath("Mode/Mode");
 const QLatin1String anyPassbandPath("Mode/Passband");
 const QLatin1String vfoPath("Tuning/VFO");
+const QLatin1String splitPath("Tuning/Split");
 const QLatin1String transmitFrequencyPath("Tuning/TransmitFrequency");
 const QLatin1String transmitModePath("Mode/TransmitMode");
 
-/** All passbands of a round are told by one answer, in milliseconds. */
-constexpr int modeHolds = 50;
+/** All passbands of a round are told by one answer of the mode, in milliseconds. */
+constexpr int answerHolds = 50;
 
 /** Among the VFOs that may transmit: none but the receiver's. */
 const QLatin1String splitOff("Off");
@@ -78,6 +79,10 @@ Answer RigDevice::read(const QString& path)
         return Answer::refused(QStringLiteral("the radio does not tell"));
     if (found->call == Call::Passband)
         return readPassband(*found);
+    bool split = true;
+    const Answer asked = found->isOfSplit() ? isSplit(&split) : Answer::done();
+    if (asked.outcome != Answer::Done || !split)
+        return split ? asked : Answer::done(QString());
     const Answer answer = get(*found);
     if (answer.outcome != Answer::Done || answer.text.isNull())
         return answer;
@@ -86,22 +91,34 @@ Answer RigDevice::read(const QString& path)
                          : Answer::done(text);
 }
 
-Answer RigDevice::getMode(const Parameter& parameter)
+Answer RigDevice::getRecent(Recent& recent, const Parameter& parameter)
 {
-    if (!m_modeUntil.hasExpired())
-        return m_mode;
+    if (!recent.until.hasExpired())
+        return recent.answer;
     const Answer answer = get(parameter);
     if (answer.outcome == Answer::Done) {
-        m_mode = answer;
-        m_modeUntil.setRemainingTime(modeHolds);
+        recent.answer = answer;
+        recent.until.setRemainingTime(answerHolds);
     }
+    return answer;
+}
+
+Answer RigDevice::isSplit(bool* split)
+{
+    *split = true;
+    const auto row = m_parameters.constFind(splitPath);
+    if (row == m_parameters.constEnd() || !row->readable)
+        return Answer::done();
+    const Answer answer = getRecent(m_split, *row);
+    if (answer.outcome == Answer::Done)
+        *split = ownPart(*row, answer.text) != splitOff;
     return answer;
 }
 
 // A passband that belongs to another mode has no meaning just now.
 Answer RigDevice::readPassband(const Parameter& parameter)
 {
-    const Answer answer = getMode(parameter);
+    const Answer answer = getRecent(m_mode, parameter);
     if (answer.outcome != Answer::Done)
         return answer;
     const bool applies = parameter.modes.isEmpty() || parameter.modes.contains(modeOf(answer.text));
@@ -113,11 +130,15 @@ Answer RigDevice::write(const QString& path, const QString& text)
     const auto found = m_parameters.constFind(path);
     if (found == m_parameters.constEnd() || !found->writable)
         return Answer::refused(QStringLiteral("this radio cannot set it"));
-    m_modeUntil.setRemainingTime(0);
+    m_mode.until.setRemainingTime(0);
+    m_split.until.setRemainingTime(0);
     if (found->call == Call::Passband)
         return writePassband(*found, text);
     if (found->call == Call::Split)
         return writeSplit(*found, text);
+    bool split = true;
+    if (found->isOfSplit() && isSplit(&split).outcome == Answer::Done && !split)
+        return Answer::refused(QStringLiteral("there is no split operation"));
     const QString radioText = found->toRadio(text);
     if (radioText.isEmpty())
         return Answer::refused(QStringLiteral("no number"));

@@ -39,15 +39,24 @@ protected:
     virtual hostkit::Answer set(const Parameter& parameter, const QString& text) = 0;
 
 private:
-    hostkit::Answer getMode(const Parameter& parameter);
+    /** An answer of just now, kept while several parameters of a round are told by it. */
+    struct Recent
+    {
+        hostkit::Answer answer;
+        QDeadlineTimer until;
+    };
+
+    hostkit::Answer getRecent(Recent& recent, const Parameter& parameter);
+    /** Whether another VFO transmits than the receiver's; true of a radio that does not tell. */
+    hostkit::Answer isSplit(bool* split);
     hostkit::Answer readPassband(const Parameter& parameter);
     hostkit::Answer writeSplit(const Parameter& parameter, const QString& vfo);
     hostkit::Answer writePassband(const Parameter& parameter, const QString& width);
 
     QHash<QString, Parameter> m_parameters; // by path
     QStringList m_passbands;                // their paths
-    hostkit::Answer m_mode;                 // as told just now, while the deadline has not passed
-    QDeadlineTimer m_modeUntil;
+    Recent m_mode;
+    Recent m_split;
 };
 
 } // namespace radio

@@ -322,6 +322,10 @@
         <translation>nicht in diesem Formular</translation>
     </message>
     <message>
+        <source>not known</source>
+        <translation>nicht bekannt</translation>
+    </message>
+    <message>
         <source>Send (%1)</source>
         <translation>Senden (%1)</translation>
     </message>

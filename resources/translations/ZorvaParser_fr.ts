@@ -322,6 +322,10 @@
         <translation>absent de ce formulaire</translation>
     </message>
     <message>
+        <source>not known</source>
+        <translation>inconnu</translation>
+    </message>
+    <message>
         <source>Send (%1)</source>
         <translation>Envoyer (%1)</translation>
     </message>

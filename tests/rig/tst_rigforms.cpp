@@ -309,6 +309,9 @@ private Q_SLOTS:
         rig_caps capabilities = *model.capabilities;
         capabilities.rig_model = RIG_MODEL_NONE; // no dummy, so that its levels count
         ModelOnDummy device(*m_dummy, radio::parametersOf(capabilities));
+        if (path.contains(QLatin1String("Transmit")))
+            QCOMPARE(device.write(QStringLiteral("Tuning/Split"), QStringLiteral("VFOB")).outcome,
+                     Answer::Done);
         const Answer written = device.write(path, text);
         QVERIFY2(written.outcome == Answer::Done, qPrintable(written.text));
         QCOMPARE(device.read(path).text, text);

@@ -255,6 +255,10 @@ private Q_SLOTS:
         startDaemon();
         openWindow(m_daemon->address());
         QCOMPARE(shown("Tuning/Split"), QStringLiteral("Off"));
+        QVERIFY(!control("mode_TransmitMode")->isVisibleTo(m_window.get()));
+        QCOMPARE(state("Tuning/TransmitFrequency"), RowState::Unread);
+        write("Tuning/TransmitFrequency", QStringLiteral("7100000"));
+        QTRY_COMPARE_WITH_TIMEOUT(state("Tuning/TransmitFrequency"), RowState::Refused, longTime);
         auto* const split = m_window->findChild<QComboBox*>(QStringLiteral("tuning_Split"));
         split->setFocus();
         QTest::keyClick(split, Qt::Key_Home);
@@ -264,6 +268,7 @@ private Q_SLOTS:
         apply();
         QTRY_COMPARE_WITH_TIMEOUT(state("Tuning/Split"), RowState::Confirmed, longTime);
         QCOMPARE(m_daemon->rigctl({QStringLiteral("s")}), QStringLiteral("1\nVFOB"));
+        QVERIFY(control("mode_TransmitMode")->isVisibleTo(m_window.get()));
         write("Tuning/TransmitFrequency", QStringLiteral("7155000"));
         write("Mode/TransmitMode", QStringLiteral("LSB (lower sideband)"));
         QTRY_COMPARE_WITH_TIMEOUT(state("Tuning/TransmitFrequency"), RowState::Confirmed, longTime);
