@@ -1,5 +1,7 @@
 #include "carryover.h"
 
+#include "keyboardfocus.h"
+
 #include <author/parameters/settingwords.h>
 #include <hostkit/formrows.h>
 #include <zorvaparser/zorvadelegate.h>
@@ -287,7 +289,7 @@ QVector<KeptAside> Carryover::giveFocus(PreviewForm& form)
     QLineEdit* const field = edits.value(typing.edit);
     if (!field) {
         if (control)
-            control->setFocus();
+            focusInside(*control);
         const bool isKept = std::any_of(m_rows.cbegin(), m_rows.cend(), [&typing](const Row& row) {
             return row.control == typing.row && row.text == typing.text;
         });

@@ -18,7 +18,8 @@ namespace Author {
 
 namespace {
 
-constexpr int widthStep = 20; // pixels
+constexpr int widthStep = 20;   // pixels
+constexpr int styleLength = 12; // letters; the list shows longer names
 
 QSpinBox* makeSpin(int least, int most, int step, int value, const QString& atLeast, const QString& unit)
 {
@@ -61,6 +62,8 @@ LookBar::LookBar(const PreviewLook& look, const QStringList& languages, QWidget*
         m_language->addItem(look.language, look.language);
     m_language->setCurrentIndex(m_language->findData(look.language));
     m_style->addItems(QStyleFactory::keys());
+    m_style->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_style->setMinimumContentsLength(styleLength);
     m_style->setCurrentIndex(indexOfStyle(*m_style, look.style));
     addSwitch(QStringLiteral("&Width"), m_width, "lookWidth");
     addSwitch(QStringLiteral("&Text size"), m_textSize, "lookTextSize");

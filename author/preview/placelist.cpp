@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
 
 namespace Orvane {
 namespace Author {
@@ -25,6 +26,23 @@ PlaceList::PlaceList(const QString& name, const QStringList& columns, QWidget* p
     // Tab leaves the list; arrows walk it.
     setTabKeyNavigation(false);
     connect(this, &QTreeWidget::itemClicked, this, [this](const QTreeWidgetItem* item) { goTo(item); });
+}
+
+void PlaceList::setEmptyText(const QString& text)
+{
+    m_emptyText = text;
+    setAccessibleDescription(QStringLiteral("If empty: %1").arg(text));
+    viewport()->update();
+}
+
+void PlaceList::paintEvent(QPaintEvent* event)
+{
+    QTreeWidget::paintEvent(event);
+    if (topLevelItemCount() > 0)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
 }
 
 QTreeWidgetItem* PlaceList::add(const QStringList& texts, int line, int column)

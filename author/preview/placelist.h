@@ -15,6 +15,8 @@ public:
     /** @p name is what a screen reader calls the list. */
     PlaceList(const QString& name, const QStringList& columns, QWidget* parent = nullptr);
 
+    /** What stands in the list while it has no lines. */
+    void setEmptyText(const QString& text);
     /** A line without a place if @p line is 0. */
     QTreeWidgetItem* add(const QStringList& texts, int line = 0, int column = 1);
     /** The place of an item; the line is 0 if it has none. */
@@ -28,9 +30,12 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void goTo(const QTreeWidgetItem* item);
+
+    QString m_emptyText;
 };
 
 } // namespace Author

@@ -2,6 +2,7 @@
 
 #include "authoreditor.h"
 #include "devicepane.h"
+#include "keyboardfocus.h"
 #include "parameterspane.h"
 #include "placelist.h"
 #include "valuespane.h"
@@ -30,6 +31,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 #include <QXmlStreamReader>
+
+#include <algorithm>
 
 namespace Orvane {
 namespace Author {
@@ -182,13 +185,17 @@ void PreviewWindow::makePanes()
     m_problems->header()->setStretchLastSection(false);
     m_problems->header()->setSectionResizeMode(1, QHeaderView::Stretch);
     m_problems->header()->setSectionResizeMode(2, QHeaderView::Stretch);
+    m_problems->header()->setSectionResizeMode(3, QHeaderView::ResizeToContents);
+    m_problems->setEmptyText(QStringLiteral("The description is being checked"));
     m_problems->setObjectName(QStringLiteral("problems"));
     m_script = new PlaceList(QStringLiteral("Output and exceptions of the script"),
                              {QStringLiteral("Line"), QStringLiteral("Script output")}, this);
     m_script->setObjectName(QStringLiteral("scriptOutput"));
+    m_script->setEmptyText(QStringLiteral("The script has printed and thrown nothing"));
     m_aside = new PlaceList(QStringLiteral("Entries that the new form does not take"),
                             {QStringLiteral("Row"), QStringLiteral("Entered"), QStringLiteral("Why")}, this);
     m_aside->setObjectName(QStringLiteral("keptAside"));
+    m_aside->setEmptyText(QStringLiteral("The form has all that was entered"));
     m_overlayList = new PlaceList(QStringLiteral("What the overlay changes"),
                                   {QStringLiteral("Row"), QStringLiteral("Property"),
                                    QStringLiteral("Before"), QStringLiteral("After")},
@@ -262,10 +269,7 @@ void PreviewWindow::makePaneKeys(QMenu* menu)
     connect(addTo(menu, QStringLiteral("&Form"), QKeySequence(QStringLiteral("Ctrl+0"))), &QAction::triggered,
             this, [this] {
                 if (m_form && m_form->window())
-                    m_form->window()->setFocus(Qt::ShortcutFocusReason);
-                if (m_form && !m_form->delegates().isEmpty() &&
-                    !m_stage->isAncestorOf(QApplication::focusWidget()))
-                    m_stage->widget()->nextInFocusChain()->setFocus(Qt::ShortcutFocusReason);
+                    focusInside(*m_form->window());
             });
     for (int i = 0; i < m_panes.size(); ++i) {
         QDockWidget* const pane = m_panes.at(i);
@@ -309,19 +313,10 @@ void PreviewWindow::nextPane(int step)
         return;
     int now = 0;
     for (int i = 0; i < stops.size(); ++i) {
-        if (stops.at(i)->isAncestorOf(QApplication::focusWidget()) ||
-            stops.at(i) == QApplication::focusWidget())
+        if (hasFocusInside(*stops.at(i)))
             now = i;
     }
-    QWidget* const next = stops.at((now + step + stops.size()) % stops.size());
-    QWidget* inside = next;
-    // Forms leave the focus to their rows.
-    while (!(inside->focusPolicy() & Qt::TabFocus) || !inside->isVisible() || !inside->isEnabled()) {
-        inside = inside->nextInFocusChain();
-        if (inside == next || !next->isAncestorOf(inside))
-            return;
-    }
-    inside->setFocus(Qt::ShortcutFocusReason);
+    focusInside(*stops.at((now + step + stops.size()) % stops.size()));
 }
 
 PreviewWindow::Reading PreviewWindow::read() const
@@ -424,6 +419,7 @@ void PreviewWindow::rebuild()
 void PreviewWindow::build(std::unique_ptr<PreviewForm> fresh, const QByteArray& stored)
 {
     const QScopedValueRollback<bool> building(m_isBuilding, true);
+    const bool wasInForm = !m_form || hasFocusInside(*m_form->window());
     m_stored = stored;
     m_script->clear();
     if (m_form) {
@@ -445,6 +441,8 @@ void PreviewWindow::build(std::unique_ptr<PreviewForm> fresh, const QByteArray& 
     QPixmapCache::clear();
     setUpdatesEnabled(true);
     aside += m_carryover.giveFocus(*m_form);
+    if (wasInForm && !hasFocusInside(*m_form->window()))
+        focusInside(*m_form->window());
     showAside(aside);
     listenTo(*m_form);
     m_device.join(*m_form);
@@ -541,6 +539,7 @@ void PreviewWindow::applyProgramLook()
 void PreviewWindow::showProblems(const CheckedFile& checked)
 {
     m_problems->clear();
+    m_problems->setEmptyText(QStringLiteral("No problems"));
     for (const Finding& finding : checked.findings) {
         const Place place = checked.source.place(finding.range.begin);
         QTreeWidgetItem* const item =
@@ -550,6 +549,9 @@ void PreviewWindow::showProblems(const CheckedFile& checked)
         item->setData(0, Qt::AccessibleTextRole,
                       QStringLiteral("%1, line %2").arg(severityName(finding.severity)).arg(place.line));
     }
+    m_problems->setColumnHidden(2,
+                                std::all_of(checked.findings.cbegin(), checked.findings.cend(),
+                                            [](const Finding& finding) { return finding.effect.isEmpty(); }));
     m_problems->resizeColumnToContents(0);
     m_panes.first()->setWindowTitle(checked.findings.isEmpty()
                                         ? QStringLiteral("Problems")
@@ -669,6 +671,8 @@ QByteArray PreviewWindow::readOverlay()
 void PreviewWindow::showOverlay()
 {
     m_overlayList->clear();
+    m_overlayList->setEmptyText(m_overlayBytes.isEmpty() ? QStringLiteral("No overlay: Ctrl+O tries one")
+                                                         : QStringLiteral("The overlay changes nothing"));
     if (m_overlayBytes.isEmpty())
         return;
     const OverlayTrial trial(m_stored, m_overlayBytes, m_options.longestScript);

@@ -1,6 +1,7 @@
 #include "previewtest.h"
 #include "translationfile.h"
 
+#include <author/preview/keyboardfocus.h>
 #include <author/preview/parameterspane.h>
 #include <author/preview/placelist.h>
 #include <author/preview/valuespane.h>
@@ -55,6 +56,15 @@ class TestPreviewWindow : public PreviewTest
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         QTest::keyClick(m_window->windowHandle(), key, modifiers);
+    }
+    QWidget* switchOfBar() const
+    {
+        const QList<QCheckBox*> boxes = m_window->form()->window()->findChildren<QCheckBox*>();
+        const auto isOfBar = [this](const QCheckBox* box) {
+            return !form().GetSheet().Content()->isAncestorOf(box);
+        };
+        const auto found = std::find_if(boxes.cbegin(), boxes.cend(), isOfBar);
+        return found == boxes.cend() ? nullptr : *found;
     }
     RowState state(const char* row) const
     {
@@ -113,6 +123,34 @@ private Q_SLOTS:
         save(description());
         QCOMPARE(held("gain"), QStringLiteral("400"));
         QCOMPARE(list->topLevelItemCount(), 0);
+    }
+    void theKeyboardIsInTheFormFromTheBeginning()
+    {
+        write(description());
+        open();
+        QVERIFY(m_window->form()->window()->isAncestorOf(QApplication::focusWidget()));
+    }
+    void theKeyboardStaysInTheForm_data()
+    {
+        QTest::addColumn<QString>("place");
+        QTest::newRow("a headline") << QStringLiteral("head");
+        QTest::newRow("a row that goes") << QStringLiteral("short");
+        QTest::newRow("the bar") << QString();
+    }
+    void theKeyboardStaysInTheForm()
+    {
+        QFETCH(QString, place);
+        const QString head = rowXml("Headline", "head", {{"text", "Head"}});
+        write(description(head + rowXml("CheckBox", "short")));
+        open();
+        QWidget* const start = place.isNull() ? switchOfBar() : control(place.toLatin1().constData());
+        QVERIFY(start);
+        QVERIFY(focusInside(*start));
+        save(description(head));
+        QWidget* const window = m_window->form()->window();
+        QVERIFY(window->isAncestorOf(QApplication::focusWidget()));
+        if (place == QLatin1String("head"))
+            QVERIFY(hasFocusInside(*control("head")));
     }
     void anOpenListIsNotTakenAway()
     {
@@ -466,6 +504,24 @@ private Q_SLOTS:
         QVERIFY(m_window->form()->window()->isAncestorOf(QApplication::focusWidget()));
         key(Qt::Key_L, Qt::ControlModifier);
         QCOMPARE(QApplication::focusWidget(), find<QSpinBox>("lookWidth"));
+    }
+    void anEmptyListSaysWhy()
+    {
+        write(description());
+        open();
+        const auto* const problems = find<PlaceList>("problems");
+        QTRY_VERIFY(problems->accessibleDescription().contains(QLatin1String("No problems")));
+        QVERIFY(find<PlaceList>("overlayChanges")->accessibleDescription().contains(QLatin1String("Ctrl+O")));
+    }
+    void whatNothingCostsTakesNoRoom()
+    {
+        write(description().replace(QLatin1String("labelText"), QLatin1String("labeltext")));
+        open();
+        const auto* const problems = find<PlaceList>("problems");
+        QTRY_VERIFY(problems->topLevelItemCount() > 0);
+        QVERIFY(problems->isColumnHidden(2));
+        save(description(QStringLiteral("<Group>%1</Group>").arg(rowXml("CheckBox", "lost"))));
+        QTRY_VERIFY(!problems->isColumnHidden(2));
     }
     void f6WalksThePanes()
     {
