@@ -20,12 +20,13 @@ function(build source folder)
 endfunction()
 
 # run(<program> <form>): the driver looks at the window and closes it; the form
-# lies where the program looks for it.
+# lies where the program looks for it, and the driver beside it, since the loader
+# takes no path with blanks.
 function(run program form)
   get_filename_component(folder ${program} DIRECTORY)
-  file(COPY ${form} DESTINATION ${folder})
+  file(COPY ${form} ${WORK_DIR}/blocks/libdriver.so DESTINATION ${folder})
   execute_process(
-    COMMAND ${CMAKE_COMMAND} -E env LD_PRELOAD=${WORK_DIR}/blocks/libdriver.so ${program}
+    COMMAND ${CMAKE_COMMAND} -E env LD_PRELOAD=./libdriver.so ${program}
     WORKING_DIRECTORY ${folder} TIMEOUT 120 RESULT_VARIABLE result ERROR_VARIABLE said)
   if(NOT result EQUAL 0)
     message(FATAL_ERROR "${program} ended with ${result}: ${said}")
@@ -48,6 +49,7 @@ foreach(program IN LISTS programs)
 endforeach()
 
 # The host of the README, by the README's own command line and its own form.
+# Where the prefix has blanks, the line stands in an eval, as the page on embedding tells.
 set(readme ${WORK_DIR}/readme)
 file(GLOB host ${BLOCKS}/programs/README-*.cpp)
 file(GLOB form ${BLOCKS}/xml/README-*.xml)
@@ -57,7 +59,10 @@ configure_file(${form} ${WORK_DIR}/first.zorva COPYONLY)
 foreach(line IN LISTS lines)
   file(READ ${line} command)
   if(command MATCHES "pkg-config")
-    execute_process(COMMAND sh ${line} WORKING_DIRECTORY ${readme} COMMAND_ERROR_IS_FATAL ANY)
+    if(PREFIX MATCHES " ")
+      set(command "eval \"${command}\"")
+    endif()
+    execute_process(COMMAND sh -c "${command}" WORKING_DIRECTORY ${readme} COMMAND_ERROR_IS_FATAL ANY)
   endif()
 endforeach()
 run(${readme}/host ${WORK_DIR}/first.zorva)
