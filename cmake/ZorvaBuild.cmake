@@ -128,7 +128,7 @@ endforeach()
 function(zorva_add_test name)
   cmake_parse_arguments(ARG "XVFB" "TIMEOUT" "SOURCES;LINK;LABELS;ENVIRONMENT" ${ARGN})
   if(NOT ARG_TIMEOUT)
-    set(ARG_TIMEOUT 120)
+    set(ARG_TIMEOUT 600) # ends what hangs; how long the work takes is the machine's affair
   endif()
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE
@@ -144,6 +144,7 @@ function(zorva_add_test name)
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/common/lsan.supp"
     "UBSAN_OPTIONS=print_stacktrace=1"
     "QT_LOGGING_RULES="
+    "QTEST_FUNCTION_TIMEOUT=7200000" # one limit is enough, that of the whole test
     ${ARG_ENVIRONMENT})
   if(ARG_XVFB)
     add_test(NAME ${name}

@@ -50,5 +50,5 @@ if(ZORVAPARSER_BUILD_TESTS)
     COMMAND sh -c "rm -f reference/warnings && '${CMAKE_COMMAND}' --build . --target reference > /dev/null \
       && cat reference/warnings && test ! -s reference/warnings"
     WORKING_DIRECTORY ${PROJECT_BINARY_DIR})
-  set_tests_properties(reference_complete PROPERTIES LABELS checks TIMEOUT 300)
+  set_tests_properties(reference_complete PROPERTIES LABELS checks TIMEOUT 600)
 endif()

@@ -27,7 +27,7 @@ function(run program form)
   file(COPY ${form} ${WORK_DIR}/blocks/libdriver.so DESTINATION ${folder})
   execute_process(
     COMMAND ${CMAKE_COMMAND} -E env LD_PRELOAD=./libdriver.so ${program}
-    WORKING_DIRECTORY ${folder} TIMEOUT 120 RESULT_VARIABLE result ERROR_VARIABLE said)
+    WORKING_DIRECTORY ${folder} TIMEOUT 600 RESULT_VARIABLE result ERROR_VARIABLE said)
   if(NOT result EQUAL 0)
     message(FATAL_ERROR "${program} ended with ${result}: ${said}")
   endif()
