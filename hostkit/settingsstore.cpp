@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QVariant>
 #include <QXmlStreamReader>
@@ -20,17 +21,36 @@ bool fail(QString* error, const QString& why)
     return false;
 }
 
+/** A write is only buffered, and closing does not tell whether the rest got out. */
+bool writeAll(QFileDevice& file, const QByteArray& bytes)
+{
+    return file.write(bytes) == bytes.size() && file.flush();
+}
+
+/** What is there and no file, a terminal or a pipe say, has nothing to lose and must not be replaced. */
+bool isOther(const QString& fileName)
+{
+    const QFileInfo info(fileName);
+    return info.exists() && !info.isFile() && !info.isDir();
+}
+
 } // namespace
+
+bool saveBytes(const QString& fileName, const QByteArray& bytes, QString* error)
+{
+    if (isOther(fileName)) {
+        QFile other(fileName);
+        const bool written = other.open(QIODevice::WriteOnly) && writeAll(other, bytes);
+        return written || fail(error, other.errorString());
+    }
+    QSaveFile file(fileName);
+    const bool written = file.open(QIODevice::WriteOnly) && writeAll(file, bytes) && file.commit();
+    return written || fail(error, file.errorString());
+}
 
 bool saveText(const QString& fileName, const QString& text, QString* error)
 {
-    QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly))
-        return fail(error, file.errorString());
-    file.write(text.toUtf8());
-    if (!file.commit())
-        return fail(error, file.errorString());
-    return true;
+    return saveBytes(fileName, text.toUtf8(), error);
 }
 
 bool loadText(const QString& fileName, QString* text, QString* error)

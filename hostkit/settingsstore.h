@@ -3,6 +3,7 @@
 
 #include <hostkit/hostkit_export.h>
 
+#include <QByteArray>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -10,9 +11,12 @@
 namespace hostkit {
 
 /**
- * Writes @p text to a file in one go: whatever happens meanwhile, the file holds
- * the old text or the new one. False if that failed; then @p error (may be null) tells why.
+ * Writes @p bytes to a file in one go: whatever happens meanwhile, the file holds
+ * the old bytes or the new ones. What is no file, a terminal or a pipe, is written to as it is. False if that
+ * failed; then @p error (may be null) tells why.
  */
+HOSTKIT_EXPORT bool saveBytes(const QString& fileName, const QByteArray& bytes, QString* error = nullptr);
+/** The same with @p text, in UTF-8. */
 HOSTKIT_EXPORT bool saveText(const QString& fileName, const QString& text, QString* error = nullptr);
 /** Reads a file of UTF-8 text, of at most 16 MiB; @p text must not be null and is left as it is on an error.
  */

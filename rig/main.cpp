@@ -9,6 +9,7 @@
 #include <hostkit/settingsstore.h>
 
 #include <QApplication>
+#include <QFile>
 #include <QTextStream>
 #include <QTimer>
 
@@ -46,8 +47,12 @@ int writeText(const QString& fileName, const QString& text)
 {
     QString error;
     if (fileName == QLatin1String("-")) {
-        QTextStream(stdout) << text;
-        return Success;
+        QFile out;
+        const QByteArray bytes = text.toUtf8();
+        const bool written =
+            out.open(stdout, QIODevice::WriteOnly) && out.write(bytes) == bytes.size() && out.flush();
+        return written ? Success
+                       : complain(QStringLiteral("standard output: %1").arg(out.errorString()), Failure);
     }
     return hostkit::saveText(fileName, text, &error)
                ? Success
@@ -79,7 +84,11 @@ int save(const CommandLine& commandLine, radio::Window& window)
     patience.setSingleShot(true);
     patience.setInterval(longestWait);
     const auto giveUp = [&window] {
-        complain(QStringLiteral("the radio does not answer: %1").arg(window.link().link().reason()), Failure);
+        const hostkit::DeviceLink& link = window.link().link();
+        const bool isDown = link.state() == hostkit::LinkState::Down;
+        complain(isDown ? QStringLiteral("no radio: %1").arg(link.reason())
+                        : QStringLiteral("the radio does not answer"),
+                 Failure);
         QCoreApplication::exit();
     };
     QObject::connect(&patience, &QTimer::timeout, giveUp);
@@ -107,6 +116,11 @@ int operate(const CommandLine& commandLine)
     QString error;
     if (!session.prepare(commandLine, &error))
         return complain(error, Failure);
+    if (!session.damage.isEmpty())
+        complain(session.damage, Success);
+    QString settings;
+    if (!commandLine.restore.isEmpty() && !hostkit::loadText(commandLine.restore, &settings, &error))
+        return complain(QStringLiteral("%1: %2").arg(commandLine.restore, error), Failure);
     radio::Window window(session.model.title(), session.form, session.device);
     if (commandLine.task == CommandLine::Save)
         return finish(window, save(commandLine, window));

@@ -4,7 +4,11 @@
 #include "hamlibdevice.h"
 #include "rigctlddevice.h"
 
+#include <hostkit/formrows.h>
 #include <zorvaparser/zorvaparser.h>
+
+#include <QFile>
+#include <QXmlStreamReader>
 
 namespace radio {
 
@@ -23,6 +27,20 @@ QString nextPath()
 {
     static int count = 0;
     return QStringLiteral("/Radio%1").arg(++count);
+}
+
+/** ": line 3, column 7: " and what is wrong there with the XML of a file that is open; empty if nothing is.
+ */
+QString earlyEnd(QFile& file)
+{
+    QXmlStreamReader reader(&file);
+    while (!reader.atEnd())
+        reader.readNext();
+    return reader.hasError() ? QStringLiteral(": line %1, column %2: %3")
+                                   .arg(reader.lineNumber())
+                                   .arg(reader.columnNumber())
+                                   .arg(reader.errorString())
+                             : QString();
 }
 
 std::shared_ptr<RigDevice> localDevice(const CommandLine& commandLine, const QList<Parameter>& parameters)
@@ -61,13 +79,25 @@ bool Session::prepare(const CommandLine& commandLine, QString* error)
     else
         device = localDevice(commandLine, parameters);
 
+    return makeForm(commandLine.form, error);
+}
+
+bool Session::makeForm(const QString& fileName, QString* error)
+{
     Orvane::ZorvaParser parser;
-    if (commandLine.form.isEmpty())
+    if (fileName.isEmpty()) {
         form = parser.ParseZORVA(formFor(model));
-    else
-        form = parser.ParseZORVAFile(commandLine.form);
-    if (!form)
-        return fail(error, QStringLiteral("%1 is no form").arg(commandLine.form));
+    } else {
+        QFile file(fileName);
+        if (!file.open(QIODevice::ReadOnly))
+            return fail(error, QStringLiteral("%1: %2").arg(fileName, file.errorString()));
+        const QString ending = earlyEnd(file);
+        form = parser.ParseZORVAFile(fileName);
+        if (!form || hostkit::rowPaths(*form).isEmpty())
+            return fail(error, QStringLiteral("%1 is no form%2").arg(fileName, ending));
+        if (!ending.isEmpty())
+            damage = QStringLiteral("%1 is shown as far as it goes%2").arg(fileName, ending);
+    }
     form->CreateValueTree(nextPath());
     form->CreateGUI(true);
     return true;

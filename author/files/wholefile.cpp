@@ -1,8 +1,9 @@
 #include "wholefile.h"
 
+#include <hostkit/settingsstore.h>
+
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <cstdio>
 
@@ -50,10 +51,9 @@ FileContent readWhole(const QString& path)
 
 QString writeWhole(const QString& path, const QByteArray& bytes)
 {
-    QSaveFile file(path);
-    const bool written =
-        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-    return written ? QString() : file.errorString();
+    QString problem;
+    hostkit::saveBytes(path, bytes, &problem);
+    return problem;
 }
 
 } // namespace Author

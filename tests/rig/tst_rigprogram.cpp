@@ -51,6 +51,9 @@ private Q_SLOTS:
         QTest::newRow("dummy's settings")
             << "--model 1 --save -" << 0 << QByteArray("<Frequency>145000000</Frequency>");
         QTest::newRow("no form") << "--model 1 --save - /no/such/form.zorva" << 1 << QByteArray();
+        QTest::newRow("nothing to restore")
+            << "--model 1 --restore /no/such/settings.xml" << 1 << QByteArray();
+        QTest::newRow("no room for settings") << "--model 1 --save /dev/full" << 1 << QByteArray();
         QTest::newRow("no daemon") << "--rigctld 127.0.0.1:1 --save -" << 1 << QByteArray();
         QTest::newRow("no port") << "--model 1018 --device /no/such/port --save -" << 1 << QByteArray();
         QTest::newRow("no such setting") << "--model 1 --set nonsense=1 --save -" << 1 << QByteArray();
@@ -63,6 +66,39 @@ private Q_SLOTS:
         QVERIFY2(m_output.contains(output), m_output.left(1000).constData());
         QTEST(code, "code");
         QCOMPARE(code != 0, m_errors.contains("zorva-rig: "));
+    }
+
+    void damagedForm_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QByteArray>("said");
+        const QString row =
+            QStringLiteral("<KVParamGui>\n<Sheet>\n<Widget name=\"AF\" class=\"SpinBox\">\n"
+                           "<Property name=\"parameterXmlTag\"><String>Level/AF</String></Property>"
+                           "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>"
+                           "</Widget>\n");
+        QTest::newRow("no form") << "hello" << 1 << QByteArray("line 1, column");
+        QTest::newRow("empty") << "" << 1 << QByteArray("Premature end");
+        QTest::newRow("another document") << "<Parameters/>" << 1 << QByteArray("is no form");
+        QTest::newRow("cut before the first row")
+            << "<KVParamGui>\n<Sheet" << 1 << QByteArray("line 2, column");
+        QTest::newRow("cut behind a row") << row << 0 << QByteArray("as far as it goes: line 5");
+        QTest::newRow("whole") << row + QStringLiteral("</Sheet></KVParamGui>") << 0 << QByteArray();
+    }
+    void damagedForm()
+    {
+        QFETCH(QString, text);
+        QFETCH(QByteArray, said);
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("own.zorva"));
+        QVERIFY(hostkit::saveText(file, text));
+        const int code = run({QStringLiteral("--model"), QStringLiteral("1"), QStringLiteral("--save"),
+                              QStringLiteral("-"), file});
+        QTEST(code, "code");
+        QVERIFY2(m_errors.contains(said), m_errors.constData());
+        QCOMPARE(m_errors.contains("zorva-rig: "), !said.isEmpty());
+        QCOMPARE(m_output.contains("<AF>"), code == 0);
     }
 
     void settingsOfADaemonAreSaved()
