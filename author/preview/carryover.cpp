@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSet>
 
 #include <algorithm>
 
@@ -89,27 +90,30 @@ const QString notTaken = QStringLiteral("the row does not take it any more");
 void Carryover::take(PreviewForm& form)
 {
     takeTyping(form);
-    takeSettings(form);
-    takeUnsent(form);
+    keep(settingsOf(form) + unsentOf(form));
     takeView(form);
 }
 
 // What was kept aside before counts until the operator says something else about the same row.
-void Carryover::keep(const Row& row)
+void Carryover::keep(const QVector<Row>& entered)
 {
+    QSet<QPair<QString, bool>> again;
+    for (const Row& row : entered)
+        again.insert({row.key, row.isUnsent});
     m_rows.erase(std::remove_if(m_rows.begin(), m_rows.end(),
-                                [&row](const Row& other) {
-                                    return other.key == row.key && other.isUnsent == row.isUnsent;
+                                [&again](const Row& row) {
+                                    return again.contains({row.key, row.isUnsent});
                                 }),
                  m_rows.end());
-    m_rows.append(row);
+    m_rows += entered;
 }
 
-void Carryover::takeSettings(PreviewForm& form)
+QVector<Carryover::Row> Carryover::settingsOf(PreviewForm& form) const
 {
     // Mostly nobody has entered anything between two saves.
     if (!form.isChanged())
-        return;
+        return {};
+    QVector<Row> entered;
     const SettingWords words(form.form(), form.rows());
     const ParameterSet now = form.settings();
     const QHash<int, QVector<Setting>> first = byRow(form.settingsAtFirst());
@@ -132,12 +136,14 @@ void Carryover::takeSettings(PreviewForm& form)
         row.settings = settings;
         row.text = wordsOf(words, settings);
         row.isMarked = delegate->isModified();
-        keep(row);
+        entered.append(row);
     }
+    return entered;
 }
 
-void Carryover::takeUnsent(PreviewForm& form)
+QVector<Carryover::Row> Carryover::unsentOf(PreviewForm& form)
 {
+    QVector<Row> entered;
     const QMap<QString, QString> first = form.unsentTextsAtFirst();
     const QMap<QString, QString> now = form.unsentTexts();
     for (auto text = now.cbegin(); text != now.cend(); ++text) {
@@ -147,8 +153,9 @@ void Carryover::takeUnsent(PreviewForm& form)
         row.key = row.name = row.control = text.key();
         row.text = text.value();
         row.isUnsent = true;
-        keep(row);
+        entered.append(row);
     }
+    return entered;
 }
 
 void Carryover::takeTyping(PreviewForm& form)
@@ -200,8 +207,9 @@ QVector<KeptAside> Carryover::give(PreviewForm& form)
         aside.append({row.name, row.text, why});
         rest.append(row);
     };
+    const QMap<QString, QString> unsent = form.unsentTexts();
     for (const Row& row : qAsConst(m_rows)) {
-        const QString why = whyNot(form, row);
+        const QString why = whyNot(form, row, unsent);
         if (why.isEmpty())
             tried.append(row);
         else
@@ -233,10 +241,10 @@ int Carryover::rowOf(PreviewForm& form, const Row& row)
     return read.settings().isEmpty() ? -1 : read.settings().first().row;
 }
 
-QString Carryover::whyNot(PreviewForm& form, const Row& row)
+QString Carryover::whyNot(PreviewForm& form, const Row& row, const QMap<QString, QString>& unsent)
 {
     if (row.isUnsent)
-        return form.unsentTexts().contains(row.key) ? QString() : rowIsGone;
+        return unsent.contains(row.key) ? QString() : rowIsGone;
     const int position = rowOf(form, row);
     if (position < 0)
         return rowIsGone;

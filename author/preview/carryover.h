@@ -3,6 +3,7 @@
 
 #include "previewform.h"
 
+#include <QMap>
 #include <QString>
 #include <QVector>
 
@@ -56,13 +57,13 @@ private:
         bool isOpen = false; // text that is not final yet
     };
 
-    void keep(const Row& row);
+    void keep(const QVector<Row>& entered);
     static int rowOf(PreviewForm& form, const Row& row);
-    static QString whyNot(PreviewForm& form, const Row& row);
+    static QString whyNot(PreviewForm& form, const Row& row, const QMap<QString, QString>& unsent);
     static void send(PreviewForm& form, const QVector<Row>& rows);
     static bool holds(PreviewForm& form, const ParameterSet& now, const Row& row);
-    void takeSettings(PreviewForm& form);
-    void takeUnsent(PreviewForm& form);
+    QVector<Row> settingsOf(PreviewForm& form) const;
+    static QVector<Row> unsentOf(PreviewForm& form);
     void takeTyping(PreviewForm& form);
     void takeView(PreviewForm& form);
 

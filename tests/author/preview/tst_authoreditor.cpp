@@ -1,7 +1,9 @@
 #include <author/preview/authoreditor.h>
 
+#include <QDesktopServices>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUrl>
 
 using namespace Orvane::Author;
 
@@ -9,6 +11,11 @@ using namespace Orvane::Author;
 class TestAuthorEditor : public QObject
 {
     Q_OBJECT
+
+    QUrl m_opened;
+
+public Q_SLOTS:
+    void open(const QUrl& url) { m_opened = url; }
 
 private Q_SLOTS:
     void calls_data()
@@ -44,6 +51,18 @@ private Q_SLOTS:
         QCOMPARE(editorOfUser(), QStringLiteral("second"));
         qunsetenv("VISUAL");
         QCOMPARE(editorOfUser(), QString());
+    }
+    void theDesktopsOpensItIfNobodyHasSaid()
+    {
+        qunsetenv("ZORVA_EDITOR");
+        qunsetenv("VISUAL");
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("form.zorva")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+        QCOMPARE(openInEditor(file.fileName(), 12, 1), QString());
+        QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+        QCOMPARE(m_opened, QUrl::fromLocalFile(file.fileName()));
     }
     void aProgramIsStarted()
     {

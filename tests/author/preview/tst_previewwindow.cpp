@@ -6,9 +6,11 @@
 #include <author/preview/placelist.h>
 #include <author/preview/valuespane.h>
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDockWidget>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -66,6 +68,21 @@ class TestPreviewWindow : public PreviewTest
         const auto found = std::find_if(boxes.cbegin(), boxes.cend(), isOfBar);
         return found == boxes.cend() ? nullptr : *found;
     }
+    /// Chooses a file in the dialog that opens next.
+    void answerDialog(const char* name)
+    {
+        auto* const look = new QTimer(m_window.get());
+        connect(look, &QTimer::timeout, m_window.get(), [look, file = path(name)] {
+            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            look->stop();
+            auto* const field = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            field->setText(file);
+            QTest::keyClick(field, Qt::Key_Return);
+        });
+        look->start(10);
+    }
     RowState state(const char* row) const
     {
         return m_window->findChild<DeviceSimulation*>()->link()->states().state(QString::fromLatin1(row));
@@ -78,6 +95,7 @@ class TestPreviewWindow : public PreviewTest
     }
 
 private Q_SLOTS:
+    void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
     void whatIsTypedIsCarriedOver()
     {
         write(description());
@@ -417,6 +435,23 @@ private Q_SLOTS:
         device->drift();
         QTRY_COMPARE(held("lock"), QStringLiteral("true"));
     }
+    void theDeviceChangesByItself()
+    {
+        write(description());
+        open();
+        key(Qt::Key_6, Qt::ControlModifier);
+        key(Qt::Key_Down);
+        QTRY_COMPARE(state("gain"), RowState::Confirmed);
+        auto* const drift = find<QCheckBox>("deviceDrift");
+        drift->setFocus();
+        key(Qt::Key_Space);
+        QTRY_COMPARE_WITH_TIMEOUT(held("gain"), QStringLiteral("4"), 30000);
+        QVERIFY(find<QPlainTextEdit>("deviceLog")
+                    ->toPlainText()
+                    .contains(QLatin1String("changed by the device")));
+        key(Qt::Key_Space);
+        QVERIFY(!drift->isChecked());
+    }
     void overlay()
     {
         write(description());
@@ -483,6 +518,50 @@ private Q_SLOTS:
         const QWidget* const content = form().GetSheet().Content();
         QCOMPARE(picture.size() / picture.devicePixelRatio(), content->size());
         QVERIFY(picture.height() > m_window->height());
+    }
+    void pictureAndOverlayByTheKeyboard()
+    {
+        write(description());
+        write(formXml(widgetXml("SpinBox", "gain", {{"labelText", "Louder"}})), "over.zorva");
+        open();
+        answerDialog("picture.png");
+        key(Qt::Key_S, Qt::ControlModifier);
+        const QImage saved(path("picture.png"));
+        QCOMPARE(saved.size(), m_window->picture().size());
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        answerDialog("over.zorva");
+        key(Qt::Key_O, Qt::ControlModifier);
+        const auto* const list = find<PlaceList>("overlayChanges");
+        QTRY_COMPARE(list->topLevelItemCount(), 1);
+        QVERIFY(list->isVisible());
+    }
+    // Each is a step of Tab, and says what it is to those who do not see it.
+    void allThatTabReachesHasAName()
+    {
+        write(description().replace(QLatin1String("labelText"), QLatin1String("labeltext")));
+        open();
+        find<QComboBox>("deviceManner")->setCurrentIndex(1);
+        write(QByteArray("<KVParamGui>"));
+        QTRY_VERIFY(!m_window->reason().isEmpty());
+        int reached = 0;
+        for (int pane = 1; pane <= 7; ++pane) {
+            key(static_cast<Qt::Key>(Qt::Key_0 + pane), Qt::ControlModifier);
+            const QWidget* const dock = m_window->findChild<QDockWidget*>(QStringLiteral("pane%1").arg(pane));
+            QTRY_VERIFY(dock->isAncestorOf(QApplication::focusWidget()));
+            for (QWidget* next = m_window->nextInFocusChain(); next != m_window.get();
+                 next = next->nextInFocusChain()) {
+                if (!(next->focusPolicy() & Qt::TabFocus) || !next->isVisible() || !next->isEnabled() ||
+                    next->focusProxy())
+                    continue;
+                ++reached;
+                const QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(next);
+                QVERIFY2(seen && !seen->text(QAccessible::Name).isEmpty(),
+                         qPrintable(QStringLiteral("%1 %2").arg(
+                             QString::fromLatin1(next->metaObject()->className()), next->objectName())));
+            }
+        }
+        QVERIFY(reached > 7);
     }
     void everyPaneHasANameAndAKey()
     {

@@ -64,6 +64,10 @@ private Q_SLOTS:
         QTest::newRow("with a body") << QByteArray("var i = 0;\nfor (;;) { ++i; }");
         QTest::newRow("in a function") << QByteArray("function f() { while (true) {} }\nf();");
         QTest::newRow("that catches") << QByteArray("while (true) { try { for (;;) {} } catch (e) {} }");
+        QTest::newRow("of statements that take long")
+            << QByteArray("while (true) new Array(100000).join('x');");
+        QTest::newRow("in the words of what is thrown")
+            << QByteArray("throw { toString: function() { while (true) {} } };");
         QTest::newRow("in calls") << QByteArray("function f() {}\nwhile (true) f();");
     }
     void withoutAnEnd()
