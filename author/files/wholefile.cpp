@@ -49,6 +49,13 @@ FileContent readWhole(const QString& path)
     return content;
 }
 
+FileContent readStored(const QString& path)
+{
+    const QFileInfo info(path);
+    const bool isOdd = info.exists() && !info.isFile() && !info.isDir();
+    return isOdd ? FileContent{path, QByteArray(), QStringLiteral("it is no file")} : readWhole(path);
+}
+
 QString writeWhole(const QString& path, const QByteArray& bytes)
 {
     QString problem;

@@ -25,6 +25,8 @@ constexpr int largestFile = 16 << 20;
  * than largestFile or never ends is a problem like any other.
  */
 FileContent readWhole(const QString& path);
+/** The same of what lies in a folder: a pipe, which may keep a window waiting for ever, is a problem. */
+FileContent readStored(const QString& path);
 
 /**
  * Puts @p bytes at @p path by a complete new file beside the old one, which is on

@@ -322,13 +322,9 @@ void PreviewWindow::nextPane(int step)
 PreviewWindow::Reading PreviewWindow::read() const
 {
     Reading reading;
-    const QFileInfo info(m_options.file);
-    // A pipe could keep the window waiting for ever.
-    const bool isOdd = info.exists() && !info.isFile() && !info.isDir();
-    const FileContent content = isOdd ? FileContent() : readWhole(m_options.file);
-    if (isOdd || !content.isRead()) {
-        reading.problem = QStringLiteral("%1 cannot be read: %2")
-                              .arg(m_options.file, isOdd ? QStringLiteral("it is no file") : content.problem);
+    const FileContent content = readStored(m_options.file);
+    if (!content.isRead()) {
+        reading.problem = QStringLiteral("%1 cannot be read: %2").arg(m_options.file, content.problem);
         return reading;
     }
     const SourceText source(content.bytes);
@@ -661,7 +657,7 @@ QByteArray PreviewWindow::readOverlay()
 {
     if (m_options.overlay.isEmpty())
         return QByteArray();
-    const FileContent content = readWhole(m_options.overlay);
+    const FileContent content = readStored(m_options.overlay);
     if (!content.isRead())
         statusBar()->showMessage(
             QStringLiteral("%1 cannot be read: %2").arg(m_options.overlay, content.problem), messageTime);

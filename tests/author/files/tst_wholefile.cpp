@@ -5,6 +5,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/stat.h>
+
 using namespace Orvane::Author;
 
 /// Files are read whole, and replaced by whole ones.
@@ -18,6 +20,7 @@ private Q_SLOTS:
     void aFailureLeavesTheOldOne();
     void saysWhatCannotBeRead();
     void isNotFloodedByWhatIsTooLarge();
+    void doesNotWaitAtAPipe();
 };
 
 void TestWholeFile::whatIsWrittenIsRead()
@@ -30,6 +33,17 @@ void TestWholeFile::whatIsWrittenIsRead()
     QVERIFY(content.isRead());
     QCOMPARE(content.bytes, bytes);
     QCOMPARE(content.name, path);
+}
+
+void TestWholeFile::doesNotWaitAtAPipe()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("pipe"));
+    QCOMPARE(mkfifo(qPrintable(path), 0600), 0);
+    QCOMPARE(readStored(path).problem, QStringLiteral("it is no file"));
+    QVERIFY(readStored(folder.path()).problem.contains(QLatin1String("folder")));
+    QCOMPARE(writeWhole(folder.filePath(QStringLiteral("file")), "x"), QString());
+    QCOMPARE(readStored(folder.filePath(QStringLiteral("file"))).bytes, QByteArray("x"));
 }
 
 void TestWholeFile::replacesAndLeavesNothingBeside()

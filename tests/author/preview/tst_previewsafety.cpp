@@ -5,6 +5,7 @@
 #include <QTreeWidget>
 
 #include <cstdio>
+#include <sys/stat.h>
 
 using namespace Orvane::Author;
 
@@ -72,24 +73,29 @@ private Q_SLOTS:
     }
     void aFileThatGoesAndComesBack_data()
     {
-        QTest::addColumn<bool>("isFolder");
-        QTest::newRow("vanished") << false;
-        QTest::newRow("became a folder") << true;
+        QTest::addColumn<QString>("becomes");
+        for (const char* other : {"nothing", "folder", "pipe"})
+            QTest::newRow(other) << QString::fromLatin1(other);
     }
     void aFileThatGoesAndComesBack()
     {
-        QFETCH(bool, isFolder);
+        QFETCH(QString, becomes);
+        const bool isFolder = becomes == QLatin1String("folder");
         write(good());
         open();
         QVERIFY(QFile::remove(path()));
         if (isFolder)
             QVERIFY(QDir().mkdir(path()));
+        else if (becomes == QLatin1String("pipe"))
+            QCOMPARE(mkfifo(qPrintable(path()), 0600), 0);
         QTRY_VERIFY(m_window->reason().contains(QLatin1String("cannot be read")));
         QVERIFY2(!isFolder || m_window->reason().contains(QLatin1String("folder")),
                  qPrintable(m_window->reason()));
         QVERIFY(m_window->form());
         if (isFolder)
             QVERIFY(QDir().rmdir(path()));
+        else
+            QFile::remove(path());
         write(good());
         QTRY_COMPARE(m_window->reason(), QString());
     }

@@ -21,6 +21,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <sys/stat.h>
 
 using namespace Orvane::Author;
 using hostkit::RowState;
@@ -434,6 +435,18 @@ private Q_SLOTS:
         QTRY_COMPARE(held("gain"), QStringLiteral("78"));
         device->drift();
         QTRY_COMPARE(held("lock"), QStringLiteral("true"));
+    }
+    void anOverlayThatBecomesAPipe()
+    {
+        write(description());
+        write(formXml(widgetXml("SpinBox", "gain", {{"labelText", "Louder"}})), "over.zorva");
+        PreviewOptions options;
+        options.overlay = path("over.zorva");
+        open(options);
+        QVERIFY(QFile::remove(options.overlay));
+        QCOMPARE(mkfifo(qPrintable(options.overlay), 0600), 0);
+        m_window->reload();
+        QCOMPARE(find<PlaceList>("overlayChanges")->topLevelItemCount(), 0);
     }
     void theDeviceChangesByItself()
     {
