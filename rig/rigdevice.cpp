@@ -32,6 +32,16 @@ QString widthOf(const QString& modeAndWidth)
     return modeAndWidth.section(QLatin1Char(' '), 1, 1);
 }
 
+/** Hamlib has two words for a VFO, and a radio may be asked by the one and answer with the other. */
+QString otherName(const QString& vfo)
+{
+    static const QHash<QString, QString> names{{QStringLiteral("VFOA"), QStringLiteral("Main")},
+                                               {QStringLiteral("VFOB"), QStringLiteral("Sub")},
+                                               {QStringLiteral("Main"), QStringLiteral("VFOA")},
+                                               {QStringLiteral("Sub"), QStringLiteral("VFOB")}};
+    return names.value(vfo);
+}
+
 /** Of what a radio tells, as much as the parameter is about. */
 QString ownPart(const Parameter& parameter, const QString& text)
 {
@@ -86,9 +96,19 @@ Answer RigDevice::read(const QString& path)
     const Answer answer = get(*found);
     if (answer.outcome != Answer::Done || answer.text.isNull())
         return answer;
-    const QString text = found->toForm(ownPart(*found, answer.text));
+    const QString own = asWritten(*found, ownPart(*found, answer.text));
+    if (own.isEmpty())
+        return Answer::done(QString());
+    const QString text = found->toForm(own);
     return text.isNull() ? Answer::refused(QStringLiteral("unreadable answer: ") + answer.text)
                          : Answer::done(text);
+}
+
+QString RigDevice::asWritten(const Parameter& parameter, const QString& text) const
+{
+    const bool isVfo = parameter.call == Call::Vfo || parameter.call == Call::Split;
+    const QString written = isVfo ? m_written.value(parameter.path) : QString();
+    return !written.isEmpty() && written == otherName(text) ? written : text;
 }
 
 Answer RigDevice::getRecent(Recent& recent, const Parameter& parameter)
@@ -132,6 +152,7 @@ Answer RigDevice::write(const QString& path, const QString& text)
         return Answer::refused(QStringLiteral("this radio cannot set it"));
     m_mode.until.setRemainingTime(0);
     m_split.until.setRemainingTime(0);
+    m_written.insert(path, text);
     if (found->call == Call::Passband)
         return writePassband(*found, text);
     if (found->call == Call::Split)
@@ -164,7 +185,8 @@ Answer RigDevice::writePassband(const Parameter& parameter, const QString& width
         return answer;
     const QString mode = modeOf(answer.text);
     if (!parameter.modes.isEmpty() && !parameter.modes.contains(mode))
-        return Answer::refused(QStringLiteral("the mode is ") + mode);
+        return Answer::refused(mode.isEmpty() ? QStringLiteral("the mode is not known")
+                                              : QStringLiteral("the mode is ") + mode);
     return set(parameter, mode + QLatin1Char(' ') + width);
 }
 

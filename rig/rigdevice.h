@@ -39,6 +39,9 @@ protected:
     virtual hostkit::Answer set(const Parameter& parameter, const QString& text) = 0;
 
 private:
+    /** The text by which the parameter was asked for last, if the radio's is another word for the same. */
+    QString asWritten(const Parameter& parameter, const QString& text) const;
+
     /** An answer of just now, kept while several parameters of a round are told by it. */
     struct Recent
     {
@@ -55,6 +58,7 @@ private:
 
     QHash<QString, Parameter> m_parameters; // by path
     QStringList m_passbands;                // their paths
+    QHash<QString, QString> m_written;      // by path: what was asked for last
     Recent m_mode;
     Recent m_split;
 };

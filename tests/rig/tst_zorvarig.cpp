@@ -250,6 +250,24 @@ private Q_SLOTS:
         end();
     }
 
+    // The dummy, asked for VFOB, answers that it is at Sub, which is the same.
+    void vfoByItsOtherName()
+    {
+        startDaemon();
+        openWindow(m_daemon->address());
+        auto* const vfo = m_window->findChild<QComboBox*>(QStringLiteral("tuning_VFO"));
+        vfo->setFocus();
+        QTest::keyClicks(vfo, QStringLiteral("VFOB"));
+        apply();
+        QTRY_COMPARE_WITH_TIMEOUT(state("Tuning/VFO"), RowState::Confirmed, longTime);
+        QCOMPARE(shown("Tuning/VFO"), QStringLiteral("VFOB"));
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Tuning/Frequency"), QStringLiteral("146000000"), longTime);
+        QCOMPARE(m_daemon->rigctl({QStringLiteral("V"), QStringLiteral("VFOA")}), QString());
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Tuning/Frequency"), QStringLiteral("145000000"), longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Tuning/VFO"), QStringLiteral("Main"), longTime);
+        end();
+    }
+
     void splitOperation()
     {
         startDaemon();
