@@ -56,9 +56,20 @@ int decimalsOf(double step)
                : 0;
 }
 
+/** Hamlib has no place for a unit; some drivers' words tell it. */
+QString unitOf(const confparams& entry)
+{
+    if (QString::fromUtf8(entry.tooltip).endsWith(QLatin1String("(dB)")))
+        return QStringLiteral("dB");
+    const bool isFrequency =
+        QString::fromUtf8(entry.label).endsWith(QLatin1String("frequency"), Qt::CaseInsensitive);
+    return isFrequency ? QStringLiteral("Hz") : QString();
+}
+
 void takeRange(Parameter& parameter, const confparams& entry)
 {
     parameter.whole = false;
+    parameter.unit = unitOf(entry);
     parameter.minimum = static_cast<double>(entry.u.n.min);
     parameter.maximum = static_cast<double>(entry.u.n.max);
     parameter.decimals = decimalsOf(static_cast<double>(entry.u.n.step));

@@ -2,6 +2,7 @@
 
 #include <hostkit/devicelink.h>
 
+#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -153,6 +154,19 @@ private Q_SLOTS:
         QTRY_COMPARE(m_link->state(), LinkState::Up);
         QTRY_COMPARE(read("a"), QStringLiteral("1"));
         QCOMPARE(m_device->writes(), QStringList());
+    }
+
+    // A pause may be longer than asked for, never shorter: seven of them, doubled from 2, take 254
+    // milliseconds.
+    void pausesGrow()
+    {
+        m_device->breakDown();
+        m_link->setPauses(2, 1000);
+        QElapsedTimer clock;
+        clock.start();
+        m_link->start();
+        QTRY_VERIFY(m_device->opens() >= 8);
+        QVERIFY(clock.elapsed() >= 250);
     }
 
     void requestMadeWhileDownIsGivenBack()

@@ -276,6 +276,19 @@ private Q_SLOTS:
         QTEST(row ? row->GetClass() : QString(), "kind");
     }
 
+    void unitsOfExtras()
+    {
+        radio::Model model;
+        QVERIFY(radio::findModel(1035, &model));
+        QHash<QString, QString> units;
+        const QList<radio::Parameter> parameters = radio::parametersOf(*model.capabilities);
+        for (const radio::Parameter& parameter : parameters)
+            units.insert(parameter.path, parameter.unit);
+        QCOMPARE(units.value(QStringLiteral("Level/CONTOUR_FREQ")), QStringLiteral("Hz"));
+        QCOMPARE(units.value(QStringLiteral("Level/CONTOUR_LEVEL")), QStringLiteral("dB"));
+        QCOMPARE(units.value(QStringLiteral("Level/CONTOUR_WIDTH")), QString());
+    }
+
     // Hamlib's own way, without a daemon.
     void extrasAndSplitOfALocalRadio_data()
     {

@@ -72,6 +72,14 @@ private Q_SLOTS:
         QVERIFY(control("mode_Passband_USB")->isVisibleTo(m_window.get()));
         QTRY_COMPARE_WITH_TIMEOUT(shown("Mode/Passband_USB"), QStringLiteral("2400"), longTime);
 
+        auto* const blanker = control("function_NB");
+        blanker->setFocus();
+        QTest::keyClick(blanker, Qt::Key_Space);
+        apply();
+        QTRY_COMPARE_WITH_TIMEOUT(state("Function/NB"), RowState::Confirmed, longTime);
+        QCOMPARE(shown("Function/NB"), QStringLiteral("1"));
+        QCOMPARE(m_daemon->rigctl({QStringLiteral("u"), QStringLiteral("NB")}), QStringLiteral("1"));
+
         auto* const frequency = control("FrequencyControl")->findChild<QLineEdit*>();
         frequency->setFocus();
         frequency->selectAll();
