@@ -36,6 +36,23 @@ const QVector<Rule> rules{
      "cannot be read "
      "back. Names begin with a letter or `_` and have no blanks.",
      LINE("a", "Tuner/2nd gain"), LINE("a", "Tuner/Gain2")},
+    {"lost-path", Severity::Warning, "a path that a block of custom properties takes away",
+     "The tables of excluded ranges take their path from the custom property `customXmlTag`. A block "
+     "`CustomProperties` without it, be it misspelt, gives them the name that they have by themselves, "
+     "`ExclusionRanges` or `ExclusionFrequencyList`, whatever `parameterXmlTag` says before it; the device "
+     "then "
+     "finds its ranges in another place. Put the path into `customXmlTag`.",
+     R"(<Widget name="excluded" class="SpecialObject_FHP">
+  <Property name="parameterXmlTag"><String>Scan/Excluded</String></Property>
+  <CustomProperties>
+    <Property name="CustomXmlTag"><String>Scan/Excluded</String></Property>
+  </CustomProperties>
+</Widget>)",
+     R"(<Widget name="excluded" class="SpecialObject_FHP">
+  <CustomProperties>
+    <Property name="customXmlTag"><String>Scan/Excluded</String></Property>
+  </CustomProperties>
+</Widget>)"},
     {"root-attribute", Severity::Warning, "an attribute of the root with half of what it needs",
      "An attribute `Attribute_NAME` of the parameters' root needs two entries: the custom property says that "
      "there is one, "
@@ -57,6 +74,7 @@ public:
     void run()
     {
         for (const WrittenRow& row : m_form.rows()) {
+            checkBlock(row);
             if (isExported(row))
                 takePath(row);
         }
@@ -91,6 +109,19 @@ private:
     }
 
     void report(const char* id, Range place, const QString& message) { m_subject.report(id, place, message); }
+
+    void checkBlock(const WrittenRow& row)
+    {
+        const QString written = row.text("parameterXmlTag");
+        if (row.ownTag().isEmpty() || row.customBlock() < 0 || written.isEmpty() ||
+            row.path() != row.ownTag() || written == row.ownTag())
+            return;
+        m_subject.reportAt(
+            "lost-path", row.customBlock(),
+            QStringLiteral("without `customXmlTag` this block makes `%1` the path of `%2`, and "
+                           "not `%3`")
+                .arg(row.path(), row.name(), written));
+    }
 
     void takePath(const WrittenRow& row)
     {

@@ -83,9 +83,10 @@ const QVector<Rule> rules{
 class NameCheck
 {
 public:
-    NameCheck(Subject& subject, int script, const QString& text)
+    /** @p offsets are the places of the characters of @p text. */
+    NameCheck(Subject& subject, const QString& text, const QVector<int>& offsets)
         : m_subject(subject)
-        , m_script(script)
+        , m_offsets(offsets)
         , m_names(text)
     {
         collectGlobals();
@@ -149,7 +150,7 @@ private:
 
     Range place(int token) const
     {
-        const int begin = m_subject.description().offsetInText(m_script, m_names.tokens().at(token).offset);
+        const int begin = m_offsets.at(m_names.tokens().at(token).offset);
         return {begin, begin + text(token).size()};
     }
 
@@ -279,7 +280,7 @@ private:
     }
 
     Subject& m_subject;
-    int m_script;
+    const QVector<int>& m_offsets;
     ScriptNames m_names;
     QHash<QString, const WrittenRow*> m_rows;
     QHash<QString, QStringList> m_enumerations;
@@ -308,11 +309,13 @@ private:
     void checkScript(int script)
     {
         const QString text = m_subject.description().textOf(script);
+        // Asked once, for a script may have a finding in each word.
+        const QVector<int> offsets = m_subject.description().textOffsets(script);
         checkLanguage(script);
-        checkEscapes(script, text);
+        checkEscapes(text, offsets);
         if (!checkSyntax(script, text))
             return;
-        NameCheck(m_subject, script, text).run();
+        NameCheck(m_subject, text, offsets).run();
         if (script == m_subject.reading().form().script && m_subject.reading().fate(script).alive)
             checkRun(script, text);
     }
@@ -328,7 +331,7 @@ private:
                                  .arg(language->value));
     }
 
-    void checkEscapes(int script, const QString& text)
+    void checkEscapes(const QString& text, const QVector<int>& offsets)
     {
         static const QRegularExpression escape(QStringLiteral("\\{\\{(CR|LF)\\}\\}"),
                                                QRegularExpression::CaseInsensitiveOption);
@@ -336,7 +339,7 @@ private:
             const QRegularExpressionMatch found = match.next();
             if (found.captured() == found.captured().toUpper())
                 continue;
-            const int begin = m_subject.description().offsetInText(script, found.capturedStart());
+            const int begin = offsets.at(found.capturedStart());
             m_subject.report("escape-case", {begin, begin + found.capturedLength()},
                              QStringLiteral("`%1` stays as it is; only `%2` becomes a line end")
                                  .arg(found.captured(), found.captured().toUpper()),

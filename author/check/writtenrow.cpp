@@ -51,6 +51,8 @@ void WrittenRow::readBlock(const Description& description, int block, bool isCus
     for (int i = description.element(block).firstChild; i >= 0; i = description.element(i).nextSibling) {
         const SourceElement& child = description.element(i);
         if (child.name == QLatin1String("CustomProperties") && depth < deepestBlock) {
+            if (depth == 0)
+                m_customBlock = i;
             readBlock(description, i, true, depth + 1);
             continue;
         }
@@ -107,14 +109,23 @@ double WrittenRow::number(const char* name, double fallback) const
     return property ? property->number().value_or(fallback) : fallback;
 }
 
+QString WrittenRow::ownTag() const
+{
+    static const QHash<QString, QString> tags{
+        {QStringLiteral("SpecialObject_FHP"), QStringLiteral("ExclusionRanges")},
+        {QStringLiteral("SpecialObject_DSC"), QStringLiteral("ExclusionFrequencyList")}};
+    return tags.value(m_className);
+}
+
 QString WrittenRow::path() const
 {
-    if (const WrittenProperty* const custom = findCustom(QStringLiteral("customXmlTag"))) {
-        if (m_className == QLatin1String("SpecialObject_FHP") ||
-            m_className == QLatin1String("SpecialObject_DSC"))
-            return custom->text;
+    const WrittenProperty* const plain = find("parameterXmlTag");
+    const bool isBehind = plain && plain->element > m_customBlock;
+    QString tag = plain ? plain->text : QString();
+    if (m_customBlock >= 0 && !isBehind && !ownTag().isEmpty()) {
+        const WrittenProperty* const custom = findCustom(QStringLiteral("customXmlTag"));
+        tag = custom ? custom->text : ownTag();
     }
-    const QString tag = text("parameterXmlTag");
     return tag.isEmpty() ? m_name : tag;
 }
 

@@ -53,6 +53,11 @@ public:
     const QVector<WrittenProperty>& all() const { return m_all; }
     /** The path in parameter XML, from the row's name where nothing else is said. */
     QString path() const;
+    /** The tag of those kinds that take theirs from custom properties and have one of their own; else empty.
+     */
+    QString ownTag() const;
+    /** The last block of custom properties; -1 if there is none. */
+    int customBlock() const { return m_customBlock; }
     bool isExported() const;
 
 private:
@@ -63,6 +68,7 @@ private:
     QString m_className;
     const ControlClass* m_kind = nullptr;
     bool m_isKnown = false;
+    int m_customBlock = -1;
     QVector<WrittenProperty> m_all;
     QHash<QString, int> m_plain;
     QHash<QString, int> m_custom;

@@ -3,6 +3,8 @@
 #include "references.h"
 #include "scanner.h"
 
+#include <QtAlgorithms>
+
 #include <algorithm>
 #include <vector>
 
@@ -227,14 +229,26 @@ int editDistance(const QString& left, const QString& right)
 
 constexpr int longestCompared = 64;
 
+/** One bit for each letter that stands in the text, case not counted; some letters share one. */
+quint64 lettersOf(const QString& text)
+{
+    quint64 letters = 0;
+    for (const QChar c : text)
+        letters |= quint64(1) << (c.toLower().unicode() % 64);
+    return letters;
+}
+
 /** How far @p written is from @p meant, case not counted; a large number if it is not near. */
 int missDistance(const QString& written, const QString& meant)
 {
     constexpr int far = 1000;
     if (written == meant || written.size() > longestCompared || qAbs(written.size() - meant.size()) > 2)
         return far;
-    const int distance = editDistance(written.toLower(), meant.toLower());
     const int allowed = meant.size() < 4 ? 1 : 2;
+    // Each exchange of a letter changes two bits at most; so most texts need no closer look.
+    if (qPopulationCount(lettersOf(written) ^ lettersOf(meant)) > static_cast<uint>(2 * allowed))
+        return far;
+    const int distance = editDistance(written.toLower(), meant.toLower());
     return distance <= allowed && distance < meant.size() ? distance : far;
 }
 

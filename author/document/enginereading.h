@@ -58,6 +58,8 @@ struct ReadRow
     QString className;
     QMap<QString, ReadProperty> properties; // by name as Qt takes it
     QMap<QString, ReadProperty> custom;
+    int customBlock =
+        -1; // the last block of custom properties, which some kinds answer also when it is empty
 };
 
 struct ReadEntry

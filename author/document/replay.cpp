@@ -251,21 +251,22 @@ void Replay::readRow()
     row.className = attribute("class");
     if (row.name.isEmpty())
         row.name = row.className + QLatin1Char('_') + QString::number(m_form.rows.size());
-    readProperties(row.properties, row.custom, false);
+    row.customBlock = readProperties(row.properties, row.custom, false);
     m_form.rows.append(row);
 }
 
-void Replay::readProperties(Properties& plain, Properties& custom, bool isCustom)
+int Replay::readProperties(Properties& plain, Properties& custom, bool isCustom)
 {
     const QScopedValueRollback<int> nested(m_blockDepth, m_blockDepth + 1);
     const int level = m_depth;
     int stray = -1;
+    int customBlock = -1;
     while (!m_reader.atEnd()) {
         const QXmlStreamReader::TokenType token = next();
         if (token == QXmlStreamReader::EndElement) {
             if (m_depth >= level && m_cut < 0)
                 m_cut = stray;
-            return;
+            return customBlock;
         }
         if (token != QXmlStreamReader::StartElement)
             continue;
@@ -275,9 +276,10 @@ void Replay::readProperties(Properties& plain, Properties& custom, bool isCustom
                 continue;
             if (!m_reader.hasError() && m_cut < 0)
                 m_cut = stray < 0 ? property : stray;
-            return;
+            return customBlock;
         }
         if (isAt("CustomProperties")) {
+            customBlock = m_current;
             if (m_blockDepth < deepestBlock)
                 readProperties(plain, custom, true);
             else
@@ -288,6 +290,7 @@ void Replay::readProperties(Properties& plain, Properties& custom, bool isCustom
             stray = m_current;
         notice(m_current, Cause::Skipped, stray);
     }
+    return customBlock;
 }
 
 bool Replay::readProperty(Properties& plain, Properties& custom, bool isCustom)

@@ -52,7 +52,8 @@ private:
     void readSheet();
     void readRow();
     void readOverlaySheet();
-    void readProperties(Properties& plain, Properties& custom, bool isCustom);
+    /** The last block of custom properties in this one; -1 if there is none. */
+    int readProperties(Properties& plain, Properties& custom, bool isCustom);
     bool readProperty(Properties& plain, Properties& custom, bool isCustom);
     void setPlain(Properties& properties, const QString& key, const QVariant& value, int element);
     void set(Properties& properties, const QString& name, const QVariant& value, int element);

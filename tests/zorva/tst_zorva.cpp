@@ -129,6 +129,12 @@ void TestZorva::completion_data()
     QTest::newRow("option of pictures") << words("show,--base") << words("--baseline");
     QTest::newRow("class") << words("kinds,Combo") << words("ComboBox");
     QTest::newRow("action") << words("parameters,me") << words("merge");
+    QTest::newRow("word of an option") << words("check,--format,j") << words("json");
+    QTest::newRow("words of an option") << words("check,--fail-on,") << words("error,warning,note");
+    QTest::newRow("word of a joined option") << words("check,--format,=,sa") << words("sarif");
+    QTest::newRow("words of a joined option") << words("check,--format,=") << words("text,json,sarif");
+    QTest::newRow("word of an option in the usage") << words("new,--kind,m") << words("minimal");
+    QTest::newRow("rule") << words("check,--explain,stray-e") << words("stray-element");
     QTest::newRow("nothing there") << words("kinds,Nonsense") << QStringList();
 }
 

@@ -101,6 +101,34 @@ private Q_SLOTS:
         const QString fault = faultOfDamages(text, 60, differenceOfEffects);
         QVERIFY2(fault.isEmpty(), qPrintable(fault));
     }
+
+    void everyBlockLivesAsPredicted_data()
+    {
+        QTest::addColumn<QByteArray>("rest");
+        const QByteArray tag = "<Property name=\"parameterXmlTag\"><String>a/b</String></Property>";
+        const QByteArray custom = "<Property name=\"customXmlTag\"><String>c/d</String></Property>";
+        const QByteArray block = "<CustomProperties>" + custom + "</CustomProperties>";
+        QTest::newRow("no block") << tag;
+        QTest::newRow("a block") << tag + block;
+        QTest::newRow("an empty block") << tag + "<CustomProperties/>";
+        QTest::newRow("an empty block before") << "<CustomProperties/>" + tag;
+        QTest::newRow("an empty block behind another") << block + tag + "<CustomProperties/>";
+        QTest::newRow("a block in a block") << tag + "<CustomProperties>" + block + "</CustomProperties>";
+        QTest::newRow("a block that breaks off")
+            << tag + "<CustomProperties><Property name=\"customXmlTag\"<";
+        QTest::newRow("an empty path") << tag + "<CustomProperties><Property name=\"customXmlTag\"><String/>"
+                                                "</Property></CustomProperties>";
+    }
+
+    // Some kinds answer a block of custom properties whatever is in it.
+    void everyBlockLivesAsPredicted()
+    {
+        QFETCH(QByteArray, rest);
+        for (const char* const kind : {"SpecialObject_FHP", "SpecialObject_DSC", "CheckBox"})
+            QCOMPARE(differenceOfEffects("<KVParamGui><Sheet name=\"s\"><Widget name=\"a\" class=\"" +
+                                         QByteArray(kind) + "\">" + rest + "</Widget></Sheet></KVParamGui>"),
+                     QString());
+    }
 };
 
 QTEST_MAIN(tst_damagedforms)

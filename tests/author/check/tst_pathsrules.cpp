@@ -36,6 +36,29 @@ protected:
              "<Property name=\"parameterXmlTag\"><String>x/y</String></Property>\n"
              "</Widget>",
              "leaf-is-group 5:42");
+        rows("a block without the path",
+             "<Widget name=\"a\" class=\"SpecialObject_FHP\">\n"
+             "<Property name=\"parameterXmlTag\"><String>x/y</String></Property>\n"
+             "<CustomProperties/>\n</Widget>",
+             "lost-path 5:1");
+        rows("a block whose path is misspelt",
+             "<Widget name=\"a\" class=\"SpecialObject_DSC\">\n"
+             "<Property name=\"parameterXmlTag\"><String>x/y</String></Property>\n<CustomProperties>"
+             "<Property name=\"CustomXmlTag\"><String>x/y</String></Property></CustomProperties>\n</Widget>",
+             "lost-path 5:1");
+        rows("a block with the path",
+             "<Widget name=\"a\" class=\"SpecialObject_FHP\">\n"
+             "<Property name=\"parameterXmlTag\"><String>x/y</String></Property>\n<CustomProperties>"
+             "<Property name=\"customXmlTag\"><String>x/y</String></Property></CustomProperties>\n</Widget>",
+             "");
+        rows("a block before the path",
+             "<Widget name=\"a\" class=\"SpecialObject_FHP\">\n<CustomProperties/>\n"
+             "<Property name=\"parameterXmlTag\"><String>x/y</String></Property>\n</Widget>",
+             "");
+        rows("two blocks that take the same path",
+             "<Widget name=\"a\" class=\"SpecialObject_FHP\">\n<CustomProperties/>\n</Widget>\n"
+             "<Widget name=\"b\" class=\"SpecialObject_FHP\">\n<CustomProperties/>\n</Widget>",
+             "shared-path 6:15");
         rows("an empty part",
              "<Widget name=\"a\" class=\"HiddenParameter\">\n"
              "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>\n"

@@ -93,6 +93,29 @@ protected:
               "1;</Script>\n</x>\n</KVParamGui>",
               "unknown-element 3:1, script-syntax 4:29", "because of this the form loses the script");
     }
+
+private Q_SLOTS:
+    // Anything that took time with the square of the mistakes would not come to an end here.
+    void manyMistakesAreFound_data()
+    {
+        QTest::addColumn<QString>("mistake");
+        QTest::newRow("members") << QStringLiteral("row.nothing();\n");
+        QTest::newRow("escapes") << QStringLiteral("t = \"{{lf}}\";\n");
+        QTest::newRow("names") << QStringLiteral("nowhere%1();\n");
+    }
+
+    void manyMistakesAreFound()
+    {
+        QFETCH(QString, mistake);
+        constexpr int count = 5000;
+        QString code = QStringLiteral("function f() {\n");
+        for (int i = 0; i < count; ++i)
+            code += mistake.contains(QLatin1Char('%')) ? mistake.arg(i) : mistake;
+        code += QLatin1Char('}');
+        const Orvane::Author::CheckedFile checked = Orvane::Author::check(
+            QStringLiteral("f"), formWith(code.toUtf8().constData(), "QtScript").toUtf8());
+        QCOMPARE(checked.findings.size(), count);
+    }
 };
 
 QTEST_MAIN(tst_scriptrules)

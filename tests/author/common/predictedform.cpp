@@ -73,7 +73,7 @@ private:
         m_xml.writeStartElement(QStringLiteral("Widget"));
         m_xml.writeAttribute(QStringLiteral("name"), row.name);
         m_xml.writeAttribute(QStringLiteral("class"), row.className);
-        writeProperties(row.properties, row.custom, QString());
+        writeProperties(row.properties, row.custom, QString(), row.customBlock);
         m_xml.writeEndElement();
     }
 
@@ -89,11 +89,14 @@ private:
         m_xml.writeEndElement();
     }
 
-    /// In the order of the text; plain ones inside `block` if that has a name.
+    /// In the order of the text; plain ones inside `block` if that has a name. An element `customBlock`
+    /// that has nothing left in it is there all the same.
     void writeProperties(const QMap<QString, ReadProperty>& plain, const QMap<QString, ReadProperty>& custom,
-                         const QString& block)
+                         const QString& block, int customBlock = -1)
     {
         QVector<Placed> all;
+        if (customBlock >= 0)
+            all.append({QString(), {customBlock, QVariant()}, true});
         for (auto property = plain.cbegin(); property != plain.cend(); ++property)
             all.append({property.key(), *property, false});
         for (auto property = custom.cbegin(); property != custom.cend(); ++property)
@@ -105,7 +108,8 @@ private:
             const QString around = property.isCustom ? QStringLiteral("CustomProperties") : block;
             if (!around.isEmpty())
                 m_xml.writeStartElement(around);
-            writeProperty(property);
+            if (property.read.element != customBlock)
+                writeProperty(property);
             if (!around.isEmpty())
                 m_xml.writeEndElement();
         }
