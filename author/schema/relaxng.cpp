@@ -15,6 +15,7 @@ namespace Author {
 namespace {
 
 const QLatin1String anyProperty("property.any");
+const QLatin1String anyValue("value.any");
 // At least one character, line ends included.
 const QLatin1String something("[\\s\\S]+");
 
@@ -198,8 +199,9 @@ void writeProperties(PatternWriter& patterns, const QString& name, const QList<P
 {
     QMap<QString, QList<const Property*>> byType;
     for (const Property& property : properties) {
+        // What nothing looks at may be anything.
         if (!hasChoices(property))
-            byType[property.type].append(&property);
+            byType[property.inert ? QString(anyValue) : property.type].append(&property);
     }
     patterns.define(name, [&] {
         patterns.element(QStringLiteral("Property"), [&] {
@@ -230,10 +232,13 @@ void writeFreeProperty(PatternWriter& patterns, const KindTable& table)
             patterns.attribute(QStringLiteral("name"), [&] {
                 patterns.data("string", {{"pattern", something}});
             });
-            patterns.pattern("choice", [&] {
-                for (const ValueType& type : table.valueTypes())
-                    patterns.element(type.name, [&] { writeText(patterns, type.name); });
-            });
+            patterns.ref(anyValue);
+        });
+    });
+    patterns.define(anyValue, [&] {
+        patterns.pattern("choice", [&] {
+            for (const ValueType& type : table.valueTypes())
+                patterns.element(type.name, [&] { writeText(patterns, type.name); });
         });
     });
 }
