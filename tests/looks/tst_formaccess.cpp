@@ -18,6 +18,7 @@
 #include <QMainWindow>
 #include <QPushButton>
 #include <QTableWidget>
+#include <QTextDocument>
 
 namespace {
 

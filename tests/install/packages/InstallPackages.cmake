@@ -5,6 +5,9 @@ file(MAKE_DIRECTORY ${ROOT}/var/lib/dpkg/info ${ROOT}/var/lib/dpkg/updates ${ROO
 file(WRITE ${ROOT}/var/lib/dpkg/status "")
 file(GLOB packages ${PACKAGES}/*.deb)
 
+# Where dpkg looks for ldconfig, and an ordinary user does not.
+set(ENV{PATH} "$ENV{PATH}:/usr/sbin:/sbin")
+
 # What the packages depend on is that of the system around the root.
 function(dpkg)
   execute_process(
