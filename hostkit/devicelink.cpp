@@ -2,7 +2,6 @@
 
 #include <QHash>
 #include <QMetaObject>
-#include <QSet>
 
 #include <algorithm>
 #include <chrono>
@@ -20,6 +19,10 @@ using std::chrono::milliseconds;
 
 /** How long a round may go on with the parameters that are not live, as a share of its time. */
 constexpr int restShare = 2;
+
+/** How many turns a parameter that cannot be read is let out at first, and at most. */
+constexpr int firstTurnsOut = 16;
+constexpr int mostTurnsOut = 512;
 
 } // namespace
 
@@ -65,8 +68,17 @@ public:
     const std::shared_ptr<Device> device;
 
 private:
+    /** A parameter that was refused is let out for some turns, twice as many each time. */
+    struct Unreadable
+    {
+        int pause = 0; // in turns
+        int left = 0;
+    };
+
     template <typename Call>
     Answer call(Call&& deviceCall);
+    bool hasItsTurn(const QString& parameter);
+    void noteAnswer(const QString& parameter, Answer::Outcome outcome);
     bool quitting() const;
     bool pause(int duration);
     bool takeRequest(Request* request);
@@ -95,7 +107,7 @@ private:
     // The thread's own.
     QHash<QString, QString> m_lastRead;
     QHash<QString, quint64> m_lastNumber;
-    QSet<QString> m_unreadable;
+    QHash<QString, Unreadable> m_unreadable;
     QString m_lostBecause;
     int m_nextOther = 0;
     bool m_allRead = false;
@@ -201,7 +213,7 @@ bool DeviceLink::Worker::readRound()
     for (const QString& parameter : qAsConst(live)) {
         if (!serveRequests())
             return false;
-        if (!quitting() && !m_unreadable.contains(parameter) && !readOne(parameter, false))
+        if (!quitting() && hasItsTurn(parameter) && !readOne(parameter, false))
             return false;
     }
     return readRest(restEnd);
@@ -216,12 +228,30 @@ bool DeviceLink::Worker::readRest(Clock::time_point end)
             return false;
         const QString parameter = others.at(m_nextOther);
         m_nextOther = (m_nextOther + 1) % others.size();
-        if (!m_unreadable.contains(parameter) && !readOne(parameter, false))
+        if (hasItsTurn(parameter) && !readOne(parameter, false))
             return false;
     }
     if (!std::exchange(m_allRead, true))
         tell([](News& news) { news.readAll = true; });
     return true;
+}
+
+bool DeviceLink::Worker::hasItsTurn(const QString& parameter)
+{
+    const auto unreadable = m_unreadable.find(parameter);
+    return unreadable == m_unreadable.end() || --unreadable->left < 0;
+}
+
+// A device that cannot tell in one mode may be able to in another, but each vain call can cost seconds.
+void DeviceLink::Worker::noteAnswer(const QString& parameter, Answer::Outcome outcome)
+{
+    if (outcome != Answer::Refused) {
+        m_unreadable.remove(parameter);
+        return;
+    }
+    Unreadable& unreadable = m_unreadable[parameter];
+    unreadable.pause = qBound(firstTurnsOut, unreadable.pause * 2, mostTurnsOut);
+    unreadable.left = unreadable.pause;
 }
 
 bool DeviceLink::Worker::readOne(const QString& parameter, bool always)
@@ -231,8 +261,7 @@ bool DeviceLink::Worker::readOne(const QString& parameter, bool always)
         m_lostBecause = answer.text;
         return false;
     }
-    if (answer.outcome == Answer::Refused)
-        m_unreadable.insert(parameter);
+    noteAnswer(parameter, answer.outcome);
     const auto last = m_lastRead.constFind(parameter);
     if (!always && last != m_lastRead.constEnd() && *last == answer.text)
         return true;

@@ -112,6 +112,24 @@ private Q_SLOTS:
         QCOMPARE(m_link->state(), LinkState::Up);
     }
 
+    void unreadableIsTriedAgain_data()
+    {
+        QTest::addColumn<bool>("isLive");
+        QTest::newRow("live") << true;
+        QTest::newRow("in its turn") << false;
+    }
+    void unreadableIsTriedAgain()
+    {
+        QFETCH(bool, isLive);
+        const QStringList late{QStringLiteral("late")};
+        start(isLive ? late : QStringList(), isLive ? QStringList() : late);
+        QTRY_COMPARE(m_read.value(QStringLiteral("late")).answer.outcome, Answer::Refused);
+        m_device->set(QStringLiteral("late"), QStringLiteral("1"));
+        QTRY_COMPARE(read("late"), QStringLiteral("1"));
+        m_device->set(QStringLiteral("late"), QStringLiteral("2"));
+        QTRY_COMPARE(read("late"), QStringLiteral("2"));
+    }
+
     void slowCallShowsAndPasses()
     {
         start({QStringLiteral("a")});
