@@ -45,6 +45,7 @@ constexpr int gathering = 50;       // milliseconds
 constexpr int messageTime = 10000;  // milliseconds
 constexpr int mostScriptLines = 1000; // a script may print for ever
 constexpr QSize firstSize(1280, 860);
+const QString waiting = QStringLiteral("A new state waits until the open menu or dialog is closed");
 
 /** A menu or a dialog of the form has to end before the form goes. */
 bool isBusyWithAPerson()
@@ -348,8 +349,12 @@ void PreviewWindow::reload()
 {
     if (mustWait()) {
         m_whenFree.start();
+        if (isBusyWithAPerson())
+            statusBar()->showMessage(waiting);
         return;
     }
+    if (statusBar()->currentMessage() == waiting)
+        statusBar()->clearMessage();
     const Reading reading = read();
     m_overlayBytes = readOverlay();
     if (!reading.stored.isNull())

@@ -17,6 +17,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QStyle>
 #include <QTimer>
 
@@ -182,11 +183,12 @@ private Q_SLOTS:
         const QSignalSpy reloaded(m_window.get(), &PreviewWindow::reloaded);
         const QPointer<QComboBox> alive(box);
         write(description());
-        QTest::qWait(120);
+        QTRY_VERIFY(m_window->statusBar()->currentMessage().contains(QLatin1String("waits")));
         QVERIFY(alive);
         box->hidePopup();
         QTRY_COMPARE(reloaded.count(), 1);
         QVERIFY(!alive);
+        QCOMPARE(m_window->statusBar()->currentMessage(), QString());
     }
     void problemsLeadToTheEditor()
     {
