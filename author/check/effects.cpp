@@ -214,12 +214,18 @@ private:
         return m_firstErrorLine > 0 && m_firstErrorLine <= m_subject.lineOf(element);
     }
 
+    static const char* twinRule(Part part)
+    {
+        if (part == Part::Script)
+            return "several-scripts";
+        return part == Part::Property ? "doubled-property" : "doubled-enumeration";
+    }
+
     int added(int element, const Fate& fate)
     {
         const SourceElement& lost = m_subject.element(element);
         if (fate.isReplaced()) {
-            const char* const id = partOf(lost) == Part::Script ? "several-scripts" : "doubled-property";
-            m_subject.reportAt(id, element,
+            m_subject.reportAt(twinRule(partOf(lost)), element,
                                QStringLiteral("this `%1` is replaced by the one in line %2")
                                    .arg(lost.name)
                                    .arg(m_subject.lineOf(fate.by)));

@@ -34,6 +34,9 @@ protected:
              "property-name 3:52");
         enums("two enumerations", ENUM("E") ENUM("E"), "doubled-enumeration 3:1",
               "because of this the form loses the enumeration E");
+        enums("two enumerations without a name", ENUM("E") ENUM("") ENUM(""),
+              "doubled-enumeration 4:1, nameless 4:1, nameless 5:1",
+              "because of this the form loses the enumeration nameless");
     }
 };
 
