@@ -1,5 +1,7 @@
 #include "hamlibdevice.h"
 
+#include "models.h"
+
 #include <QByteArray>
 
 #include <algorithm>
@@ -66,7 +68,10 @@ HamlibDevice::~HamlibDevice()
 Answer HamlibDevice::open()
 {
     close();
-    m_rig = rig_init(m_settings.model);
+    // This loads the whole list, without which Hamlib leaks at its first radio.
+    Model model;
+    if (findModel(m_settings.model, &model))
+        m_rig = rig_init(m_settings.model);
     if (!m_rig)
         return Answer::lost(QStringLiteral("Hamlib has no model %1").arg(m_settings.model));
     const Answer configured = configure();
