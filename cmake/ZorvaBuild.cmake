@@ -122,6 +122,23 @@ foreach(variable QT_STYLE_OVERRIDE QT_QPA_PLATFORMTHEME QT_FONT_DPI QT_SCALE_FAC
   list(APPEND ZORVA_TEST_DESKTOP "${variable}=unset:")
 endforeach()
 
+# zorva_generate_mocs(<target> <source>...)
+# Has moc run for the sources that include what it makes. AUTOMOC takes a process of
+# CMake's and one more compilation for each target, which is a lot for one file.
+function(zorva_generate_mocs target)
+  set(folder ${CMAKE_CURRENT_BINARY_DIR}/${target}_moc)
+  foreach(source IN LISTS ARGN)
+    file(STRINGS ${source} own REGEX "^#include \"[a-z0-9_]+\\.moc\"")
+    if(own)
+      string(REGEX REPLACE "^#include \"(.+)\"$" "\\1" moc ${own})
+      qt5_generate_moc(${source} ${folder}/${moc} TARGET ${target})
+      target_sources(${target} PRIVATE ${folder}/${moc})
+    endif()
+  endforeach()
+  target_include_directories(${target} PRIVATE ${folder})
+  set_target_properties(${target} PROPERTIES AUTOMOC OFF)
+endfunction()
+
 # zorva_add_test(<name> SOURCES ... LINK ... [LABELS ...] [XVFB] [TIMEOUT s])
 # Registers one Qt Test executable. Tests run offscreen unless XVFB asks for a
 # real X server of their own (label "xvfb").
@@ -134,6 +151,10 @@ function(zorva_add_test name)
   target_link_libraries(${name} PRIVATE
     ${ARG_LINK} Qt5::Widgets Qt5::Test zorva_build_settings)
   zorva_precompile(${name} zorva_qttest_headers)
+  # Headers are left to AUTOMOC, which looks into them.
+  if(NOT "${ARG_SOURCES}" MATCHES "\\.h(;|$)")
+    zorva_generate_mocs(${name} ${ARG_SOURCES})
+  endif()
   target_compile_definitions(${name} PRIVATE
     ZORVA_EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples"
     ZORVA_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
