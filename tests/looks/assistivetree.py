@@ -239,9 +239,24 @@ def shown(program, forms):
             process.wait()
 
 
+def start_registry():
+    """A program that comes to the bus before the registry is there is not asked again."""
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        try:
+            desktop = pyatspi.Registry.getDesktop(0)
+            if desktop is not None and desktop.childCount >= 0:
+                return
+        except GLib.Error:
+            pass  # not there yet
+        time.sleep(0.1)
+    raise Failure("there is no registry on the bus")
+
+
 def ask(program, forms):
     """What is wrong; None if nothing is."""
     try:
+        start_registry()
         with shown(program, forms) as process:
             client = Client(process)
             told = told_by(process)
