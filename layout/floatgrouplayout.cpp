@@ -9,7 +9,9 @@
 #include "bulkshow_p.h"
 #include "captionlabel_p.h"
 #include "headlinebox_p.h"
+#include "viewportrequest_p.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -316,6 +318,9 @@ bool FloatGroupLayout::eventFilter(QObject* watched, QEvent* event)
     if (m_scrollArea && watched == m_scrollArea && event->type() == QEvent::FontChange)
         remeasureHeads();
     if (m_scrollArea && watched == m_scrollArea && event->type() == QEvent::Resize) {
+        // Ahead of the content, which would be arranged, and painted, at a width that it
+        // is about to lose.
+        QCoreApplication::postEvent(m_scrollArea, new QEvent(viewportRequest()));
         invalidate();
         QLayout::update();
         return true;

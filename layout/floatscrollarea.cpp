@@ -2,6 +2,8 @@
 
 #include <layout/floatgrouplayout.h>
 
+#include "viewportrequest_p.h"
+
 #include <QResizeEvent>
 #include <QScreen>
 #include <QScrollBar>
@@ -64,6 +66,11 @@ QSize FloatScrollArea::sizeHint() const
 
 bool FloatScrollArea::event(QEvent* event)
 {
+    if (event->type() == viewportRequest()) {
+        // Past QScrollArea, which would ask the content before it has its width.
+        QEvent layOut(QEvent::LayoutRequest);
+        return QAbstractScrollArea::event(&layOut);
+    }
     if (event->type() != QEvent::LayoutRequest)
         return QScrollArea::event(event);
     const FloatGroupLayout::WidthChange widthChange(layoutOf(widget()));

@@ -41,6 +41,22 @@ protected:
     }
 };
 
+// How wide a widget was each time that it was painted.
+class PaintedWidths : public QObject
+{
+public:
+    explicit PaintedWidths(QWidget* widget) { widget->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            widths.append(static_cast<QWidget*>(watched)->width());
+        return false;
+    }
+
+    QVector<int> widths;
+};
+
 // A window with an area full of sections, and a bar below as forms have it.
 class Window : public QWidget
 {
@@ -150,6 +166,8 @@ private Q_SLOTS:
     void hiddenAndResized();
     void itemsAreAskedSeldomPerResize_data();
     void itemsAreAskedSeldomPerResize();
+    void paintedAtItsNewWidthOnly_data();
+    void paintedAtItsNewWidthOnly();
     void itemsAreAskedOncePerChange_data();
     void itemsAreAskedOncePerChange();
     void itemThatChangesInItsPlaceIsAskedAgain();
@@ -407,6 +425,35 @@ void tst_FloatScrollArea::itemsAreAskedSeldomPerResize()
     QTRY_COMPARE(window.size(), to);
     QVERIFY(window.settle());
     QVERIFY2(counter->queries <= most, QByteArray::number(counter->queries).constData());
+}
+
+// A bar that comes is another matter: Qt shows it a turn of the event loop later.
+void tst_FloatScrollArea::paintedAtItsNewWidthOnly_data()
+{
+    QTest::addColumn<QSize>("from");
+    QTest::addColumn<QSize>("to");
+    QTest::newRow("wider beside the bar") << QSize(300, 100) << QSize(330, 100);
+    QTest::newRow("narrower beside the bar") << QSize(330, 100) << QSize(300, 100);
+    QTest::newRow("the bar goes") << QSize(300, 100) << QSize(1200, 900);
+    QTest::newRow("without a bar") << QSize(1200, 900) << QSize(1300, 950);
+}
+
+void tst_FloatScrollArea::paintedAtItsNewWidthOnly()
+{
+    QFETCH(const QSize, from);
+    QFETCH(const QSize, to);
+    Window window;
+    for (int rows : {4, 7, 2, 9, 5})
+        window.addSection(rows);
+    window.resize(from);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(window.settle());
+    const PaintedWidths painted(window.content);
+    window.resize(to);
+    QTRY_VERIFY(!painted.widths.isEmpty());
+    QVERIFY(window.settle());
+    QCOMPARE(painted.widths, QVector<int>(painted.widths.count(), window.content->width()));
 }
 
 void tst_FloatScrollArea::itemsAreAskedOncePerChange_data()
