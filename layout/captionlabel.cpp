@@ -14,20 +14,37 @@ bool CaptionLabel::isBare() const
     // Without a buddy an ampersand is a character like any other.
     return !text().isEmpty() && !wordWrap() && !buddy() && frameWidth() == 0 && margin() == 0 &&
            indent() <= 0 && textInteractionFlags() == Qt::LinksAccessibleByMouse &&
-           (textFormat() == Qt::PlainText || (textFormat() == Qt::AutoText && !Qt::mightBeRichText(text())));
+           (textFormat() == Qt::PlainText || (textFormat() == Qt::AutoText && !looksRich()));
+}
+
+bool CaptionLabel::looksRich() const
+{
+    readText();
+    return m_looksRich;
+}
+
+void CaptionLabel::readText() const
+{
+    if (m_text == text())
+        return;
+    m_text = text();
+    m_looksRich = Qt::mightBeRichText(m_text);
+    m_isMeasured = false;
 }
 
 QSize CaptionLabel::bareHint() const
 {
-    if (m_text != text() || m_font != font() || !m_textSize.isValid()) {
+    readText();
+    if (m_font != font() || !m_isMeasured) {
         // The room that a QLabel measures in.
         constexpr int room = 2000;
-        m_text = text();
         m_font = font();
         m_textSize =
             fontMetrics()
                 .boundingRect(0, 0, room, room, Qt::AlignLeft | Qt::AlignTop | Qt::TextExpandTabs, m_text)
                 .size();
+        m_inkHeight = -1;
+        m_isMeasured = true;
     }
     const QMargins around = contentsMargins();
     const QSize whole(m_textSize.width() + around.left() + around.right(),
@@ -61,6 +78,25 @@ void CaptionLabel::setLevel(int controlHeight, CaptionOverflow* overflow)
 int CaptionLabel::textTop() const
 {
     return qMax(0, qRound((m_level - m_textSize.height()) / 2.0));
+}
+
+// Of more than a line of one font, and of an underlined one, the whole is taken for ink.
+int CaptionLabel::inkHeight() const
+{
+    bareHint(); // measures
+    if (m_inkHeight < 0) {
+        const QFontMetrics metrics = fontMetrics();
+        const bool isOneLine = m_textSize.height() == metrics.height() && !font().underline();
+        constexpr int around = 2; // what smoothing, and the shadow of a text that is off, may add
+        m_inkHeight = isOneLine ? metrics.ascent() + metrics.tightBoundingRect(m_text).bottom() + 1 + around
+                                : m_textSize.height();
+    }
+    return m_inkHeight;
+}
+
+bool CaptionLabel::hasInkBelow() const
+{
+    return textTop() + inkHeight() > height();
 }
 
 void CaptionLabel::drawText(QPainter& painter) const
@@ -191,7 +227,7 @@ void CaptionOverflow::paint(const QRegion& due) const
 {
     QPainter painter;
     for (const Strip& strip : m_strips) {
-        if (!due.intersects(strip.place))
+        if (!due.intersects(strip.place) || !strip.label->hasInkBelow())
             continue;
         if (!painter.isActive())
             painter.begin(m_content);

@@ -38,8 +38,13 @@ protected:
 private:
     /// Whether the hints depend on the bare text alone.
     bool isBare() const;
+    bool looksRich() const;
+    void readText() const;
     QSize bareHint() const;
     int textTop() const;
+    /// How far down from its top the text, which is bare, has anything to see.
+    int inkHeight() const;
+    bool hasInkBelow() const;
     void drawText(QPainter& painter) const;
     void renewOverflow();
     void setOverflow(const QRect& strip);
@@ -49,6 +54,9 @@ private:
     mutable QString m_text;
     mutable QFont m_font;
     mutable QSize m_textSize;
+    mutable int m_inkHeight = -1; // -1 until asked for
+    mutable bool m_looksRich = false;
+    mutable bool m_isMeasured = false; // the text, in the font
 
     int m_level = -1;
     QPointer<CaptionOverflow> m_overflow;

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void hintsFollowTheirLabel();
     void looksAreThoseOfALabel();
     void largeTextIsWhole();
+    void inkBelowIsPainted_data();
+    void inkBelowIsPainted();
     void overflowFollowsItsLabel();
     void overflowIsPaintedAgain_data();
     void overflowIsPaintedAgain();
@@ -193,6 +195,47 @@ void tst_CaptionLabel::largeTextIsWhole()
     whole.resize(row.label->width(), row.field->height());
     const QImage wanted = whole.grab().toImage();
     QCOMPARE(shown.copy(QRect(row.label->pos(), whole.size())), wanted);
+}
+
+void tst_CaptionLabel::inkBelowIsPainted_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<Setup>("setup");
+    const Setup asIs = [](QLabel&) {};
+    QTest::newRow("nothing under the line") << QStringLiteral("nnnn") << asIs;
+    QTest::newRow("descenders") << QStringLiteral("nnng") << asIs;
+    QTest::newRow("underlined") << QStringLiteral("nnnn") << Setup([](QLabel& label) {
+        QFont font = label.font();
+        font.setUnderline(true);
+        label.setFont(font);
+    });
+    QTest::newRow("two lines") << QStringLiteral("nnnn\ngggg") << asIs;
+    QTest::newRow("other letters") << QStringLiteral("nn \u0e0d\u0e39 \u05e7") << asIs;
+    QTest::newRow("off") << QStringLiteral("nnng") << Setup([](QLabel& label) { label.setEnabled(false); });
+}
+
+// Whatever is in the last rows only, which most captions leave empty.
+void tst_CaptionLabel::inkBelowIsPainted()
+{
+    QFETCH(const QString, text);
+    QFETCH(const Setup, setup);
+    for (int fieldHeight = 24; fieldHeight <= 60; fieldHeight += 3) {
+        QWidget row;
+        auto* layout = new FloatGroupLayout(&row);
+        QLabel* label = layout->addLabel(text, "label");
+        setup(*label);
+        auto* field = new QWidget(&row);
+        field->setFixedSize(100, fieldHeight);
+        layout->addWidget(field);
+        row.resize(400, 100);
+        row.show();
+        QTRY_COMPARE(label->height(), 24);
+        QLabel whole(text);
+        setup(whole);
+        whole.setFixedSize(label->width(), qMax(fieldHeight, whole.sizeHint().height()));
+        const QRect place(label->pos(), whole.size());
+        QCOMPARE(row.grab().toImage().copy(place), whole.grab().toImage());
+    }
 }
 
 void tst_CaptionLabel::overflowFollowsItsLabel()
