@@ -2,25 +2,79 @@
 
 #include <vkbase/velk.h>
 
-#include <QRegularExpression>
-
 #include <cmath>
 
+namespace {
+
+bool isBlank(QChar letter)
+{
+    constexpr ushort vowelSeparator = 0x180e; // a blank until Unicode 6.3
+    return letter.isSpace() || letter == QChar(vowelSeparator);
+}
+
+bool isSign(QChar letter)
+{
+    return letter == QLatin1Char('+') || letter == QLatin1Char('-');
+}
+
+bool isDigit(QChar letter)
+{
+    return letter >= QLatin1Char('0') && letter <= QLatin1Char('9');
+}
+
+// Digits with their grouping and point.
+bool isOfNumber(QChar letter)
+{
+    constexpr ushort apostrophe = 0x2019;
+    return isDigit(letter) || isBlank(letter) || letter == QLatin1Char('.') || letter == QLatin1Char(',') ||
+           letter == QLatin1Char('\'') || letter == QChar(apostrophe);
+}
+
+template <typename Predicate>
+int skip(const QString& text, int from, Predicate matches)
+{
+    while (from < text.size() && matches(text.at(from)))
+        ++from;
+    return from;
+}
+
+int skipSign(const QString& text, int from)
+{
+    return from < text.size() && isSign(text.at(from)) ? from + 1 : from;
+}
+
+// Behind an exponent of up to three digits; `from` if there is none.
+int skipExponent(const QString& text, int from)
+{
+    if (from >= text.size() || text.at(from).toLower() != QLatin1Char('e'))
+        return from;
+    constexpr int mostDigits = 3;
+    const int digits = skipSign(text, from + 1);
+    const int end = qMin(skip(text, digits, isDigit), digits + mostDigits);
+    return end > digits ? end : from;
+}
+
+} // namespace
+
+// A pattern would have to be compiled before the first number of the program is shown.
 TypedNumber::TypedNumber(const QString& text)
 {
-    static const QRegularExpression grammar(
-        QStringLiteral("^\\s*([+-]?[0-9.,'\\x{2019}\\s]+)(?:[eE]([+-]?[0-9]{1,3}))?(.*)$"),
-        QRegularExpression::UseUnicodePropertiesOption | QRegularExpression::DotMatchesEverythingOption);
-    const QRegularExpressionMatch match = grammar.match(text);
-    if (!match.hasMatch())
+    if (!text.isValidUtf16())
         return;
-    m_digits = match.captured(1).trimmed();
-    m_exponent = match.captured(2).toInt();
+    const int begin = skip(text, 0, isBlank);
+    const int digits = skipSign(text, begin);
+    const int exponent = skip(text, digits, isOfNumber);
+    if (exponent == digits)
+        return;
+    const int unit = skipExponent(text, exponent);
+    m_digits = text.mid(begin, exponent - begin).trimmed();
+    if (unit > exponent)
+        m_exponent = text.midRef(exponent + 1, unit - exponent - 1).toInt();
     bool readable = false;
     Value(0, &readable);
     m_isNumber = readable;
     if (readable)
-        m_unit = match.captured(3).trimmed();
+        m_unit = text.mid(unit).trimmed();
 }
 
 bool TypedNumber::HasPoint() const
