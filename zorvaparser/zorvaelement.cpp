@@ -31,6 +31,14 @@ QStringView takePart(QStringView& path)
     return part;
 }
 
+/** The row's own list where that says the same: it is shared then. */
+QStringList tagsOf(ZorvaDelegate& row)
+{
+    const QStringList& all = row.GetAllTags();
+    const bool isAll = all.count() > 1 || (all.count() == 1 && all.constFirst() == row.GetXmlTagName());
+    return isAll ? all : QStringList{row.GetXmlTagName()};
+}
+
 } // namespace
 
 ZorvaElement::~ZorvaElement()
@@ -85,9 +93,7 @@ void ZorvaElement::addWidget(const WidgetPointer& newWidget)
         isWritten = isWritten && !current->widget;
         tag = next;
     }
-    const QStringList leafTags =
-        delegate->HasSeveralXmlTags() ? delegate->GetAllTags() : QStringList{delegate->GetXmlTagName()};
-    ZorvaElement* const leaf = current->append(leafTags);
+    ZorvaElement* const leaf = current->append(tagsOf(*delegate));
     leaf->widget = newWidget;
     if (isWritten)
         newWidget->TakeElement(leaf);
@@ -103,6 +109,12 @@ ZorvaElement::WidgetPointer ZorvaElement::findWidget(const QString& path) const
             return WidgetPointer();
     }
     return current->widget;
+}
+
+ZorvaElement::WidgetPointer ZorvaElement::childWidget(const QString& tag) const
+{
+    const ZorvaElement* const element = tag.isEmpty() ? nullptr : child(tag);
+    return element ? element->widget : WidgetPointer();
 }
 
 void ZorvaElement::noteModified()

@@ -36,6 +36,8 @@ public:
     void addWidget(const WidgetPointer& widget);
     /** Called on the root: null if the path ends nowhere or at a group. */
     WidgetPointer findWidget(const QString& path) const;
+    /** Called on the root: the same for a path of one part; null for an empty one. */
+    WidgetPointer childWidget(const QString& tag) const;
     /** Writes the groups and leaves below this element, without the element itself. */
     void writeChildren(QXmlStreamWriter& writer, bool modifiedOnly) const;
     /**

@@ -195,8 +195,9 @@ ZorvaSheet::WidgetPointer ZorvaSheet::GetWidgetAt(int index) const
 
 ZorvaSheet::WidgetPointer ZorvaSheet::Lookup(const QString& path) const
 {
-    const WidgetPointer widget = rootElement->findWidget(path);
-    if (widget || path.contains(QLatin1Char('/')))
+    if (path.contains(QLatin1Char('/')))
+        return rootElement->findWidget(path);
+    if (const WidgetPointer widget = rootElement->childWidget(path))
         return widget;
     EnsureTagIndex();
     const int index = indexByTag.value(path, -1);
