@@ -22,13 +22,20 @@ int ObserverList::find(const IObserver* observer) const
 
 bool ObserverList::Append(IObserver* observer)
 {
-    if (Contains(observer))
+    if (m_placeOf.isEmpty()) {
+        if (Contains(observer))
+            return false;
+        m_places.append(observer);
+        if (m_places.size() > few)
+            reindex();
+        return true;
+    }
+    const int count = m_placeOf.size();
+    int& place = m_placeOf[observer];
+    if (m_placeOf.size() == count)
         return false;
+    place = m_places.size();
     m_places.append(observer);
-    if (!m_placeOf.isEmpty())
-        m_placeOf.insert(observer, m_places.size() - 1);
-    else if (m_places.size() > few)
-        reindex();
     return true;
 }
 
@@ -44,15 +51,17 @@ void ObserverList::MoveToFront(IObserver* observer)
 
 bool ObserverList::Remove(const IObserver* observer)
 {
-    const int place = find(observer);
-    if (place < 0)
-        return false;
     if (m_placeOf.isEmpty()) {
-        m_places.erase(m_places.begin() + place);
-        return true;
+        const int place = find(observer);
+        if (place >= 0)
+            m_places.erase(m_places.begin() + place);
+        return place >= 0;
     }
-    m_places[place] = nullptr;
-    m_placeOf.remove(observer);
+    const auto found = m_placeOf.find(observer);
+    if (found == m_placeOf.end())
+        return false;
+    m_places[*found] = nullptr;
+    m_placeOf.erase(found);
     // As many gaps as observers have to come together first, so that closing
     // them is paid for.
     if (m_places.size() > 2 * m_placeOf.size())
