@@ -14,6 +14,12 @@ constexpr int deepestBlock = 500;
 /** Names a description gives to one row: Qt looks a dynamic property up one by one. */
 constexpr int mostProperties = 1000;
 
+/** Names of properties that rows have in one place; the kinds know about a hundred. */
+constexpr int mostSharedNames = 500;
+
+/** Letters of a text that a row may share with the one before it; most that come again are shorter. */
+constexpr int longestSharedText = 40;
+
 /** Cells of a table, items of a hidden list. */
 constexpr qint64 mostCells = 1000000;
 

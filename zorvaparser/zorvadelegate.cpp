@@ -190,12 +190,17 @@ bool ZorvaDelegate::isModified()
 
 QString ZorvaDelegate::Translate(const QString& text)
 {
-    return QCoreApplication::translate(objectName().toLatin1().constData(), text.toUtf8().constData(),
-                                       nullptr, -1);
+    const QString translated = QCoreApplication::translate(objectName().toLatin1().constData(),
+                                                           text.toUtf8().constData(), nullptr, -1);
+    return translated == text ? text : translated; // one text in memory
 }
 
 void ZorvaDelegate::WriteUnitAttribute(QXmlStreamWriter& writer) const
 {
+    // Most rows have none, which their names alone tell for a quarter of a look-up.
+    static const QByteArray name = QByteArrayLiteral("unit");
+    if (!dynamicPropertyNames().contains(name))
+        return;
     const QString unit = PropertyText("unit");
     if (!unit.isEmpty())
         writer.writeAttribute(QStringLiteral("unit"), unit);
@@ -277,7 +282,8 @@ void ZorvaDelegate::ApplyName(const NamedControl& named)
     if (saysItself && !label && !part.isEmpty())
         words.removeFirst(); // its text says more than the tag
     words.removeAll(QString());
-    const QString name = words.join(QLatin1String(", "));
+    // A caption alone is the label's own text in memory.
+    const QString name = words.size() == 1 ? words.constFirst() : words.join(QLatin1String(", "));
     named.control->setAccessibleName(name);
     // A compound control hands the focus on, and the name with it.
     if (QWidget* const inner = named.control->focusProxy())

@@ -2,6 +2,7 @@
 
 #include "bounds_p.h"
 #include "rowwatch_p.h"
+#include "sharedproperties_p.h"
 
 #include <layout/markup.h>
 
@@ -52,7 +53,8 @@ bool ZorvaDelegate::ParseProperty(QXmlStreamReader& reader, bool custom)
         return false;
     const bool isBool = reader.name() == QLatin1String("Bool");
     const QString text = reader.readElementText();
-    const QVariant value = isBool ? QVariant(text == QLatin1String("true")) : QVariant(text);
+    const QVariant value =
+        isBool ? QVariant(text == QLatin1String("true")) : QVariant(sharedPropertyText(key, text));
     if (custom)
         customProperties.insert(customName, value);
     if (!custom || customName == QLatin1String("toolTip"))
@@ -69,6 +71,7 @@ void ZorvaDelegate::SetParsedProperty(const QByteArray& key, const QVariant& val
 
 void ZorvaDelegate::FinishParse()
 {
+    sharePropertyNames(*this);
     generateParameterXml = property("generateParameterXml").toBool();
     SetXmlPath(PropertyText("parameterXmlTag"));
     const QString mode = property("applyMode").toString();
@@ -103,10 +106,10 @@ bool ZorvaDelegate::TellChange(const QByteArray& key)
     // Qt would look up what SetProperty() has at hand, and that watches already.
     RowWatch* const write = watches;
     if (write && write->isWriting(key)) {
-        PropertyChanged(QString::fromLatin1(key.constData(), key.size()), write->takeWrite());
+        PropertyChanged(propertyNameText(key), write->takeWrite());
         return static_cast<bool>(*write);
     }
-    return Watched([&] { PropertyChanged(QString::fromLatin1(key), property(key.constData())); });
+    return Watched([&] { PropertyChanged(propertyNameText(key), property(key.constData())); });
 }
 
 void ZorvaDelegate::PropertyChanged(const QString& name, const QVariant& value)

@@ -1,6 +1,7 @@
 #include "zorvadelegate.h"
 
 #include "bounds_p.h"
+#include "sharedproperties_p.h"
 
 #include <zorvaparser/zorvaenum.h>
 
@@ -153,8 +154,10 @@ void ZorvaDelegate::ConfigureValueNumeric(values::IValueNumeric* value)
         value->SetMin(minimum, this);
     if (TakeConverted("maximum", "q_internalLastMaximum", maximum, factor, offset) && isThere())
         value->SetMax(maximum, this);
-    if (TakeConverted("singleStep", "q_internalLastSingleStep", step, factor, 0.0) && isThere())
+    if (TakeConverted("singleStep", "q_internalLastSingleStep", step, factor, 0.0) && isThere()) {
+        sharePropertyNames(*this); // the markers are new
         value->SetStep(step, this);
+    }
 }
 
 } // namespace Orvane

@@ -118,6 +118,52 @@ private Q_SLOTS:
         form.formular()->SetXmlString(QStringLiteral("<Parameters><w>1</w></Parameters>"));
     }
 
+    void rowsHaveCommonNamesAndTextsInOnePlace()
+    {
+        const auto spin = [](const char* name, const char* tip) {
+            return widgetXml("SpinBox", name, {{"unit", "dBm"}, {"minimum", -30}, {"toolTip", tip}});
+        };
+        FormFixture form(spin("a", "One") + spin("b", "Other"), FormFixture::WithValues);
+        const QList<QByteArray> names = form.row("a")->dynamicPropertyNames();
+        const QList<QByteArray> others = form.row("b")->dynamicPropertyNames();
+        QCOMPARE(names, others);
+        QVERIFY(names.contains("unit") && names.contains("q_internalLastMinimum"));
+        for (int i = 0; i < names.count(); ++i)
+            QVERIFY2(names.at(i).constData() == others.at(i).constData(), names.at(i).constData());
+        const QString unit = form.row("a")->property("unit").toString();
+        QCOMPARE(unit.constData(), form.row("b")->property("unit").toString().constData());
+        // What one row is given later is its own.
+        form.row("b")->setProperty("unit", QStringLiteral("mW"));
+        form.row("b")->setProperty("late", 1);
+        QCOMPARE(form.row("a")->property("unit").toString(), QStringLiteral("dBm"));
+        QCOMPARE(form.row("a")->property("toolTip").toString(), QStringLiteral("One"));
+        QVERIFY(!form.row("a")->property("late").isValid());
+    }
+
+    // More than are kept in one place, and of every length.
+    void uncommonNamesAndTextsStayTheirRows()
+    {
+        QString rows;
+        for (int row = 0; row < 4; ++row) {
+            QString properties;
+            for (int i = 0; i < 400; ++i)
+                properties += propertyXml(QByteArray("own" + QByteArray::number(400 * row + i)).constData(),
+                                          QByteArray(i % 80, char('a' + row)).constData());
+            rows += QStringLiteral("<Widget name=\"r%1\" class=\"LineEdit\">%2</Widget>")
+                        .arg(row)
+                        .arg(properties);
+        }
+        FormFixture form(rows);
+        for (int row = 0; row < 4; ++row) {
+            const QByteArray name = "r" + QByteArray::number(row);
+            for (int i = 0; i < 400; ++i)
+                QCOMPARE(form.row(name.constData())
+                             ->property(QByteArray("own" + QByteArray::number(400 * row + i)).constData())
+                             .toString(),
+                         QString(i % 80, QLatin1Char(char('a' + row))));
+        }
+    }
+
     void lineAndSpacerAreOneClass()
     {
         FormFixture form(widgetXml("Separator", "line", {{"visible", true}}) +
