@@ -226,7 +226,12 @@ void CaptionOverflow::repaint(const QRect& place)
 void CaptionOverflow::paint(const QRegion& due) const
 {
     QPainter painter;
+    const int top = due.boundingRect().top();
+    const int bottom = due.boundingRect().bottom();
     for (const Strip& strip : m_strips) {
+        // Most are far off, and a region takes ten times as long to say so.
+        if (strip.place.bottom() < top || strip.place.top() > bottom)
+            continue;
         if (!due.intersects(strip.place) || !strip.label->hasInkBelow())
             continue;
         if (!painter.isActive())
