@@ -1,6 +1,6 @@
 # Compiles the code blocks in BLOCKS against the installation in PREFIX, and
-# runs the programs among them.
-file(REMOVE_RECURSE ${WORK_DIR})
+# runs the programs among them. What was compiled before is compiled again when its
+# block or a header of the installation has changed.
 file(MAKE_DIRECTORY ${WORK_DIR})
 set(ENV{PKG_CONFIG_PATH} ${PREFIX}/${LIBDIR}/pkgconfig)
 set(options -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}
