@@ -7,8 +7,10 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QCoreApplication>
+#include <QHash>
 #include <QMetaProperty>
 #include <QTest>
+#include <QVector>
 #include <QWidget>
 
 using namespace Orvane;
@@ -21,6 +23,38 @@ bool isMomentary(const char* name)
     static const QList<QByteArray> names = {"focus",        "isActiveWindow",  "underMouse", "cursorPosition",
                                             "selectedText", "hasSelectedText", "down"};
     return names.contains(name);
+}
+
+bool isReadable(int type)
+{
+    return type == QMetaType::QRect || type == QMetaType::Bool || type == QMetaType::Int ||
+           type == QMetaType::Double || type == QMetaType::QString;
+}
+
+/// Whether readable() may have a text for it. Reading costs most where there is none: fonts, palettes,
+/// cursors.
+bool mayBeReadable(const QMetaProperty& property)
+{
+    const int type = property.userType();
+    return isReadable(type) || type == QMetaType::QVariant || type >= QMetaType::User ||
+           property.isEnumType();
+}
+
+/// What is looked at of each control of a class.
+QVector<QMetaProperty> propertiesToRead(const QMetaObject& meta)
+{
+    static QHash<const QMetaObject*, QVector<QMetaProperty>> known;
+    const auto found = known.constFind(&meta);
+    if (found != known.constEnd())
+        return *found;
+    QVector<QMetaProperty> properties;
+    for (int i = 0; i < meta.propertyCount(); ++i) {
+        const QMetaProperty property = meta.property(i);
+        if (!isMomentary(property.name()) && mayBeReadable(property))
+            properties << property;
+    }
+    known.insert(&meta, properties);
+    return properties;
 }
 
 /// Null for what has no text of its own.
@@ -58,11 +92,8 @@ QStringList cellsOf(const QWidget& widget)
 QString lookOf(const QWidget& widget)
 {
     QStringList parts = {QString::fromLatin1(widget.metaObject()->className()), widget.objectName()};
-    const QMetaObject& meta = *widget.metaObject();
-    for (int i = 0; i < meta.propertyCount(); ++i) {
-        const QMetaProperty property = meta.property(i);
-        if (isMomentary(property.name()))
-            continue;
+    const QVector<QMetaProperty> properties = propertiesToRead(*widget.metaObject());
+    for (const QMetaProperty& property : properties) {
         const QString text = readable(property.read(&widget));
         if (!text.isNull())
             parts << QLatin1String(property.name()) + QLatin1Char('=') + text;
