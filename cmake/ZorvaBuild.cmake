@@ -16,6 +16,9 @@ target_compile_options(zorva_build_settings INTERFACE
 # would be looked up, one by one, when a program starts.
 target_link_options(zorva_build_settings INTERFACE
   "$<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,SHARED_LIBRARY>:LINKER:-Bsymbolic-functions>")
+# A library names libc also where it calls it through others only: Debian's rules for packages want that.
+target_link_options(zorva_build_settings INTERFACE
+  "$<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,SHARED_LIBRARY>:LINKER:--push-state,--no-as-needed,-lc,--pop-state>")
 target_compile_definitions(zorva_build_settings INTERFACE
   QT_NO_KEYWORDS
   QT_NO_CAST_FROM_ASCII
