@@ -78,9 +78,10 @@ void ObserverList::Clear()
 void ObserverList::reindex()
 {
     m_places.erase(std::remove(m_places.begin(), m_places.end(), nullptr), m_places.end());
-    m_placeOf.clear();
-    if (m_places.size() <= few)
+    if (m_places.size() <= few) {
+        m_placeOf.clear();
         return;
+    }
     m_placeOf.reserve(m_places.size());
     for (int i = 0; i < m_places.size(); ++i)
         m_placeOf.insert(m_places.at(i), i);
