@@ -45,7 +45,7 @@ HELD = {
     "read-flat": (0.97, 1.1, 1.02),
     "read-perrow": (1.46, 1.35, 1.02),
     "formular": (1.07, 1.3, 1.81),
-    "resize": (2.4,),  # in columns there is more to paint
+    "resize": (1.75,),  # in columns there is more to paint
     "overlay": (1.12, 1.7, 1.57),
     "get-values": (1.67, 1.9, 1.05),
     "refill": (1.37, 1.9, 1.28),
