@@ -46,10 +46,10 @@ HELD = {
     "read-perrow": (1.46, 1.35, 1.02),
     "formular": (1.07, 1.3, 1.81),
     "resize": (1.75,),  # in columns there is more to paint
-    "overlay": (1.12, 1.7, 1.57),
+    "overlay": (1.12, 1.25, 1.5),
     "get-values": (1.67, 1.9, 1.05),
     "refill": (1.37, 1.9, 1.28),
-    "observers": (2.3, 1.5, 2.05),
+    "observers": (1.6, 1.5, 1.05),
 }
 
 # Numbers that are no ratios.
