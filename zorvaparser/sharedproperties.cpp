@@ -49,7 +49,8 @@ QString propertyNameText(const QByteArray& name)
 QString sharedPropertyText(const QByteArray& name, const QString& text)
 {
     static QHash<QByteArray, QString> newest;
-    if (text.size() > longestSharedText)
+    // A null text equals an empty one, and is something else to those who ask.
+    if (text.isEmpty() || text.size() > longestSharedText)
         return text;
     const auto last = newest.find(name);
     if (last == newest.end()) {

@@ -35,7 +35,7 @@ QStringView takePart(QStringView& path)
 QStringList tagsOf(ZorvaDelegate& row)
 {
     const QStringList& all = row.GetAllTags();
-    const bool isAll = all.count() > 1 || (all.count() == 1 && all.constFirst() == row.GetXmlTagName());
+    const bool isAll = row.HasSeveralXmlTags() || (!all.isEmpty() && all.constFirst() == row.GetXmlTagName());
     return isAll ? all : QStringList{row.GetXmlTagName()};
 }
 
