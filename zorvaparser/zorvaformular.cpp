@@ -201,7 +201,6 @@ ZorvaFormular::ZorvaFormular()
     connect(sheet.GetSheetUi(), &ZorvaSheetUi::si_parametersModified, this,
             &ZorvaFormular::si_parametersModified);
     connect(sheet.GetSheetUi(), &ZorvaSheetUi::si_chooseFontSize, this, &ZorvaFormular::sl_fontSize);
-    RegisterScriptTypes();
 }
 
 ZorvaFormular::~ZorvaFormular()
@@ -236,7 +235,7 @@ bool ZorvaFormular::event(QEvent* event)
         return true;
     }
     // A handler that the script connected to an object of the host may still run.
-    if (scriptEngine.isEvaluating()) {
+    if (scriptEngine && scriptEngine->isEvaluating()) {
         constexpr int pause = 50; // milliseconds
         QTimer::singleShot(pause, this, &QObject::deleteLater);
         return true;
@@ -276,12 +275,10 @@ void ZorvaFormular::ParseEnums(QXmlStreamReader& reader)
 void ZorvaFormular::PublishEnum(const QExplicitlySharedDataPointer<ZorvaEnum>& enumeration)
 {
     enums.insert(enumeration->GetName(), enumeration);
-    QScriptValue object = scriptEngine.newObject();
-    for (int i = 0; i < enumeration->GetValueCount(); ++i) {
-        const ZorvaEnumValue& entry = enumeration->GetValueAt(i);
-        object.setProperty(entry.GetEnumIdentifier(), QScriptValue(entry.GetValue()));
-    }
-    SetGlobal(enumeration->GetName(), object);
+    WaitingNames().add(*enumeration);
+    // A handler may look without asking.
+    if (scriptEngine)
+        ScriptEngine();
 }
 
 void ZorvaFormular::CreateValueTree(QString path)
@@ -560,51 +557,55 @@ void ZorvaFormular::InitEnumeration(const QString& enumName, values::ValueSelect
     }
 }
 
-void ZorvaFormular::RegisterScriptTypes()
+void ZorvaFormular::RegisterScriptTypes(QScriptEngine& engine)
 {
     qRegisterMetaType<eApplyMode>("eApplyMode");
     qRegisterMetaType<QList<QString>>("QList<QString>");
-    qScriptRegisterMetaType<eApplyMode>(&scriptEngine, applyModeToScript, applyModeFromScript);
-    qScriptRegisterSequenceMetaType<QList<QString>>(&scriptEngine);
+    qScriptRegisterMetaType<eApplyMode>(&engine, applyModeToScript, applyModeFromScript);
+    qScriptRegisterSequenceMetaType<QList<QString>>(&engine);
+}
+
+QScriptEngine& ZorvaFormular::ScriptEngine()
+{
+    if (!scriptEngine)
+        RegisterScriptTypes(scriptEngine.emplace());
+    if (const auto names = std::move(scriptNames))
+        names->publish(*scriptEngine);
+    return *scriptEngine;
+}
+
+QScriptEngine& ZorvaFormular::GuardedScriptEngine()
+{
+    QScriptEngine& engine = ScriptEngine();
+    if (!scriptGuard) {
+        scriptGuard = std::make_unique<ScriptGuard>();
+        connect(&engine, &QScriptEngine::signalHandlerException, this, &ZorvaFormular::TraceScriptError);
+    }
+    scriptGuard->install(sheet, engine);
+    return engine;
 }
 
 void ZorvaFormular::InitScript()
 {
-    const FormHold form(this);
-    if (!script.GetCode().isEmpty())
-        GuardScript();
-    scriptEngine.evaluate(script.GetCode(), QString(), 1);
-    if (!scriptEngine.hasUncaughtException() || !ErrorHandler::Traces(ErrorHandler::TraceErrors))
+    if (script.GetCode().isEmpty())
         return;
-    _Q_Trace(QStringLiteral("** ZorvaFormular Script Exception %1\n")
-                 .arg(scriptEngine.uncaughtException().toString()),
-             QStringLiteral("zorvaformular"), __LINE__);
-}
-
-void ZorvaFormular::GuardScript()
-{
-    PublishNames();
-    if (!scriptGuard) {
-        scriptGuard = std::make_unique<ScriptGuard>();
-        connect(&scriptEngine, &QScriptEngine::signalHandlerException, this,
-                &ZorvaFormular::TraceScriptError);
-    }
-    scriptGuard->install(sheet, scriptEngine);
-}
-
-void ZorvaFormular::PublishNames()
-{
-    if (const auto names = std::move(scriptNames))
-        names->publish(scriptEngine);
+    const FormHold form(this);
+    QScriptEngine& engine = GuardedScriptEngine();
+    engine.evaluate(script.GetCode(), QString(), 1);
+    if (!engine.hasUncaughtException() || !ErrorHandler::Traces(ErrorHandler::TraceErrors))
+        return;
+    _Q_Trace(
+        QStringLiteral("** ZorvaFormular Script Exception %1\n").arg(engine.uncaughtException().toString()),
+        QStringLiteral("zorvaformular"), __LINE__);
 }
 
 void ZorvaFormular::EvaluateScript(const QString& code)
 {
     const FormHold form(this);
-    GuardScript();
-    scriptEngine.evaluate(code, QString(), 1);
-    if (scriptEngine.hasUncaughtException())
-        TraceScriptError(scriptEngine.uncaughtException());
+    QScriptEngine& engine = GuardedScriptEngine();
+    engine.evaluate(code, QString(), 1);
+    if (engine.hasUncaughtException())
+        TraceScriptError(engine.uncaughtException());
 }
 
 void ZorvaFormular::TraceScriptError(const QScriptValue& error) const
@@ -612,7 +613,7 @@ void ZorvaFormular::TraceScriptError(const QScriptValue& error) const
     if (!ErrorHandler::Traces(ErrorHandler::TraceScripts))
         return;
     const QScriptValue thrownAt = error.property(QStringLiteral("lineNumber"));
-    const int line = thrownAt.isNumber() ? thrownAt.toInt32() : scriptEngine.uncaughtExceptionLineNumber();
+    const int line = thrownAt.isNumber() ? thrownAt.toInt32() : scriptEngine->uncaughtExceptionLineNumber();
     _Q_Trace(QStringLiteral("Script error in form %1, line %2: %3")
                  .arg(name.isEmpty() ? vtPath : name, QString::number(line), error.toString()),
              QStringLiteral("zorvaformular"), __LINE__);
@@ -622,17 +623,16 @@ void ZorvaFormular::DebugScript()
 {
     if (scriptDebugger)
         return;
-    GuardScript();
+    QScriptEngine& engine = GuardedScriptEngine();
     scriptDebugger = new QScriptEngineDebugger;
-    scriptDebugger->attachTo(&scriptEngine);
+    scriptDebugger->attachTo(&engine);
     prepareDebuggerWindow(scriptDebugger->standardWindow());
     scriptDebugger->action(QScriptEngineDebugger::InterruptAction)->activate(QAction::Trigger);
 }
 
 void ZorvaFormular::SetGlobal(const QString& globalName, const QScriptValue& value)
 {
-    PublishNames();
-    scriptEngine.globalObject().setProperty(globalName, value);
+    ScriptEngine().globalObject().setProperty(globalName, value);
 }
 
 void ZorvaFormular::SetScriptValue(const QString& globalName, const QString& value)
@@ -652,21 +652,25 @@ void ZorvaFormular::SetScriptValue(const QString& globalName, bool value)
 
 void ZorvaFormular::SetScriptValue(const QString& globalName, QObject* value)
 {
-    SetGlobal(globalName, ScriptNames::toScript(scriptEngine, value));
+    SetGlobal(globalName, ScriptNames::toScript(ScriptEngine(), value));
 }
 
 void ZorvaFormular::NameForScript(const QString& globalName, QObject* object)
 {
+    WaitingNames().add(globalName, object);
+}
+
+ScriptNames& ZorvaFormular::WaitingNames()
+{
     if (!scriptNames)
         scriptNames = std::make_unique<ScriptNames>();
-    scriptNames->add(globalName, object);
+    return *scriptNames;
 }
 
 QMap<QString, QScriptValue> ZorvaFormular::GetScriptValues()
 {
-    PublishNames();
     QMap<QString, QScriptValue> globals;
-    QScriptValueIterator property(scriptEngine.globalObject());
+    QScriptValueIterator property(ScriptEngine().globalObject());
     while (property.hasNext()) {
         property.next();
         if (property.value().isValid())

@@ -16,6 +16,7 @@
 #include <QSharedData>
 
 #include <memory>
+#include <optional>
 
 class QScriptEngineDebugger;
 class QWidget;
@@ -173,18 +174,19 @@ private:
     void ParseChangedEnums(QXmlStreamReader& reader);
     void PublishEnum(const QExplicitlySharedDataPointer<ZorvaEnum>& enumeration);
     void InitScript();
-    /** Called before code runs. */
-    void GuardScript();
+    /** The engine with all that the form has named; made by the first call, as many forms need none. */
+    QScriptEngine& ScriptEngine();
+    /** The same, before code runs. */
+    QScriptEngine& GuardedScriptEngine();
     /** Makes @p object, the sheet's or a row's, a global by the time somebody can look. */
     void NameForScript(const QString& globalName, QObject* object);
-    /** Called before anybody looks at the engine's globals. */
-    void PublishNames();
+    ScriptNames& WaitingNames();
     void TraceScriptError(const QScriptValue& error) const;
     QString WriteXml(bool withValues, bool modifiedOnly);
     /** Takes each element named @p root, wherever it stands. */
     void ApplyDocument(QXmlStreamReader& reader, const QString& root);
     QByteArray ConfigName(const char* suffix) const;
-    void RegisterScriptTypes();
+    static void RegisterScriptTypes(QScriptEngine& engine);
     void SetGlobal(const QString& globalName, const QScriptValue& value);
 
     QString name;
@@ -194,9 +196,9 @@ private:
     QExplicitlySharedDataPointer<ZorvaEnum> emptyEnum;
     ZorvaSheet sheet;
     ZorvaScript script;
-    QScriptEngine scriptEngine;
-    QScriptEngineDebugger* scriptDebugger; // owned
-    QPointer<QObject> configObject;        // not owned
+    std::optional<QScriptEngine> scriptEngine; // none until something is to run or to be looked at
+    QScriptEngineDebugger* scriptDebugger;     // owned
+    QPointer<QObject> configObject;            // not owned
     QString configKey;
     std::unique_ptr<ScriptNames> scriptNames; // null if all are published
     std::unique_ptr<ScriptGuard> scriptGuard; // null until code is to run; goes before the engine
