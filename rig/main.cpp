@@ -7,6 +7,7 @@
 #include "window.h"
 
 #include <hostkit/settingsstore.h>
+#include <shell/withoutdisplay.h>
 
 #include <QApplication>
 #include <QFile>
@@ -164,7 +165,7 @@ int main(int argc, char* argv[])
         return complain(error + QStringLiteral("\nTry zorva-rig --help."), Usage);
     // Without a window there is no need of a display.
     if (commandLine.task != CommandLine::Operate && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        leaveDisplay();
     const QApplication application(argc, argv);
     return run(commandLine);
 }

@@ -2,6 +2,7 @@
 #include "terminal.h"
 
 #include <shell/displaycheck.h>
+#include <shell/withoutdisplay.h>
 
 #include <QApplication>
 
@@ -85,7 +86,7 @@ int runCommand(const Subcommand& command, const QStringList& arguments, int argc
         return runOnDisplay(command, arguments, argc, argv);
     // Forms are made to be looked at by the program alone, so it asks for no display.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        leaveDisplay();
     const QApplication application(argc, argv);
     return command.run(arguments);
 }

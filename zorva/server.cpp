@@ -2,6 +2,7 @@
 #include "terminal.h"
 
 #include <author/server/standardstreams.h>
+#include <shell/withoutdisplay.h>
 
 #include <QCoreApplication>
 
@@ -17,7 +18,7 @@ int run(const QStringList& arguments)
     }
     // Scripts are run by a process that has live forms; whatever the editor shows itself on, they show
     // nothing.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    leaveDisplay();
     LanguageServer::Settings settings;
     settings.version = QStringLiteral(ZORVA_VERSION);
     settings.scriptProgram = QCoreApplication::applicationFilePath();

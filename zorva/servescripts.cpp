@@ -1,15 +1,14 @@
 #include "subcommand.h"
 
 #include <author/check/scripttrial.h>
-
-#include <QtGlobal>
+#include <shell/withoutdisplay.h>
 
 namespace {
 
 // What starts it may show windows; this never does.
 void prepare(const QStringList&)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    leaveDisplay();
 }
 
 int run(const QStringList&)

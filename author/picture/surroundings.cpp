@@ -2,6 +2,7 @@
 
 #include <author/files/wholefile.h>
 #include <author/live/language.h>
+#include <shell/withoutdisplay.h>
 
 #include <velkappstartup/translationcenter.h>
 
@@ -79,9 +80,9 @@ QString putOnLanguage(const Look& look)
 void forgetDesktop()
 {
     for (const char* name : {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_AUTO_SCREEN_SCALE_FACTOR",
-                             "QT_ENABLE_HIGHDPI_SCALING", "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE"})
+                             "QT_ENABLE_HIGHDPI_SCALING"})
         qunsetenv(name);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    leaveDisplay();
     qputenv("QT_FONT_DPI", "96");
     // Remarks on what a platform without a screen cannot do.
     QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));

@@ -18,9 +18,11 @@ class TestRigProgram : public QObject
     QByteArray m_errors;
 
     /// The exit code; -1 if it crashed or did not end.
-    int run(const QStringList& arguments)
+    int run(const QStringList& arguments,
+            const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
     {
         QProcess program;
+        program.setProcessEnvironment(environment);
         program.start(QStringLiteral(ZORVA_RIG_PROGRAM), arguments);
         const bool ended =
             program.waitForFinished(longestRun) && program.exitStatus() == QProcess::NormalExit;
@@ -66,6 +68,24 @@ private Q_SLOTS:
         QVERIFY2(m_output.contains(output), m_output.left(1000).constData());
         QTEST(code, "code");
         QCOMPARE(code != 0, m_errors.contains("zorva-rig: "));
+    }
+
+    void noDesktopIsAsked_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::newRow("list") << "--list dummy";
+        QTest::newRow("form") << "--form -o - --model 1";
+        QTest::newRow("settings") << "--model 1 --save -";
+    }
+    // Themes and styles of a desktop may look for a display, and end a program that has none.
+    void noDesktopIsAsked()
+    {
+        QFETCH(QString, arguments);
+        QProcessEnvironment desktop = QProcessEnvironment::systemEnvironment();
+        desktop.remove(QStringLiteral("QT_QPA_PLATFORM"));
+        desktop.insert(QStringLiteral("QT_STYLE_OVERRIDE"), QStringLiteral("of-the-desktop"));
+        QCOMPARE(run(arguments.split(QLatin1Char(' ')), desktop), 0);
+        QVERIFY2(!m_errors.contains("of-the-desktop"), m_errors.constData());
     }
 
     void damagedForm_data()

@@ -42,6 +42,8 @@ private Q_SLOTS:
     void completion_data();
     void completion();
     void theReadmeTellsTheTruth();
+    void noDesktopIsAsked_data();
+    void noDesktopIsAsked();
 
 private:
     QStringList subcommands() const;
@@ -56,6 +58,29 @@ QStringList TestZorva::subcommands() const
     for (const QString& line : list.split(QLatin1Char('\n')))
         names << line.trimmed().section(QLatin1Char(' '), 0, 0);
     return names;
+}
+
+void TestZorva::noDesktopIsAsked_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<int>("code");
+    QTest::newRow("parameters") << QStringLiteral("parameters print receiver.zorva") << 0;
+    QTest::newRow("compare") << QStringLiteral("compare receiver.zorva receiver.zorva") << 0;
+    QTest::newRow("overlay") << QStringLiteral("overlay receiver.zorva receiver.zorva") << 1; // with findings
+    QTest::newRow("test") << QStringLiteral("test receiver.zorva receiver.tests.js") << 0;
+    QTest::newRow("check") << QStringLiteral("check receiver.zorva") << 0;
+}
+
+// Themes and styles of a desktop may look for a display, and end a program that has none.
+void TestZorva::noDesktopIsAsked()
+{
+    QFETCH(QString, words);
+    const QStringList bare{QStringLiteral("-u"), QStringLiteral("QT_QPA_PLATFORM"),
+                           QStringLiteral("QT_STYLE_OVERRIDE=of-the-desktop"), QStringLiteral(ZORVA_PROGRAM)};
+    const ZorvaRun ran = runProgram(QStringLiteral("env"), bare + words.split(QLatin1Char(' ')), QByteArray(),
+                                    QStringLiteral(ZORVA_EXAMPLES_DIR));
+    QTEST(ran.code, "code");
+    QVERIFY2(!ran.errors.contains(QLatin1String("of-the-desktop")), qPrintable(ran.errors));
 }
 
 void TestZorva::frame_data()
