@@ -4,6 +4,8 @@
 
 #include <QTreeWidget>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <sys/stat.h>
 
@@ -202,17 +204,24 @@ private Q_SLOTS:
     {
         // Names of pictures that the toolkit drops half a minute later make up half of it.
         constexpr int allowed = 768; // bytes for each reload
+        // What is filled or dropped once shows in one stretch, what each reload leaves in all of them.
+        constexpr int stretches = 5;
         const int wanted = qEnvironmentVariableIntValue("ZORVA_PREVIEW_RELOADS");
-        const int reloads = wanted > 0 ? wanted : 40;
+        const int reloads = (wanted > 0 ? wanted : 40) / stretches;
         write(exampleText("receiver.zorva"));
         open();
         // Filled late, and once.
         const auto* const values = find<QTreeWidget>("valuesPane");
         QTRY_VERIFY(values->topLevelItemCount() > 0);
         settledAfter(10);
-        const qint64 before = settledAfter(1);
-        const qint64 each = (settledAfter(reloads) - before) / reloads;
-        QVERIFY2(each < allowed, qPrintable(QStringLiteral("%1 bytes with each reload").arg(each)));
+        std::array<qint64, stretches> left{};
+        for (qint64& each : left) {
+            const qint64 before = settledAfter(1);
+            each = (settledAfter(reloads) - before) / reloads;
+        }
+        std::sort(left.begin(), left.end());
+        const qint64 usual = left[stretches / 2];
+        QVERIFY2(usual < allowed, qPrintable(QStringLiteral("%1 bytes with each reload").arg(usual)));
     }
 };
 
