@@ -156,6 +156,26 @@ foreach(variable QT_STYLE_OVERRIDE QT_QPA_PLATFORMTHEME QT_FONT_DPI QT_SCALE_FAC
   list(APPEND ZORVA_TEST_DESKTOP "${variable}=unset:")
 endforeach()
 
+# zorva_leave_desktop(<test>...)
+# Neither the user's locale nor his desktop, nor whether he has logged in, makes a difference.
+# After all else that sets their properties.
+function(zorva_leave_desktop)
+  set_property(TEST ${ARGN} APPEND PROPERTY ENVIRONMENT
+    "LC_ALL=C.UTF-8" "XDG_RUNTIME_DIR=${ZORVA_TEST_RUNTIME_DIR}")
+  set_property(TEST ${ARGN} APPEND PROPERTY ENVIRONMENT_MODIFICATION ${ZORVA_TEST_DESKTOP})
+endfunction()
+
+# zorva_add_nightly(<test> [COMMAND <word>...] [ENVIRONMENT <variable>=<value>...])
+# The same executable once more as <test>_nightly, with larger numbers, on request: ctest -L nightly
+function(zorva_add_nightly name)
+  cmake_parse_arguments(ARG "" "" "COMMAND;ENVIRONMENT" ${ARGN})
+  get_test_property(${name} ENVIRONMENT environment)
+  add_test(NAME ${name}_nightly COMMAND ${name} ${ARG_COMMAND})
+  set_tests_properties(${name}_nightly PROPERTIES
+    ENVIRONMENT "${environment};${ARG_ENVIRONMENT}" TIMEOUT 7200 LABELS nightly)
+  zorva_leave_desktop(${name}_nightly)
+endfunction()
+
 # zorva_generate_mocs(<target> <source>...)
 # Has moc run for the sources that include what it makes. AUTOMOC takes a process of
 # CMake's and one more compilation for each target, which is a lot for one file.
@@ -192,10 +212,7 @@ function(zorva_add_test name)
   target_compile_definitions(${name} PRIVATE
     ZORVA_EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples"
     ZORVA_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
-  # Neither the user's locale nor his desktop, nor whether he has logged in, makes a difference.
   set(environment
-    "LC_ALL=C.UTF-8"
-    "XDG_RUNTIME_DIR=${ZORVA_TEST_RUNTIME_DIR}"
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/common/lsan.supp"
     "UBSAN_OPTIONS=print_stacktrace=1"
     "QT_LOGGING_RULES="
@@ -212,6 +229,6 @@ function(zorva_add_test name)
     list(APPEND environment "QT_QPA_PLATFORM=offscreen")
   endif()
   set_tests_properties(${name} PROPERTIES
-    ENVIRONMENT_MODIFICATION "${ZORVA_TEST_DESKTOP}"
     ENVIRONMENT "${environment}" TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}")
+  zorva_leave_desktop(${name})
 endfunction()
