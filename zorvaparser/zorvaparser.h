@@ -14,7 +14,8 @@ class ZorvaFormular;
 /**
  * Turns the text of a form description into a formular. The result has a
  * reference count of zero and is the caller's; null if there is no root element
- * "KVParamGui". Damaged text yields the part read so far and no message.
+ * "KVParamGui". Damaged text yields the part read so far and no message, but
+ * bytes that are no text in their encoding yield null, wherever they stand.
  */
 class ZORVAPARSER_EXPORT ZorvaParser
 {
