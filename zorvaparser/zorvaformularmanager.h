@@ -39,7 +39,8 @@ public:
     void AddFormular(ZorvaFormular* formular);
     /** The form, parsed and built at the first call; null if unknown or not parseable. */
     FormularPointer GetFormular(const QString& name);
-    /** Makes a parsed form current and shows it; false, with no form current, if there is none. */
+    /** Makes a parsed form current and shows it; false, with no form current, if there is none. Auto-apply is
+     * on or off in it as it was in the form that was shown last, whatever its description says. */
     bool ShowFormular(const QString& name);
     /** Forgets all forms and descriptions; top widgets go in the next turn of the event loop. */
     void Reset();

@@ -31,7 +31,7 @@ public:
     virtual const QString& GetName() const = 0;
     virtual ValueType GetType() const = 0;      ///< Likewise.
     virtual QString GetStringValue() const = 0; ///< Likewise.
-    /// False if the text cannot be read; then nothing changes.
+    /// False if the text cannot be read; then nothing changes. @p originator is not told, null tells all.
     virtual bool SetStringValue(QString text, IObserver* originator) = 0;
 };
 

@@ -21,7 +21,7 @@ public:
 
     /// The content, whatever a transaction holds back.
     T GetValue() const { return m_content; }
-    /// Tells of `ChangeCode::Content`. True if the content changed.
+    /// Tells all but @p originator, who may be null, of `ChangeCode::Content`. True if the content changed.
     virtual bool SetValue(T value, IObserver* originator)
     {
         if (!store(std::move(value)))

@@ -36,15 +36,15 @@ public:
 
     /// The name in its node; empty for a value without one.
     const QString& GetName() const override { return m_name; }
-    /// Renames, in the tree too, and tells of `ChangeCode::Name`. False if the
-    /// node already has a value of that name; then nothing changes.
+    /// Renames, in the tree too, and tells all but @p originator, who may be null, of
+    /// `ChangeCode::Name`. False if the node already has a value of that name; then nothing changes.
     bool SetName(const QString& name, IObserver* originator);
     /// "/node/name"; empty for a value that has no name or is not in the tree.
     QString GetPathName() const;
 
     /// Normal, or GoingAway while it dies.
     TValueState GetState() const { return m_state; }
-    /// Tells of `ChangeCode::State`.
+    /// Tells all but @p originator, who may be null, of `ChangeCode::State`.
     void SetState(TValueState state, IObserver* originator);
 
     /// "bool", "string", "int", "int64", "double", "selection" or "rangemap".
@@ -56,8 +56,9 @@ public:
     /// Whether `other` has the same type and content; false for null.
     virtual bool Compare(const ValueBase* other) const = 0;
 
-    /// Tells the observers of `code`, unless a transaction is open. False if the
-    /// value was destroyed meanwhile. (`NotifyObservers` is never held back.)
+    /// Tells the observers of `code`, all but @p originator, who may be null, unless a
+    /// transaction is open. False if the value was destroyed meanwhile. (`NotifyObservers` is never held
+    /// back.)
     bool HasChanged(TChangeCode code, IObserver* originator);
 
     /// Refuses (false) null, an observer already there, and everybody once the
@@ -67,15 +68,17 @@ public:
 
     /// Holds notifications back; nests. @p originator is the one who starts, and may be null.
     void StartTransaction(IObserver* originator) override;
-    /// The outermost end always sends `code`, once; without a start nothing happens.
+    /// The outermost end always sends `code`, once, to all but its @p originator, who may be null; without a
+    /// start nothing happens.
     void EndTransaction(TChangeCode code, IObserver* originator) override;
     /// Whether a transaction is open.
     bool IsTransactionActive() const override { return m_transactionDepth > 0; }
-    /// A transaction that lasts as long as the result and sends `codes` then.
+    /// A transaction that lasts as long as the result and sends `codes` then, to all but @p originator, who
+    /// may be null.
     ValueTransaction CreateTransaction(std::initializer_list<TChangeCode> codes, IObserver* originator);
 
     /// The context in which controls translate the value's texts, in UTF-8; null or
-    /// empty for none. Tells of `ChangeCode::Name`.
+    /// empty for none. Tells all but @p originator, who may be null, of `ChangeCode::Name`.
     void SetTranslationNamespace(const char* context, IObserver* originator);
     /// The context in which names are translated; a new one sends code 4 to all but @p originator, who may be
     /// null.

@@ -72,9 +72,10 @@ public:
 
     /// How many ranges there are.
     virtual int GetItemCount() const = 0;
-    /// Removes all items and tells of `ChangeCode::ItemsRemoved`.
+    /// Removes all items and tells all but @p originator, who may be null, of `ChangeCode::ItemsRemoved`.
     virtual void Clear(IObserver* originator) = 0;
-    /// False if there is no such item; else tells of `ChangeCode::ItemsRemoved`.
+    /// False if there is no such item; else tells all but @p originator, who may be null, of
+    /// `ChangeCode::ItemsRemoved`.
     virtual bool EraseAt(unsigned int key, IObserver* originator) = 0;
     /// One above the highest key, 0 in an empty map; the lowest free one if there is none above.
     virtual unsigned int CreateNewUniqueKey() const = 0;
@@ -109,9 +110,9 @@ public:
         this->HasChanged(ChangeCode::ItemsRemoved, originator);
     }
 
-    /// Writes many items and tells of `ChangeCode::Content` once. `replace` drops
-    /// what was there; `keepIds` files each item under its own id, otherwise they
-    /// get fresh ids in the order of the list (0 and up after a replacement).
+    /// Writes many items and tells all but @p originator, who may be null, of
+    /// `ChangeCode::Content` once. `replace` drops what was there; `keepIds` files each item under its own
+    /// id, otherwise they get fresh ids in the order of the list (0 and up after a replacement).
     void Set(const std::list<Item>& items, bool replace, bool keepIds, IObserver* originator)
     {
         Data merged;
@@ -122,7 +123,8 @@ public:
         become(std::move(merged), originator);
     }
 
-    /// Writes one item and tells of `ChangeCode::ItemChanged`. Returns `key`.
+    /// Writes one item and tells all but @p originator, who may be null, of `ChangeCode::ItemChanged`.
+    /// Returns `key`.
     unsigned int SetAt(unsigned int key, const Item& item, IObserver* originator)
     {
         if (file(&m_items, key, item))

@@ -77,7 +77,8 @@ public:
     T GetMax() const { return m_max; }   ///< Likewise.
     T GetStep() const { return m_step; } ///< Likewise.
 
-    /// Tells of `ChangeCode::Content` if the number, kept within the limits, is new.
+    /// Tells all but @p originator, who may be null, of `ChangeCode::Content` if the number, kept within the
+    /// limits, is new.
     bool SetValue(T value, IObserver* originator) override
     {
         return convertNumber(value, &value) && Base::SetValue(bounded(value), originator);
@@ -89,7 +90,7 @@ public:
     bool SetMax(T max, IObserver* originator) { return SetMinMax(m_min, max, m_step, originator); }
     /// Likewise.
     bool SetStep(T step, IObserver* originator) { return SetMinMax(m_min, m_max, step, originator); }
-    /// Limits and step in one go, told once.
+    /// Limits and step in one go, told once; @p originator is not told, null tells all.
     bool SetMinMax(T min, T max, T step, IObserver* originator)
     {
         const bool minChanged = replace(&m_min, min);

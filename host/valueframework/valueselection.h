@@ -54,13 +54,15 @@ public:
     void Reserve(long count);
     /// Appends an entry and sends code 5 to all but @p originator, who may be null.
     void AddItem(const QString& name, double value, long key, IObserver* originator);
-    /// Takes ownership of `item`; null is ignored.
+    /// Takes ownership of `item`; null is ignored. @p originator is not told; null tells all.
     void AddItem(SelectionItem* item, IObserver* originator);
-    /// Appends items whose value is their position and whose key is that plus 1, told once.
+    /// Appends items whose value is their position and whose key is that plus 1, told once to all but
+    /// @p originator, who may be null.
     void AddItems(const QStringList& names, IObserver* originator);
-    /// Appends copies of the items of `other`, told once.
+    /// Appends copies of the items of `other`, told once to all but @p originator, who may be null.
     void AddItemsFrom(const ValueSelection& other, IObserver* originator);
-    /// Removes and deletes `item`. False if it is null or not of this selection.
+    /// Removes and deletes `item`. False if it is null or not of this selection. @p originator is not told;
+    /// null tells all.
     bool DeleteItem(SelectionItem* item, IObserver* originator);
     /// Removes all entries and sends code 8 to all but @p originator; the choice's name is remembered.
     void DeleteItems(IObserver* originator);
@@ -69,10 +71,10 @@ public:
 
     /// By name, exactly; false if there is none. @p originator is not told; null tells all.
     bool Select(const QString& name, IObserver* originator);
-    /// `name` may be null: false.
+    /// `name` may be null: false. @p originator is not told; null tells all.
     bool Select(const wchar_t* name, IObserver* originator);
     /// Exact: the first item of that value; otherwise the item with the smallest
-    /// value not below `value`, the first of equals.
+    /// value not below `value`, the first of equals. @p originator is not told; null tells all.
     bool Select(double value, IObserver* originator, bool exact);
     /// By key, or by position from 0; false if there is none. @p originator is not told; null tells all.
     bool Select(long key, IObserver* originator);
@@ -107,7 +109,7 @@ public:
     /// Empty if nothing is current.
     QString GetStringValue() const override;
     /// Chooses by name; empty text chooses nothing, unless an item has an empty
-    /// name. False for an unknown name; then nothing changes.
+    /// name. False for an unknown name; then nothing changes. @p originator is not told; null tells all.
     bool SetStringValue(QString text, IObserver* originator) override;
     /// From a selection: its items and its choice.
     bool Assign(const ValueBase& other) override;
