@@ -32,13 +32,14 @@ class TestPreviewSafety : public PreviewTest
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return heldBytes();
     }
-    /// Bytes held after so many reloads. The thread that looks for problems, and panes that
-    /// are filled late, may hold something more at a time: the least of several looks.
+    static constexpr int looks = 8;
+
+    /// Bytes held after so many reloads, and those of the looks. The thread that looks for problems, and
+    /// panes that are filled late, may hold something more at a time: the least of several looks.
     qint64 settledAfter(int reloads)
     {
         for (int i = 0; i < reloads; ++i)
             heldAfterReload();
-        constexpr int looks = 8;
         qint64 least = heldAfterReload();
         for (int i = 1; i < looks; ++i)
             least = qMin(least, heldAfterReload());
@@ -217,7 +218,7 @@ private Q_SLOTS:
         std::array<qint64, stretches> left{};
         for (qint64& each : left) {
             const qint64 before = settledAfter(1);
-            each = (settledAfter(reloads) - before) / reloads;
+            each = (settledAfter(reloads) - before) / (reloads + looks);
         }
         std::sort(left.begin(), left.end());
         const qint64 usual = left[stretches / 2];
