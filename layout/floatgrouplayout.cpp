@@ -545,6 +545,9 @@ void FloatGroupLayout::removeAllWidgets()
     }
     m_flags.clear();
     m_hints.clear();
+    // A null item ends the walk, and those behind it stay.
+    while (m_flags.count() < m_items.count())
+        m_flags.append(0);
 }
 
 template <typename Widget>

@@ -14,8 +14,8 @@ namespace {
 /** The names that rows have in one place, and each as text. */
 QHash<QByteArray, QString>& sharedNames()
 {
-    static QHash<QByteArray, QString> names;
-    return names;
+    static auto* const names = new QHash<QByteArray, QString>; // never destroyed
+    return *names;
 }
 
 } // namespace
@@ -28,7 +28,7 @@ void sharePropertyNames(const QObject& row)
     for (auto name = names.crbegin(); name != names.crend(); ++name) {
         const auto same = shared.constFind(*name);
         if (same == shared.cend()) {
-            if (shared.size() < mostSharedNames)
+            if (shared.size() < mostSharedNames && name->size() <= longestSharedText)
                 shared.insert(*name, QString::fromLatin1(*name));
             continue;
         }
@@ -48,14 +48,14 @@ QString propertyNameText(const QByteArray& name)
 
 QString sharedPropertyText(const QByteArray& name, const QString& text)
 {
-    static QHash<QByteArray, QString> newest;
+    static auto* const newest = new QHash<QByteArray, QString>; // never destroyed
     // A null text equals an empty one, and is something else to those who ask.
-    if (text.isEmpty() || text.size() > longestSharedText)
+    if (text.isEmpty() || text.size() > longestSharedText || name.size() > longestSharedText)
         return text;
-    const auto last = newest.find(name);
-    if (last == newest.end()) {
-        if (newest.size() < mostSharedNames)
-            newest.insert(name, text);
+    const auto last = newest->find(name);
+    if (last == newest->end()) {
+        if (newest->size() < mostSharedNames)
+            newest->insert(name, text);
         return text;
     }
     if (*last != text)

@@ -12,7 +12,7 @@
 #include <vkbase/qtrace.h>
 
 #include <QAbstractSpinBox>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QPushButton>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
@@ -301,18 +301,18 @@ QString ZorvaDelegate::FallbackToolTip()
     return Markup::toolTip(label ? GetTranslated("labelText") : widget->GetXmlTagName());
 }
 
-void ZorvaDelegate::DropLater(QWidget* control)
+bool ZorvaDelegate::MayBeAtWork(const QWidget* control) const
 {
-    if (control)
-        control->deleteLater();
+    const QWidget* const focus = control ? QApplication::focusWidget() : nullptr;
+    return watches || isNotifying() || (focus && (focus == control || control->isAncestorOf(focus)));
 }
 
-void ZorvaDelegate::DropUnlessAnswering(QWidget* control)
+void ZorvaDelegate::Drop(QWidget* control, bool isAtWork)
 {
-    if (watches || isNotifying())
-        DropLater(control);
-    else
+    if (!isAtWork)
         delete control;
+    else if (control)
+        control->deleteLater();
 }
 
 void ZorvaDelegate::FocusControl(QWidget* control)

@@ -71,9 +71,10 @@ Q_SIGNALS:
     void customPropertyChanged(QString name, QVariant value);
 
 public Q_SLOTS:
-    /** Sets the property of that name, unless it is equal already; no mark. */
+    /** From now on; the property "applyMode" stays as it is. No mark. */
     void setApplyMode(eApplyMode applyMode);
-    void setEnabled(bool flag);              ///< Likewise.
+    /** Sets the property of that name, unless it is equal already; no mark. */
+    void setEnabled(bool flag);
     void setGenerateParameterXml(bool flag); ///< Likewise.
     void setReadOnly(bool flag);             ///< Likewise.
     void setVisible(bool flag);              ///< Likewise.
@@ -358,13 +359,14 @@ protected:
     /** The label's text, or else the row's tag: what a control shows as tool tip for want of a better one. */
     QString FallbackToolTip();
     /**
-     * Deletes @p control, which may be null, once whatever it is doing has come to its
-     * end: with the next turn of the event loop.
+     * Whether @p control, which may be null, may be at work: the row answers, somebody is told of a
+     * value, which the control itself may be writing, or it has the focus, and a key of it is answered.
+     * To be asked before values go, since a control without one gives the focus away.
      */
-    static void DropLater(QWidget* control);
-    /** The same, but at once if nothing is under way: neither an answer of the row, nor news of a value,
-     * which the control itself may be writing. */
-    void DropUnlessAnswering(QWidget* control);
+    bool MayBeAtWork(const QWidget* control) const;
+    /** Deletes @p control, which may be null: at once, or in the next turn of the event loop if it @p
+     * isAtWork. */
+    static void Drop(QWidget* control, bool isAtWork);
     /** Gives the keyboard focus to @p control, which may be null. */
     static void FocusControl(QWidget* control);
     /** One element named by the row's tag, with the unit if @p withUnit. */

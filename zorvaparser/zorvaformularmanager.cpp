@@ -70,8 +70,9 @@ ZorvaFormularManager::FormularPointer ZorvaFormularManager::GetFormular(const QS
     return alive ? formulars.value(name) : FormularPointer();
 }
 
-void ZorvaFormularManager::LeaveCurrent()
+bool ZorvaFormularManager::LeaveCurrent()
 {
+    const QPointer<ZorvaFormularManager> alive(this);
     const quint64 request = requests;
     // Hiding ends a text that is being typed, and what the host does then may drop the form.
     const FormHold hold(current.data());
@@ -80,19 +81,23 @@ void ZorvaFormularManager::LeaveCurrent()
     sheet.killAutoApplyTimer();
     if (leaving->GetGUI())
         leaving->Hide();
+    if (!alive)
+        return false;
     if (request != requests || current.data() != leaving)
-        return; // the answer was another form, or none
+        return true; // the answer was another form, or none
     disconnect(leaving, &ZorvaFormular::si_parametersModified, this,
                &ZorvaFormularManager::si_parametersModified);
     autoApplyMemory = sheet.isAutoApplyEnabled() ? 1 : -1;
     current.reset();
+    return true;
 }
 
 bool ZorvaFormularManager::ShowFormular(const QString& name)
 {
+    const QPointer<ZorvaFormularManager> alive(this);
     ++requests;
-    if (current)
-        LeaveCurrent();
+    if (current && !LeaveCurrent())
+        return false;
     ZorvaFormular* const wanted = formulars.value(name).data();
     const FormHold hold(wanted);
     // Whoever showed a form while the last one was left has asked later.
@@ -103,13 +108,15 @@ bool ZorvaFormularManager::ShowFormular(const QString& name)
         return false;
     if (autoApplyMemory != 0)
         wanted->GetSheet().setAutoApplyEnabled(autoApplyMemory >= 1);
+    if (!alive)
+        return false;
     connect(wanted, &ZorvaFormular::si_parametersModified, this,
             &ZorvaFormularManager::si_parametersModified);
     wanted->SetConfigObject(configObject, configKey);
     // Restoring may end a text that is being typed as well.
-    if (current.data() == wanted && wanted->GetGUI())
+    if (alive && current.data() == wanted && wanted->GetGUI())
         wanted->Show();
-    return current.data() == wanted;
+    return alive && current.data() == wanted;
 }
 
 void ZorvaFormularManager::Reset()

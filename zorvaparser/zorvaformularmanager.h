@@ -83,7 +83,8 @@ public Q_SLOTS:
     void RestoreConfiguration();
 
 private:
-    void LeaveCurrent();
+    /** False if this manager was deleted by whoever heard of it. */
+    bool LeaveCurrent();
 
     QString vtPath;
     bool applyUiEnabled;

@@ -42,6 +42,7 @@ void ZorvaWidget::ParseZORVA(QXmlStreamReader& reader, int index)
 
 void ZorvaWidget::createDelegate()
 {
+    delete delegate; // of an earlier parse
     delegate = createDelegateOfClass(className, this);
 }
 

@@ -166,6 +166,8 @@ void VCCheckBox::keyPressEvent(QKeyEvent* event)
 
 void VCCheckBox::changeEvent(QEvent* event)
 {
+    if (event->type() == QEvent::StyleChange)
+        SizeHintCache::Forget();
     QCheckBox::changeEvent(event);
     m_binding.ControlChanged(event);
 }

@@ -4,6 +4,7 @@
 #include <valueframework/valuebase.h>
 #include <vkbase/iobserver.h>
 
+#include <QHash>
 #include <QList>
 
 namespace Orvane {
@@ -22,16 +23,44 @@ void ReleaseValues(QList<V*>& list, IObserver* observer)
     }
 }
 
-/** Position of the value that is @p observable; -1 if there is none. */
-template <typename V>
-int PositionOf(const QList<V*>& list, const Observable* observable)
+/** Where in a list a value stands: a device may write all of a long one. */
+class ValuePlaces
 {
-    for (int i = 0; i < list.count(); ++i) {
-        if (static_cast<const Observable*>(list.at(i)) == observable)
-            return i;
+public:
+    /** To be called when the list gets other values. */
+    void clear() { places.clear(); }
+    /** Position of the value that is @p observable; -1 if there is none. The list may have lost values. */
+    template <typename V>
+    int of(const QList<V*>& list, const Observable* observable)
+    {
+        if (places.count() < list.count())
+            note(list);
+        const auto noted = places.constFind(observable);
+        if (noted == places.cend())
+            return -1;
+        // Those that went stood before it, behind it, or here and there.
+        const int least = qMax(0, *noted - (places.count() - list.count()));
+        if (least < list.count() && list.at(least) == observable)
+            return least;
+        for (int i = qMin(*noted, list.count() - 1); i > least; --i) {
+            if (list.at(i) == observable)
+                return i;
+        }
+        return -1;
     }
-    return -1;
-}
+
+private:
+    template <typename V>
+    void note(const QList<V*>& list)
+    {
+        places.clear();
+        places.reserve(list.count());
+        for (int i = 0; i < list.count(); ++i)
+            places.insert(list.at(i), i);
+    }
+
+    QHash<const Observable*, int> places; // as they were when somebody first asked
+};
 
 /** On code 2 from the value at @p index while it is going away: @p observer leaves it, and the list too. */
 template <typename V>

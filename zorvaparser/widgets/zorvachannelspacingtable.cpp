@@ -52,7 +52,7 @@ ZorvaChannelSpacingTable::ZorvaChannelSpacingTable(ZorvaWidget* ownerWidget)
 
 ZorvaChannelSpacingTable::~ZorvaChannelSpacingTable()
 {
-    DropUnlessAnswering(tableWidget);
+    Drop(tableWidget, MayBeAtWork(tableWidget));
 }
 
 void ZorvaChannelSpacingTable::CreateValueTree()
@@ -117,7 +117,8 @@ void ZorvaChannelSpacingTable::ReadXml(QXmlStreamReader& reader)
 
 void ZorvaChannelSpacingTable::setAllSpacingValues(double value)
 {
-    for (int i = 0; i < spacings.count(); ++i)
+    const RowWatch row(*this);
+    for (int i = 0; row && i < spacings.count(); ++i)
         setSpacingValue(i, value);
 }
 
@@ -230,6 +231,7 @@ void ZorvaChannelSpacingTable::setSpacingValue(int index, double value)
 {
     if (!HasSpacing(index) || spacings.at(index) == value)
         return;
+    const RowWatch row(*this); // whoever hears of the cell may let the form go
     spacings[index] = value;
     if (QTableWidgetItem* const item = tableWidget ? tableWidget->item(index, 0) : nullptr)
         item->setData(Qt::DisplayRole, value);

@@ -19,8 +19,9 @@ ZorvaDoubleSpinBoxList::ZorvaDoubleSpinBoxList(ZorvaWidget* owner)
 
 ZorvaDoubleSpinBoxList::~ZorvaDoubleSpinBoxList()
 {
+    const bool isAtWork = MayBeAtWork(container);
     ZorvaDoubleSpinBoxList::LetValuesGo();
-    DropUnlessAnswering(container);
+    Drop(container, isAtWork);
 }
 
 int ZorvaDoubleSpinBoxList::ItemCount() const
@@ -37,6 +38,7 @@ void ZorvaDoubleSpinBoxList::LetValuesGo()
 
 void ZorvaDoubleSpinBoxList::CreateValueTree()
 {
+    places.clear();
     MakeValues(values, controls, ItemCount());
 }
 
@@ -49,11 +51,12 @@ void ZorvaDoubleSpinBoxList::CreateGUI(FloatGroupLayout* layout)
 
 void ZorvaDoubleSpinBoxList::EnableInput(bool enable, bool restricted)
 {
+    const RowWatch row(*this);
     ZorvaDelegate::EnableInput(enable, restricted);
-    inputEnabled = enable;
-    if (!enable)
+    if (!row)
         return;
-    for (int i = 0; i < enabledStates.count(); ++i)
+    inputEnabled = enable;
+    for (int i = 0; row && enable && i < enabledStates.count(); ++i)
         setEnabled(i, enabledStates.at(i));
 }
 
@@ -80,7 +83,7 @@ void ZorvaDoubleSpinBoxList::ReadXml(QXmlStreamReader& reader)
 
 void ZorvaDoubleSpinBoxList::Update(Observable* observable, TChangeCode code)
 {
-    const int index = PositionOf(values, observable);
+    const int index = places.of(values, observable);
     if (index < 0)
         return;
     if (code != ChangeCode::Content) {

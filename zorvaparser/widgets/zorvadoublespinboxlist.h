@@ -77,6 +77,7 @@ private:
     QList<QPointer<VCNumericFloatSpin>> controls; // owned by the widget tree
     QList<bool> enabledStates;                    // by control: the wish of setEnabled()
     QPointer<QWidget> container;                  // deleted with this row unless its window was first
+    ValuePlaces places;                           // in values
 };
 
 } // namespace Orvane

@@ -168,8 +168,8 @@ void ZorvaFrequencyRangeEdit::setMinimum(qlonglong value)
 
 void ZorvaFrequencyRangeEdit::setRange(qlonglong a_startFrequency, qlonglong a_stopFrequency)
 {
-    ChangeProperty("startFrequency", a_startFrequency);
-    ChangeProperty("stopFrequency", a_stopFrequency);
+    if (Watched([&] { ChangeProperty("startFrequency", a_startFrequency); }))
+        ChangeProperty("stopFrequency", a_stopFrequency);
 }
 
 void ZorvaFrequencyRangeEdit::setStartFrequency(qlonglong fValue)
@@ -219,8 +219,8 @@ void ZorvaFrequencyRangeEdit::setUnitHidden(bool flag)
 
 void ZorvaFrequencyRangeEdit::forceFinishEditing()
 {
-    finishEdit(startFrequencyEdit);
-    finishEdit(stopFrequencyEdit);
+    if (Watched([&] { finishEdit(startFrequencyEdit); }))
+        finishEdit(stopFrequencyEdit);
 }
 
 void ZorvaFrequencyRangeEdit::SlotTextEdited(QString)

@@ -70,8 +70,8 @@ void ZorvaHeadline::setGroupVisible(bool flag)
     groupVisible = flag;
     if (!groupBox)
         return;
-    groupBox->setChecked(flag);
-    UpdateToolTip();
+    if (Watched([&] { groupBox->setChecked(flag); }))
+        UpdateToolTip();
 }
 
 void ZorvaHeadline::slotClicked(bool clicked)

@@ -13,6 +13,8 @@
 #include <QVBoxLayout>
 #include <QXmlStreamWriter>
 
+#include <utility>
+
 namespace Orvane {
 
 namespace {
@@ -44,6 +46,7 @@ void ZorvaSheetUi::CreateGUI(bool createApplyUi)
     area->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(area, &QWidget::customContextMenuRequested, this, &ZorvaSheetUi::showContextMenu);
     new FormWindow(sheetWidget, area->widget(), applyButtonBox); // which the top widget owns
+    delete std::exchange(autoApplyTimer, nullptr);               // of an earlier window
     if (createApplyUi || autoApplyEnabled)
         CreateTimer();
 }

@@ -17,8 +17,9 @@ ZorvaSpinBoxList::ZorvaSpinBoxList(ZorvaWidget* owner)
 
 ZorvaSpinBoxList::~ZorvaSpinBoxList()
 {
+    const bool isAtWork = MayBeAtWork(container);
     ZorvaSpinBoxList::LetValuesGo();
-    DropUnlessAnswering(container);
+    Drop(container, isAtWork);
 }
 
 void ZorvaSpinBoxList::LetValuesGo()
@@ -28,6 +29,7 @@ void ZorvaSpinBoxList::LetValuesGo()
 
 void ZorvaSpinBoxList::CreateValueTree()
 {
+    places.clear();
     MakeValues(values, controls, GetInt("itemCount", 0));
 }
 
@@ -56,7 +58,7 @@ void ZorvaSpinBoxList::ReadXml(QXmlStreamReader& reader)
 
 void ZorvaSpinBoxList::Update(Observable* observable, TChangeCode code)
 {
-    const int index = PositionOf(values, observable);
+    const int index = places.of(values, observable);
     if (index < 0)
         return;
     if (code != ChangeCode::Content)

@@ -64,6 +64,7 @@ private:
     QList<values::NumericInt*> values;            // owned; a value that goes away leaves the list
     QList<QPointer<VCNumericFloatSpin>> controls; // owned by the widget tree
     QPointer<QWidget> container;                  // deleted with this row unless its window was first
+    ValuePlaces places;                           // in values
 };
 
 } // namespace Orvane

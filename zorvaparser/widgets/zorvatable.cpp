@@ -82,13 +82,15 @@ void ZorvaTable::ReadXml(QXmlStreamReader& reader)
 
 void ZorvaTable::clear()
 {
-    for (int row = 0; row < rows; ++row) {
-        for (int column = 0; column < columns; ++column) {
+    const RowWatch alive(*this);
+    // Whoever hears of a cell may make the table another size.
+    for (int row = 0; alive && row < rows; ++row) {
+        for (int column = 0; alive && row < rows && column < columns; ++column) {
             cells[row * columns + column] = QVariant();
             ShowCell(row, column, QVariant());
         }
     }
-    if (!suppressSignals)
+    if (alive && !suppressSignals)
         Raise(&ZorvaTable::tableCleared);
 }
 
@@ -166,9 +168,9 @@ void ZorvaTable::Refill()
     for (int column = 0; column < columns; ++column)
         tableWidget->setHorizontalHeaderItem(column, new QTableWidgetItem(QString::number(column)));
     int next = 0; // moves only where an item was found
-    for (int row = 0; row < rows; ++row) {
+    for (int row = 0; guard && tableWidget && row < rows; ++row) {
         tableWidget->setVerticalHeaderItem(row, new QTableWidgetItem(QString::number(row)));
-        for (int column = 0; column < columns; ++column) {
+        for (int column = 0; guard && next < cells.count() && column < columns; ++column) {
             if (QTableWidgetItem* const item = ItemAtPixel(row, column))
                 item->setData(Qt::DisplayRole, cells.at(next++));
         }
