@@ -132,6 +132,7 @@ QString CommandLine::help()
         "       zorva-rig --form -o FILE.zorva --model N\n"
         "       zorva-rig --model N [--device PATH] [--set NAME=VALUE]... [FORM.zorva]\n"
         "       zorva-rig --rigctld HOST:PORT [--model N] [FORM.zorva]\n"
+        "       zorva-rig --model N --save|--restore FILE\n"
         "\n"
         "Operates a radio through Hamlib, on a form.\n"
         "\n"

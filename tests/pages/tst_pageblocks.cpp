@@ -1,5 +1,6 @@
 #include "formtest.h"
 
+#include <zorvaparser/zorvadelegate.h>
 #include <zorvaparser/zorvaparser.h>
 #include <zorvaparser/zorvawidget.h>
 
@@ -48,16 +49,38 @@ QString whyNotWellFormed(const QString& text)
     return reader.hasError() ? reader.errorString() : QString();
 }
 
+QString rootOf(const QString& block)
+{
+    QXmlStreamReader reader(block);
+    return reader.readNextStartElement() ? reader.name().toString() : QString();
+}
+
 /// A whole description from a block that shows a part of one; empty if it shows something else.
 QString descriptionFrom(const QString& block)
 {
-    if (block.contains(QStringLiteral("<KVParamGui")))
+    const QString root = rootOf(block);
+    if (root == QLatin1String("KVParamGui"))
         return block;
-    if (block.startsWith(QStringLiteral("<Widget")))
-        return QStringLiteral("<KVParamGui><Sheet name=\"page\">%1</Sheet></KVParamGui>").arg(block);
-    if (block.startsWith(QStringLiteral("<Enum ")))
-        return QStringLiteral("<KVParamGui><Enums>%1</Enums></KVParamGui>").arg(block);
-    return QString();
+    QString parts = block;
+    if (root == QLatin1String("Widget"))
+        parts = QStringLiteral("<Sheet name=\"page\">%1</Sheet>").arg(block);
+    else if (root == QLatin1String("Enum"))
+        parts = QStringLiteral("<Enums>%1</Enums>").arg(block);
+    else if (root != QLatin1String("Sheet") && root != QLatin1String("Enums") &&
+             root != QLatin1String("Script"))
+        return QString();
+    return QStringLiteral("<KVParamGui>%1</KVParamGui>").arg(parts);
+}
+
+/// Rows of a class that there is not; those of an overlay name none.
+int rowsOfUnknownClass(Orvane::ZorvaFormular& form)
+{
+    int unknown = 0;
+    Orvane::ZorvaSheet& sheet = form.GetSheet();
+    for (int i = 0; i < sheet.GetWidgetCount(); ++i)
+        unknown +=
+            sheet.GetWidgetAt(i)->GetDelegate()->metaObject() == &Orvane::ZorvaDelegate::staticMetaObject;
+    return unknown;
 }
 
 } // namespace
@@ -83,6 +106,9 @@ void tst_PageBlocks::xml()
     const bool damaged =
         description.contains(QStringLiteral("<Sheet name=\"damaged\">")); // loses its second row
     QCOMPARE(form->GetSheet().GetWidgetCount(), damaged ? 1 : description.count(QStringLiteral("<Widget ")));
+    const int withoutClass =
+        description.count(QStringLiteral("<Widget ")) - description.count(QStringLiteral(" class=\""));
+    QCOMPARE(rowsOfUnknownClass(*form), withoutClass);
     form->CreateValueTree(QStringLiteral("/page"));
     form->CreateGUI(true);
     form->Show();
