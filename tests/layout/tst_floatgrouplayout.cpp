@@ -108,6 +108,7 @@ private Q_SLOTS:
     void sectionAndSeparator();
     void indexOutOfRange();
     void removeAllWidgetsKeepsTheSize();
+    void removeAllWidgetsStopsAtANullItem();
     void removeAllWidgetsWithNestedWidgets();
     void destructorLeavesTheWidgets();
     void areaMayDieFirst();
@@ -387,6 +388,17 @@ void tst_FloatGroupLayout::removeAllWidgetsKeepsTheSize()
     QCOMPARE(form.layout.sizeHint(), before);
     form.add(0, 30, 10);
     QCOMPARE(form.layout.sizeHint(), QSize(29, 10));
+}
+
+void tst_FloatGroupLayout::removeAllWidgetsStopsAtANullItem()
+{
+    Form form;
+    form.layout.addItem(nullptr);
+    form.layout.addWidget(new QLineEdit);
+    form.layout.removeAllWidgets();
+    QCOMPARE(form.layout.count(), 1);
+    QCOMPARE(Probe::flags(form.layout).count(), 1);
+    QVERIFY(form.layout.sizeHint().isValid());
 }
 
 void tst_FloatGroupLayout::removeAllWidgetsWithNestedWidgets()
