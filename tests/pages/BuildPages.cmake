@@ -58,7 +58,7 @@ foreach(part IN LISTS parts)
     get_filename_component(name ${part} NAME_WE)
     file(CONFIGURE OUTPUT ${WORK_DIR}/${name}/CMakeLists.txt CONTENT "cmake_minimum_required(VERSION 3.22)
 project(Page LANGUAGES CXX)
-add_executable(host ${SOURCE_DIR}/driver.cpp)
+add_executable(host \"${SOURCE_DIR}/driver.cpp\")
 ${text}" @ONLY)
     execute_process(
       COMMAND ${CMAKE_COMMAND} -S ${WORK_DIR}/${name} -B ${WORK_DIR}/${name}/build ${options}
