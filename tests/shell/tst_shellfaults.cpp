@@ -68,6 +68,7 @@ private Q_SLOTS:
     void debuggerIsClosed_data();
     void debuggerIsClosed();
     void debuggerComesBackAsItWasLeft();
+    void noOpenGlIsLoaded();
     void displayGoesAway_data();
     void displayGoesAway();
     void parametersAreWholeWhenTheDisplayGoesAway();
@@ -216,6 +217,21 @@ void TestShellFaults::displayGoesAway()
     waitUntilSaid(QStringLiteral("driver: done"));
     display.takeAway();
     expectEndForWantOfADisplay();
+}
+
+void TestShellFaults::noOpenGlIsLoaded()
+{
+    Display display;
+    QVERIFY(!display.name().isEmpty());
+    driveOn(display, {dataFile("gain.zorva")}, QStringLiteral("await main"));
+    waitUntilSaid(QStringLiteral("driver: done"));
+    QFile maps(QStringLiteral("/proc/%1/maps").arg(program->processId()));
+    QVERIFY(maps.open(QIODevice::ReadOnly));
+    const QByteArray mapped = maps.readAll();
+    QVERIFY(mapped.contains("libqxcb"));
+    QVERIFY(!mapped.contains("gl-integration") && !mapped.contains("glx-integration"));
+    program->terminate();
+    expectOrderlyEnd();
 }
 
 void TestShellFaults::parametersAreWholeWhenTheDisplayGoesAway()
