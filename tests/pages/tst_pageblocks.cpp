@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonDocument>
 #include <QScriptEngine>
 #include <QXmlStreamReader>
 #include <QtTest>
@@ -20,6 +21,8 @@ private Q_SLOTS:
     void xml();
     void script_data();
     void script();
+    void json_data();
+    void json();
 };
 
 namespace {
@@ -126,6 +129,19 @@ void tst_PageBlocks::script()
     const QScriptSyntaxCheckResult result = QScriptEngine::checkSyntax(contentOf(file));
     QCOMPARE(result.errorMessage(), QString());
     QCOMPARE(result.state(), QScriptSyntaxCheckResult::Valid);
+}
+
+void tst_PageBlocks::json_data()
+{
+    addBlocks("json", "*.json");
+}
+
+void tst_PageBlocks::json()
+{
+    QFETCH(QString, file);
+    QJsonParseError error;
+    QJsonDocument::fromJson(contentOf(file).toUtf8(), &error);
+    QCOMPARE(error.errorString(), QJsonParseError{0, QJsonParseError::NoError}.errorString());
 }
 
 QTEST_MAIN(tst_PageBlocks)
