@@ -587,10 +587,12 @@ QScriptEngine& ZorvaFormular::GuardedScriptEngine()
 
 void ZorvaFormular::InitScript()
 {
-    if (script.GetCode().isEmpty())
+    const bool isEmpty = script.GetCode().isEmpty();
+    if (isEmpty && !scriptEngine)
         return;
     const FormHold form(this);
-    QScriptEngine& engine = GuardedScriptEngine();
+    // An empty script still ends an exception that was pending.
+    QScriptEngine& engine = isEmpty ? ScriptEngine() : GuardedScriptEngine();
     engine.evaluate(script.GetCode(), QString(), 1);
     if (!engine.hasUncaughtException() || !ErrorHandler::Traces(ErrorHandler::TraceErrors))
         return;

@@ -85,6 +85,15 @@ class tst_formscript : public EngineTest
     Q_OBJECT
 
 private Q_SLOTS:
+    void anEmptyScriptEndsAPendingException()
+    {
+        FormFixture form(rowXml("LineEdit", "a"), FormFixture::WithValues);
+        form.evaluate(QStringLiteral("throw 'pending'"));
+        const QScriptEngine* const engine = form.formular()->GetScriptValues().first().engine();
+        QVERIFY(engine->hasUncaughtException());
+        form.createValues();
+        QVERIFY(!engine->hasUncaughtException());
+    }
     void valuesNestedTooDeepAreRefused_data()
     {
         QTest::addColumn<QString>("code");
