@@ -1,14 +1,14 @@
 #!/usr/bin/env python3
-"""Counts what repeats of each step, ours and the bare minimum in one
-process, and writes it as a Markdown table: instructions, blocks of memory that a first-level
-and a last-level cache do not hold (simulated by valgrind), and blocks asked of the allocator,
-all for each row of the form.
+"""Counts what repeats of each step, ours and the bare minimum in one process, and writes it as
+a Markdown table: instructions, blocks of memory that a first-level and a last-level cache do
+not hold (simulated by valgrind), and blocks asked of the allocator, all for each row of the
+form.
 
     bench/counts.py build/bench/bin/zorva-goals [--rows 100,1000] [--only parse,read] [--check]
 
 --check ends with 1 if ours / theirs is above what is held, and leaves out what has no such
-bound at these sizes. What is held is what the code has reached; a goal that is not reached yet is told in the
-table and fails nothing."""
+bound at these sizes. What is held is what the code has reached; a goal that is not reached yet
+is told in the table and fails nothing."""
 
 import argparse
 import glob
