@@ -145,9 +145,7 @@ void reload(Orvane::FormShell* shell, const CommandLine& line)
 QString chooseLanguage(const CommandLine& line)
 {
     TranslationCenter& center = TranslationCenter::Instance();
-    // The library's own words, and those of Qt's dialogs.
     center.AddFolder(QLibraryInfo::location(QLibraryInfo::TranslationsPath));
-    center.Register(QStringLiteral("qtbase"));
     center.AddFolder(QApplication::applicationDirPath() + QStringLiteral("/" ZORVASHELL_TRANSLATIONS));
     for (const QString& folder : line.translationFolders) {
         if (!QFileInfo(folder).isDir())
@@ -161,7 +159,8 @@ QString chooseLanguage(const CommandLine& line)
         QLocale::setDefault(locale);
         center.SetLocale(locale);
     }
-    center.Register(QFileInfo(line.path).completeBaseName());
+    // The words of Qt's dialogs, and those of the form.
+    center.Register({QStringLiteral("qtbase"), QFileInfo(line.path).completeBaseName()});
     return QString();
 }
 

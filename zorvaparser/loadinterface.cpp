@@ -25,8 +25,7 @@ class ContextRegistration
 public:
     ContextRegistration()
     {
-        for (const QString& context : Orvane::moduleTranslationContexts())
-            TranslationCenter::Instance().Register(context);
+        TranslationCenter::Instance().Register(Orvane::moduleTranslationContexts());
     }
     ~ContextRegistration()
     {

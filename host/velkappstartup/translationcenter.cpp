@@ -1,10 +1,10 @@
 #include "velkappstartup/translationcenter.h"
 
 #include "compoundtranslator_p.h"
+#include "translationsearch_p.h"
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QFileInfo>
 #include <QTimer>
 #include <QTranslator>
 
@@ -40,11 +40,19 @@ TranslationCenter& TranslationCenter::Instance()
 
 void TranslationCenter::Register(const QString& context)
 {
-    if (context.isEmpty())
-        return;
-    Entry& entry = m_entries[context];
-    if (++entry.count == 1 && install(context, &entry))
-        announceLater();
+    Register(QStringList(context));
+}
+
+void TranslationCenter::Register(const QStringList& contexts)
+{
+    TranslationSearch search(m_folders, GetLocale());
+    for (const QString& context : contexts) {
+        if (context.isEmpty())
+            continue;
+        Entry& entry = m_entries[context];
+        if (++entry.count == 1 && install(context, &search, &entry))
+            announceLater();
+    }
 }
 
 void TranslationCenter::Unregister(const QString& context)
@@ -76,8 +84,9 @@ void TranslationCenter::InstallAll()
 
 void TranslationCenter::reload()
 {
+    TranslationSearch search(m_folders, GetLocale());
     for (auto entry = m_entries.begin(); entry != m_entries.end(); ++entry)
-        install(entry.key(), &entry.value());
+        install(entry.key(), &search, &entry.value());
 }
 
 void TranslationCenter::AddFolder(const QString& folder)
@@ -111,28 +120,12 @@ QLocale TranslationCenter::GetLocale() const
     return m_locale ? *m_locale : QLocale();
 }
 
-std::shared_ptr<QTranslator> TranslationCenter::load(const QString& context) const
-{
-    const QStringList folders =
-        m_folders + QStringList(QCoreApplication::applicationDirPath() + QStringLiteral("/translations"));
-    const QLocale locale = GetLocale();
-    for (const QString& folder : folders) {
-        // Qt asks for the user's languages before it looks: 4 % of a program's start.
-        if (!QFileInfo(folder).isDir())
-            continue;
-        auto translator = std::make_shared<QTranslator>();
-        if (translator->load(locale, context, QStringLiteral("_"), folder, QStringLiteral(".qm")))
-            return translator;
-    }
-    return nullptr;
-}
-
 // True if there are other texts now.
-bool TranslationCenter::install(const QString& context, Entry* entry)
+bool TranslationCenter::install(const QString& context, TranslationSearch* search, Entry* entry)
 {
     if (!QCoreApplication::instance())
         return false;
-    const std::shared_ptr<QTranslator> before = std::exchange(entry->translator, load(context));
+    const std::shared_ptr<QTranslator> before = std::exchange(entry->translator, search->Load(context));
     if (m_all)
         m_all->Remove(before);
     if (!entry->translator)

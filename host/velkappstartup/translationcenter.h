@@ -12,6 +12,7 @@
 
 class CompoundTranslator;
 class QTranslator;
+class TranslationSearch;
 
 /// Which translation contexts are in use in this process. A context counts its
 /// registrations; while it has one, `<context>_<locale>.qm` is installed from the
@@ -32,6 +33,8 @@ public:
     /// widgets that stand already are told in the next turn of the event loop, once
     /// for all registrations until then.
     void Register(const QString& context);
+    /// As one by one, but sooner done: where to look is asked once for all.
+    void Register(const QStringList& contexts);
     /// One for each Register; an unknown context is ignored. Widgets as there.
     void Unregister(const QString& context);
     /// 0 for an unknown context.
@@ -64,8 +67,7 @@ private:
 
     TranslationCenter();
     ~TranslationCenter();
-    std::shared_ptr<QTranslator> load(const QString& context) const;
-    bool install(const QString& context, Entry* entry);
+    bool install(const QString& context, TranslationSearch* search, Entry* entry);
     void installCompound();
     void reload();
     void announceLater();

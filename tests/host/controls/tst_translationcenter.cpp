@@ -8,6 +8,7 @@
 #include <QLocale>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTranslator>
 
 /// Says "hallo" for "hi" in the context "Ctx".
 static const char translations[] =
@@ -28,7 +29,11 @@ private Q_SLOTS:
     void installsWhileRegistered();
     void installsWhatCameBeforeTheApplication();
     void addedFoldersComeFirst();
+    void namesAreTriedInQtsOrder_data();
+    void namesAreTriedInQtsOrder();
+    void damagedFilesGiveWayToTheNextFolder();
     void languageChangesAtRunTime();
+    void manyAreRegisteredInOneCall();
     void widgetsAreToldOnceForMany();
     void lastRegisteredSpeaksFirst();
     void textsAreFound_data();
@@ -183,6 +188,58 @@ void TestTranslationCenter::addedFoldersComeFirst()
     QCOMPARE(said(), QStringLiteral("hi"));
 }
 
+void TestTranslationCenter::namesAreTriedInQtsOrder_data()
+{
+    QTest::addColumn<QString>("endings"); // of the files that are there
+    const auto row = [](const char* name, const char* endings) {
+        QTest::newRow(name) << QString::fromLatin1(endings);
+    };
+    row("language and country", "_de_DE.qm,_de_DE,_de.qm");
+    row("country", "_de_DE.qm,_de_DE,_de_de.qm,.qm");
+    row("country, no suffix", "_de_DE,_de_de.qm,.qm");
+    row("language, no suffix", "_de,_de_de.qm,.qm");
+    row("lower case", "_de_de.qm,_de_Latn_DE.qm,.qm");
+    row("script", "_de_Latn_DE.qm,.qm,_");
+    row("script without country", "_de_Latn.qm,.qm");
+    row("no language", ".qm,_,");
+    row("no language but its line", "_,");
+    row("nothing but the name", "");
+    row("others", "_fr.qm,_de-DE.qm,_deDE.qm,_de_AT.qm,_de_DE.qm.qm");
+}
+
+void TestTranslationCenter::namesAreTriedInQtsOrder()
+{
+    QFETCH(QString, endings);
+
+    const QTemporaryDir folder;
+    const QString name = QStringLiteral("Named_by_test");
+    for (const QString& ending : endings.split(QLatin1Char(',')))
+        write(folder.filePath(name + ending),
+              translationFile({{"Ctx", "hi", "", QStringLiteral("file") + ending}}));
+    QTranslator qts;
+    const bool found = qts.load(QLocale(), name, QStringLiteral("_"), folder.path(), QStringLiteral(".qm"));
+    const QString expected = found ? qts.translate("Ctx", "hi") : QStringLiteral("hi");
+
+    TranslationCenter& center = TranslationCenter::Instance();
+    center.AddFolder(folder.path());
+    center.Register(name);
+    QCOMPARE(said(), expected);
+    center.Unregister(name);
+    center.RemoveFolder(folder.path());
+}
+
+void TestTranslationCenter::damagedFilesGiveWayToTheNextFolder()
+{
+    TranslationCenter& center = TranslationCenter::Instance();
+    const QTemporaryDir folder;
+    write(folder.filePath(context() + QStringLiteral("_de.qm")), "this is no file of translations");
+    center.AddFolder(folder.path());
+    center.Register(context());
+    QCOMPARE(said(), QStringLiteral("hallo"));
+    center.Unregister(context());
+    center.RemoveFolder(folder.path());
+}
+
 void TestTranslationCenter::languageChangesAtRunTime()
 {
     TranslationCenter& center = TranslationCenter::Instance();
@@ -205,6 +262,21 @@ void TestTranslationCenter::languageChangesAtRunTime()
     QCOMPARE(changes.count, 3);
     center.Unregister(context());
     center.RemoveFolder(folder.path());
+}
+
+void TestTranslationCenter::manyAreRegisteredInOneCall()
+{
+    TranslationCenter& center = TranslationCenter::Instance();
+    const QString other = QStringLiteral("nothing there");
+    center.Register(QStringList{context(), QString(), other, context()});
+    QCOMPARE(said(), QStringLiteral("hallo"));
+    QCOMPARE(center.GetRegistrationCount(context()), 2);
+    QCOMPARE(center.GetRegistrationCount(other), 1);
+    QCOMPARE(center.GetRegistrationCount(QString()), 0);
+    center.Register(QStringList());
+    for (const QString& registration : {context(), context(), other})
+        center.Unregister(registration);
+    QCOMPARE(said(), QStringLiteral("hi"));
 }
 
 void TestTranslationCenter::widgetsAreToldOnceForMany()
