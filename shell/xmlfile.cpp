@@ -1,6 +1,7 @@
 #include "xmlfile.h"
 
 #include <QFile>
+#include <QRegularExpression>
 #include <QTextCodec>
 #include <QXmlStreamReader>
 
@@ -13,23 +14,16 @@ struct Encoding
     QTextCodec* codec; // null: nobody knows it
 };
 
-/** Empty if the first line declares none. The declaration is ASCII, so Latin-1 will do to read it. */
-QString declaredEncoding(const QByteArray& bytes)
-{
-    QXmlStreamReader reader(QString::fromLatin1(bytes.left(1000)));
-    reader.readNext();
-    return reader.documentEncoding().toString();
-}
-
 Encoding encodingOf(const QByteArray& bytes)
 {
+    static const QRegularExpression declaration(
+        QStringLiteral("\\A<\\?xml\\s[^>]*encoding\\s*=\\s*[\"']([A-Za-z0-9._:-]+)[\"']"));
     QTextCodec* const marked = QTextCodec::codecForUtfText(bytes, nullptr);
     if (marked)
         return {QString::fromLatin1(marked->name()), true, marked};
-    const QString declared = declaredEncoding(bytes);
-    if (declared.isEmpty())
-        return {QStringLiteral("UTF-8"), false, QTextCodec::codecForName("UTF-8")};
-    return {declared, true, QTextCodec::codecForName(declared.toLatin1())};
+    const QRegularExpressionMatch match = declaration.match(QString::fromLatin1(bytes.left(1000)));
+    const QString name = match.hasMatch() ? match.captured(1) : QStringLiteral("UTF-8");
+    return {name, match.hasMatch(), QTextCodec::codecForName(name.toLatin1())};
 }
 
 /** The place behind @p text: of the character that would come next. */

@@ -23,10 +23,7 @@ QString sourceName()
 class ContextRegistration
 {
 public:
-    ContextRegistration()
-    {
-        TranslationCenter::Instance().Register(Orvane::moduleTranslationContexts());
-    }
+    ContextRegistration() { TranslationCenter::Instance().Register(Orvane::moduleTranslationContexts()); }
     ~ContextRegistration()
     {
         for (const QString& context : Orvane::moduleTranslationContexts())
