@@ -57,29 +57,27 @@ TranslationSearch::TranslationSearch(const QStringList& folders, const QLocale& 
 
 std::shared_ptr<QTranslator> TranslationSearch::Load(const QString& context)
 {
-    prepare();
-    for (const QString& folder : qAsConst(m_folders)) {
-        const QString place = QDir(folder).filePath(context);
-        for (const QString& ending : qAsConst(m_endings)) {
-            const QString path = place + ending;
-            if (!isReadableFile(path))
-                continue;
-            auto translator = std::make_shared<QTranslator>();
-            // An ending of no letters: this file and no other.
-            if (translator->load(path, QString(), QString(), QLatin1String("")))
-                return translator;
-            break;
-        }
+    const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/translations");
+    for (const QString& folder : m_folders + QStringList(beside)) {
+        // Most programs have no such folder, and need not ask for languages then.
+        if (!QFileInfo(folder).isDir())
+            continue;
+        if (auto translator = loadFrom(QDir(folder).filePath(context)))
+            return translator;
     }
     return nullptr;
 }
 
-void TranslationSearch::prepare()
+std::shared_ptr<QTranslator> TranslationSearch::loadFrom(const QString& place)
 {
-    if (!m_endings.isEmpty())
-        return;
-    m_folders << QCoreApplication::applicationDirPath() + QStringLiteral("/translations");
-    const auto isMissing = [](const QString& folder) { return !QFileInfo(folder).isDir(); };
-    m_folders.erase(std::remove_if(m_folders.begin(), m_folders.end(), isMissing), m_folders.end());
-    m_endings = endingsFor(m_locale);
+    if (m_endings.isEmpty())
+        m_endings = endingsFor(m_locale);
+    const auto found = std::find_if(m_endings.cbegin(), m_endings.cend(),
+                                    [&](const QString& ending) { return isReadableFile(place + ending); });
+    if (found == m_endings.cend())
+        return nullptr;
+    auto translator = std::make_shared<QTranslator>();
+    // An ending of no letters: this file and no other.
+    const bool loaded = translator->load(place + *found, QString(), QString(), QLatin1String(""));
+    return loaded ? translator : nullptr;
 }

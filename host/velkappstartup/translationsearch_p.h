@@ -11,7 +11,7 @@ class QTranslator;
 /// Finds the files of contexts by the names and in the order in which
 /// QTranslator::load tries them for a locale. Qt asks the system for the user's
 /// languages in each call, which took a fiftieth of a program's start; here they are
-/// asked for once for many contexts, and not before a file is looked for.
+/// asked for once for many contexts, and only if there is a folder to look into.
 class TranslationSearch
 {
 public:
@@ -24,11 +24,11 @@ public:
     std::shared_ptr<QTranslator> Load(const QString& context);
 
 private:
-    void prepare();
+    std::shared_ptr<QTranslator> loadFrom(const QString& place);
 
     const QLocale m_locale;
-    QStringList m_folders; // those that exist, once prepared
-    QStringList m_endings; // of a file's name behind its context; empty until prepared
+    const QStringList m_folders;
+    QStringList m_endings; // of a file's name behind its context; empty until first needed
 };
 
 #endif

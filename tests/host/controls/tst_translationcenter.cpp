@@ -31,6 +31,7 @@ private Q_SLOTS:
     void addedFoldersComeFirst();
     void namesAreTriedInQtsOrder_data();
     void namesAreTriedInQtsOrder();
+    void namesMayBeWholePaths();
     void damagedFilesGiveWayToTheNextFolder();
     void languageChangesAtRunTime();
     void manyAreRegisteredInOneCall();
@@ -226,6 +227,17 @@ void TestTranslationCenter::namesAreTriedInQtsOrder()
     QCOMPARE(said(), expected);
     center.Unregister(name);
     center.RemoveFolder(folder.path());
+}
+
+void TestTranslationCenter::namesMayBeWholePaths()
+{
+    TranslationCenter& center = TranslationCenter::Instance();
+    const QTemporaryDir elsewhere;
+    const QString name = elsewhere.filePath(QStringLiteral("Form"));
+    write(name + QStringLiteral("_de.qm"), translationFile({{"Ctx", "hi", "", QStringLiteral("servus")}}));
+    center.Register(name);
+    QCOMPARE(said(), QStringLiteral("servus"));
+    center.Unregister(name);
 }
 
 void TestTranslationCenter::damagedFilesGiveWayToTheNextFolder()
