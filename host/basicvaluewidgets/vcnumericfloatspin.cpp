@@ -38,6 +38,16 @@ double usableDivisor(double number)
     return number == 0.0 || !std::isfinite(number) ? 1.0 : number;
 }
 
+double finiteOr(double number, double otherwise)
+{
+    return std::isfinite(number) ? number : otherwise;
+}
+
+int usableDecimals(int count)
+{
+    return qBound(0, count, MaximumDecimals);
+}
+
 double cappedDisplay(double display)
 {
     return std::isnan(display) ? 0.0 : qBound(-DisplayLimit, display, DisplayLimit);
@@ -46,20 +56,31 @@ double cappedDisplay(double display)
 } // namespace
 
 VCNumericFloatSpin::VCNumericFloatSpin(QWidget* parent, const char* name, bool withButtons)
+    : VCNumericFloatSpin(parent, withButtons, Display(), nullptr)
+{
+    setObjectName(QString::fromLatin1(name));
+}
+
+VCNumericFloatSpin::VCNumericFloatSpin(QWidget* parent, bool withButtons, const Display& display,
+                                       values::IValueNumeric* value)
     : QDoubleSpinBox(parent)
     , m_binding(this, this)
+    , m_suffix(display.suffix)
+    , m_factor(finiteOr(display.factor, 1.0))
+    , m_offset(finiteOr(display.offset, 0.0))
+    , m_unitScale(usableDivisor(display.unitScale))
     , m_minimum(std::numeric_limits<double>::lowest())
     , m_maximum(std::numeric_limits<double>::max())
     , m_withButtons(withButtons)
 {
     SpinAccess::Install(); // before anything asks for the interface
-    setObjectName(QString::fromLatin1(name));
     setFocusPolicy(Qt::StrongFocus);
     setKeyboardTracking(false);
     setLocale(QLocale::c());
     updateButtons();
-    setDecimals(0);
-    applyLimits();
+    setDecimals(usableDecimals(display.decimals));
+    SetNumericValue(value);
+    writeText();
     connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
             &VCNumericFloatSpin::displayChanged);
     connect(lineEdit(), &QLineEdit::textEdited, this, &VCNumericFloatSpin::showReading);
@@ -222,19 +243,19 @@ void VCNumericFloatSpin::SetUnitScale(double scale)
 
 void VCNumericFloatSpin::SetDisplayScalingFactor(double factor)
 {
-    m_factor = std::isfinite(factor) ? factor : 1.0;
+    m_factor = finiteOr(factor, 1.0);
     rescale();
 }
 
 void VCNumericFloatSpin::SetDisplayAdditveOffset(double offset)
 {
-    m_offset = std::isfinite(offset) ? offset : 0.0;
+    m_offset = finiteOr(offset, 0.0);
     rescale();
 }
 
 void VCNumericFloatSpin::setAdditionalPrecision(int decimalCount)
 {
-    const int wanted = qBound(0, decimalCount, MaximumDecimals);
+    const int wanted = usableDecimals(decimalCount);
     if (wanted == decimals())
         return;
     const QPointer<VCNumericFloatSpin> alive(this);
@@ -251,8 +272,15 @@ void VCNumericFloatSpin::setSuffix(const QString& suffix)
     if (suffix == m_suffix)
         return;
     m_suffix = suffix;
-    const bool isWord = !suffix.isEmpty() && suffix.at(0).isLetter();
-    QDoubleSpinBox::setSuffix(isWord ? QLatin1Char(' ') + suffix : suffix);
+    writeText();
+}
+
+// With the suffix Qt writes the whole text anew.
+void VCNumericFloatSpin::writeText()
+{
+    m_hasText = true;
+    const bool isWord = !m_suffix.isEmpty() && m_suffix.at(0).isLetter();
+    QDoubleSpinBox::setSuffix(isWord ? QLatin1Char(' ') + m_suffix : m_suffix);
 }
 
 void VCNumericFloatSpin::EnableWrapAround(bool enable)
@@ -463,10 +491,12 @@ bool VCNumericFloatSpin::parse(const QString& text, double* display) const
     }
     const TypedNumber typed(withoutFrame(text));
     double ratio = 1.0;
-    if (!typed.IsNumber() || !UnitText::Ratio(typed.Unit(), m_suffix.trimmed(), &ratio) ||
-        !std::isfinite(typed.Value() * ratio))
+    if (!typed.IsNumber() || !UnitText::Ratio(typed.Unit(), m_suffix.trimmed(), &ratio))
         return false;
-    *display = typed.Value() * ratio;
+    const double number = typed.Value() * ratio;
+    if (!std::isfinite(number))
+        return false;
+    *display = number;
     return true;
 }
 
@@ -494,6 +524,8 @@ double VCNumericFloatSpin::valueFromText(const QString& text) const
 
 QString VCNumericFloatSpin::textFromValue(double display) const
 {
+    if (!m_hasText)
+        return QString();
     if (std::fabs(m_shown) > DisplayLimit && display == cappedDisplay(m_shown))
         return locale().toString(m_shown, 'g', MaximumDecimals);
     return QDoubleSpinBox::textFromValue(display == 0.0 ? 0.0 : display); // no "-0"

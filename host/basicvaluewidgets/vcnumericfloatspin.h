@@ -43,9 +43,23 @@ class BASICVALUEWIDGETS_EXPORT VCNumericFloatSpin : public QDoubleSpinBox,
     Q_PROPERTY(QString suffix READ suffix WRITE setSuffix)
 
 public:
+    /// How numbers are shown: what the setters of these take, at what they are before.
+    struct Display
+    {
+        QString suffix;
+        int decimals = 0;
+        double offset = 0.0;
+        double factor = 1.0;
+        double unitScale = 1.0;
+    };
+
     /// name is the object name, null for none. withButtons false leaves the
     /// step buttons out.
     VCNumericFloatSpin(QWidget* parent, const char* name, bool withButtons);
+    /// As with the setters and SetNumericValue(), but its text is written once: laying it
+    /// out is what a control costs most. The value may be null and is not owned.
+    VCNumericFloatSpin(QWidget* parent, bool withButtons, const Display& display,
+                       values::IValueNumeric* value);
     ~VCNumericFloatSpin() override;
 
     /// Null unbinds and leaves a plain spin box. The value is not owned.
@@ -141,6 +155,7 @@ private:
     void refuse(const QString& why);
     void showReading();
     void updateButtons();
+    void writeText();
     EntryHint* hint();
     QString shownText(double display) const;
     double displayStep() const;
@@ -153,9 +168,9 @@ private:
     ValueBinding m_binding;
     values::IValueNumeric* m_number = nullptr; // the bound value's other face
     QString m_suffix;
-    double m_factor = 1.0;
-    double m_offset = 0.0;
-    double m_unitScale = 1.0;
+    double m_factor;
+    double m_offset;
+    double m_unitScale;
     double m_minimum;     // value units
     double m_maximum;     // value units
     double m_shown = 0.0; // display number before rounding to the decimals
@@ -163,6 +178,7 @@ private:
     const bool m_withButtons;
     std::unique_ptr<EntryHint> m_hint; // made with the first text that is typed
     bool m_refreshing = false;
+    bool m_hasText = false; // not before all that the text depends on is there
 };
 
 #endif

@@ -70,10 +70,8 @@ TypedNumber::TypedNumber(const QString& text)
     m_digits = text.mid(begin, exponent - begin).trimmed();
     if (unit > exponent)
         m_exponent = text.midRef(exponent + 1, unit - exponent - 1).toInt();
-    bool readable = false;
-    Value(0, &readable);
-    m_isNumber = readable;
-    if (readable)
+    m_number = movedBy(0, &m_isNumber);
+    if (m_isNumber)
         m_unit = text.mid(unit).trimmed();
 }
 
@@ -83,6 +81,15 @@ bool TypedNumber::HasPoint() const
 }
 
 double TypedNumber::Value(int power, bool* ok) const
+{
+    if (power != 0)
+        return movedBy(power, ok);
+    if (ok)
+        *ok = m_isNumber;
+    return m_number;
+}
+
+double TypedNumber::movedBy(int power, bool* ok) const
 {
     // Moving the exponent instead of multiplying rounds only once.
     bool readable = false;

@@ -25,7 +25,10 @@ public:
     double Value(int power = 0, bool* ok = nullptr) const;
 
 private:
+    double movedBy(int power, bool* ok) const;
+
     bool m_isNumber = false;
+    double m_number = 0.0;
     QString m_digits;
     int m_exponent = 0;
     QString m_unit;

@@ -16,24 +16,27 @@ int ZorvaSpinRow::Decimals() const
 VCNumericFloatSpin* ZorvaSpinRow::CreateSpinControl(values::IValueNumeric* value, QWidget* parent,
                                                     const QString& name) const
 {
-    auto* const control = new VCNumericFloatSpin(parent, nullptr, true);
+    auto* const control = new VCNumericFloatSpin(parent, true, SpinDisplay(), value);
     control->setObjectName(name);
-    control->setSuffix(GetString("suffix", QString()));
-    control->setAdditionalPrecision(Decimals());
-    ConfigureSpinDisplay(control);
     control->setFixedWidth(QWIDGETSIZE_MAX);
     control->EnableWrapAround(property("wrapping").toBool());
-    control->SetNumericValue(value);
     return control;
+}
+
+VCNumericFloatSpin::Display ZorvaSpinRow::SpinDisplay() const
+{
+    return {GetString("suffix", QString()), Decimals(), GetDouble("displayAdditiveOffset", 0.0),
+            GetDouble("displayScalingFactor", 1.0), GetDouble("unitScale", 1.0)};
 }
 
 void ZorvaSpinRow::ConfigureSpinDisplay(VCNumericFloatSpin* control) const
 {
     if (!control)
         return;
-    control->SetDisplayAdditveOffset(GetDouble("displayAdditiveOffset", 0.0));
-    control->SetDisplayScalingFactor(GetDouble("displayScalingFactor", 1.0));
-    control->SetUnitScale(GetDouble("unitScale", 1.0));
+    const VCNumericFloatSpin::Display display = SpinDisplay();
+    control->SetDisplayAdditveOffset(display.offset);
+    control->SetDisplayScalingFactor(display.factor);
+    control->SetUnitScale(display.unitScale);
 }
 
 void ZorvaSpinRow::Dress(VCNumericFloatSpin* control, RangeToolTip toolTip)

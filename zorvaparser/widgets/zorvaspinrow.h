@@ -127,6 +127,7 @@ private:
         else
             return CreateValueNumericFloat(QStringLiteral("value"), index);
     }
+    VCNumericFloatSpin::Display SpinDisplay() const;
     VCNumericFloatSpin* CreateSpinControl(values::IValueNumeric* value, QWidget* parent,
                                           const QString& name) const;
     void Dress(VCNumericFloatSpin* control, RangeToolTip toolTip);

@@ -35,6 +35,8 @@ bool wheel(QWidget* widget, int notches)
 
 } // namespace
 
+Q_DECLARE_METATYPE(VCNumericFloatSpin::Display)
+
 class TestVCNumericFloatSpin : public QObject
 {
     Q_OBJECT
@@ -43,6 +45,8 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
+    void madeAsAWhole_data();
+    void madeAsAWhole();
     void showsTheDisplayNumber();
     void typingCommits_data();
     void typingCommits();
@@ -123,6 +127,60 @@ void TestVCNumericFloatSpin::type(const QString& text)
     m_spin->setFocus();
     m_spin->selectAll();
     QTest::keyClicks(m_spin, text);
+}
+
+void TestVCNumericFloatSpin::madeAsAWhole_data()
+{
+    using Display = VCNumericFloatSpin::Display;
+    QTest::addColumn<Display>("display");
+    QTest::addColumn<double>("number");
+    const double infinite = std::numeric_limits<double>::infinity();
+    QTest::newRow("plain") << Display() << 10.0;
+    QTest::newRow("zero") << Display() << 0.0;
+    QTest::newRow("no value") << Display{QStringLiteral("dB"), 1, 2.0, 3.0, 4.0} << std::nan("");
+    QTest::newRow("word") << Display{QStringLiteral("dB"), 1} << 2.5;
+    QTest::newRow("sign") << Display{QStringLiteral("%"), 0} << 2.5;
+    QTest::newRow("turned") << Display{QString(), 2, 1.5, -2.0} << 999.0;
+    QTest::newRow("megahertz") << Display{QStringLiteral("MHz"), 6, 0.0, 1.0, 1e6} << 1000.0;
+    QTest::newRow("at zero") << Display{QString(), 3, 1.0, 0.0} << 7.0;
+    QTest::newRow("unusable") << Display{QString(), -3, -infinite, infinite, 0.0} << 7.0;
+    QTest::newRow("many decimals") << Display{QString(), 99} << 7.0;
+    QTest::newRow("beyond the cap") << Display{QString(), 0, 0.0, 1e18} << 500.0;
+}
+
+void TestVCNumericFloatSpin::madeAsAWhole()
+{
+    QFETCH(const VCNumericFloatSpin::Display, display);
+    QFETCH(const double, number);
+    values::NumericDouble* const value = std::isnan(number) ? nullptr : m_value.get();
+    if (value)
+        value->SetValue(number, nullptr);
+    VCNumericFloatSpin stepwise(nullptr, nullptr, true);
+    stepwise.setSuffix(display.suffix);
+    stepwise.setAdditionalPrecision(display.decimals);
+    stepwise.SetDisplayAdditveOffset(display.offset);
+    stepwise.SetDisplayScalingFactor(display.factor);
+    stepwise.SetUnitScale(display.unitScale);
+    stepwise.SetNumericValue(value);
+    const VCNumericFloatSpin whole(nullptr, true, display, value);
+    QCOMPARE(whole.text(), stepwise.text());
+    QVERIFY(!whole.text().isEmpty());
+    QCOMPARE(whole.value(), stepwise.value());
+    QCOMPARE(whole.minimum(), stepwise.minimum());
+    QCOMPARE(whole.maximum(), stepwise.maximum());
+    QCOMPARE(whole.decimals(), stepwise.decimals());
+    QCOMPARE(whole.suffix(), stepwise.suffix());
+    QCOMPARE(whole.displayAdditiveOffset(), stepwise.displayAdditiveOffset());
+    QCOMPARE(whole.RangeText(), stepwise.RangeText());
+    QCOMPARE(whole.sizeHint(), stepwise.sizeHint());
+    QCOMPARE(whole.minimumSizeHint(), stepwise.minimumSizeHint());
+    QCOMPARE(whole.isEnabled(), stepwise.isEnabled());
+    const auto* const line = whole.findChild<QLineEdit*>();
+    QCOMPARE(line->cursorPosition(), stepwise.findChild<QLineEdit*>()->cursorPosition());
+    QVERIFY(!line->isModified());
+    if (value)
+        value->SetValue(300.0, nullptr);
+    QCOMPARE(whole.text(), stepwise.text());
 }
 
 void TestVCNumericFloatSpin::showsTheDisplayNumber()
