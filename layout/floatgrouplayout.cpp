@@ -636,22 +636,21 @@ void FloatGroupLayout::gatherHints() const
     // invalidates the layout while it is asked.
     if (!m_itemHintsStand || m_itemHints.count() != m_items.count())
         askItems();
-    QVector<QRect> hints;
-    hints.reserve(m_items.count());
-    for (const QSize& hint : qAsConst(m_itemHints))
-        hints.append(QRect(QPoint(0, 0), hint));
+    QVector<QRect> hints(m_itemHints.count());
+    std::transform(m_itemHints.cbegin(), m_itemHints.cend(), hints.begin(),
+                   [](const QSize& hint) { return QRect(QPoint(0, 0), hint); });
     m_hints = std::move(hints);
 }
 
 void FloatGroupLayout::askItems() const
 {
-    QVector<QSize> hints;
-    hints.reserve(m_items.count());
+    QVector<QSize> hints(m_items.count());
+    QSize* place = hints.data();
     const int generation = m_generation;
     uint key = 1;
     for (const QLayoutItem* item : m_items) {
         const QSize hint = item ? item->sizeHint() : QSize(0, 0);
-        hints.append(hint);
+        *place++ = hint;
         key = (key * 31 + uint(hint.width())) * 31 + uint(hint.height());
     }
     m_itemHints = std::move(hints);
