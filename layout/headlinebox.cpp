@@ -1,5 +1,7 @@
 #include "headlinebox_p.h"
 
+#include "indicatorimages_p.h"
+
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPointer>
@@ -106,9 +108,13 @@ void HeadlineBox::paintEvent(QPaintEvent*)
     initStyleOption(&option);
     if (isCheckable())
         paintIndicator(painter, option);
-    if (!title().isEmpty())
-        paintTitle(painter, option);
-    paintLine(painter);
+    int lineBegin = 0;
+    if (!title().isEmpty()) {
+        const QRect place = titleRect(); // which measures
+        paintTitle(painter, option, QStyle::visualRect(layoutDirection(), rect(), place));
+        lineBegin = place.right() + gap;
+    }
+    paintLine(painter, lineBegin);
 }
 
 // Between text and background, so that it can be seen in dark palettes as well.
@@ -122,9 +128,8 @@ QColor HeadlineBox::lineColor() const
             mixed(text.blue(), ground.blue())};
 }
 
-void HeadlineBox::paintLine(QStylePainter& painter) const
+void HeadlineBox::paintLine(QStylePainter& painter, int left) const
 {
-    const int left = title().isEmpty() ? 0 : titleRect().right() + gap;
     if (left >= width())
         return;
     const QRect line(left, height() / 2, width() - left, 1);
@@ -136,12 +141,15 @@ void HeadlineBox::paintIndicator(QStylePainter& painter, const QStyleOptionGroup
     QStyleOptionButton indicator;
     indicator.QStyleOption::operator=(option);
     indicator.rect = QStyle::visualRect(layoutDirection(), rect(), indicatorRect());
-    painter.drawPrimitive(QStyle::PE_IndicatorCheckBox, indicator);
+    if (const QIcon* const image = IndicatorImages::find(*this, isChecked()))
+        image->paint(&painter, indicator.rect);
+    else
+        painter.drawPrimitive(QStyle::PE_IndicatorCheckBox, indicator);
 }
 
-void HeadlineBox::paintTitle(QStylePainter& painter, const QStyleOptionGroupBox& option) const
+void HeadlineBox::paintTitle(QStylePainter& painter, const QStyleOptionGroupBox& option,
+                             const QRect& place) const
 {
-    const QRect place = QStyle::visualRect(layoutDirection(), rect(), titleRect());
     const QFont font = titleFont();
     painter.setFont(font);
     const QString shown = QFontMetrics(font).elidedText(title(), Qt::ElideRight, place.width());

@@ -37,8 +37,9 @@ private:
     QRect titleRect() const;
     QColor lineColor() const;
     void paintIndicator(QStylePainter& painter, const QStyleOptionGroupBox& option) const;
-    void paintTitle(QStylePainter& painter, const QStyleOptionGroupBox& option) const;
-    void paintLine(QStylePainter& painter) const;
+    void paintTitle(QStylePainter& painter, const QStyleOptionGroupBox& option, const QRect& place) const;
+    /// From \a left, as in a layout from left to right, to the end of the box.
+    void paintLine(QStylePainter& painter, int left) const;
 
     QMargins m_margins;
     bool m_pressed = false;

@@ -3,8 +3,9 @@
 #include <basicvaluewidgets/vccheckbox.h>
 #include <zorvaparser/widgets/zorvaheadline.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QGroupBox>
+#include <QImage>
 #include <QTranslator>
 
 using namespace Orvane;
@@ -15,6 +16,16 @@ QString gainGroup(const QList<FormProperty>& more = {})
 {
     return rowXml("Headline", "head", QList<FormProperty>{{"text", "Gain"}} + more) +
            rowXml("CheckBox", "agc", {{"labelText", "AGC"}});
+}
+
+/// In @p ratio device pixels for each of the box.
+QImage imageOf(QWidget* box, qreal ratio = 1)
+{
+    QImage image(box->size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::transparent);
+    box->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
 }
 
 void clickTitle(QGroupBox* box)
@@ -39,6 +50,10 @@ private Q_SLOTS:
     void keepsItsMargin();
     void writesNothing();
     void emptyTranslationHasAHead();
+    void indicatorIsPaintedAsTheStyleWould_data();
+    void indicatorIsPaintedAsTheStyleWould();
+    void indicatorFollowsOtherSheets_data();
+    void indicatorFollowsOtherSheets();
 };
 
 void TestZorvaHeadline::emptyTextMakesNoHeadline()
@@ -152,6 +167,64 @@ void TestZorvaHeadline::emptyTranslationHasAHead()
     QCOMPARE(box->title(), QString());
     FormFixture none(rowXml("Headline", "head", {{"text", ""}}));
     QVERIFY(!none.control<QGroupBox>("head"));
+}
+
+void TestZorvaHeadline::indicatorIsPaintedAsTheStyleWould_data()
+{
+    QTest::addColumn<bool>("open");
+    QTest::addColumn<bool>("enabled");
+    QTest::addColumn<bool>("leftToRight");
+    QTest::addColumn<qreal>("ratio");
+    for (int bits = 0; bits < 8; ++bits) {
+        for (const qreal ratio : {1.0, 1.25, 2.0})
+            QTest::addRow("%d at %g", bits, ratio) << !(bits & 1) << !(bits & 2) << !(bits & 4) << ratio;
+    }
+}
+
+void TestZorvaHeadline::indicatorIsPaintedAsTheStyleWould()
+{
+    QFETCH(const bool, open);
+    QFETCH(const bool, enabled);
+    QFETCH(const bool, leftToRight);
+    QFETCH(const qreal, ratio);
+    FormFixture form(gainGroup());
+    form.show();
+    auto* const box = form.control<QGroupBox>("head");
+    box->setLayoutDirection(leftToRight ? Qt::LeftToRight : Qt::RightToLeft);
+    box->setChecked(open);
+    box->setEnabled(enabled);
+    const QImage painted = imageOf(box, ratio);
+    box->setStyleSheet(box->styleSheet() + QLatin1Char(' ')); // which the style alone can read
+    const QImage byStyle = imageOf(box, ratio);
+    QCOMPARE(painted, byStyle);
+    box->setStyleSheet(QString());
+    QVERIFY(imageOf(box, ratio) != byStyle);
+}
+
+void TestZorvaHeadline::indicatorFollowsOtherSheets_data()
+{
+    QTest::addColumn<bool>("ofTheProgram");
+    QTest::newRow("program") << true;
+    QTest::newRow("window") << false;
+}
+
+void TestZorvaHeadline::indicatorFollowsOtherSheets()
+{
+    QFETCH(const bool, ofTheProgram);
+    FormFixture form(gainGroup());
+    form.show();
+    auto* const box = form.control<QGroupBox>("head");
+    const QImage before = imageOf(box);
+    const QString sheet = QStringLiteral("QGroupBox::indicator {background: #ff0000;}");
+    if (ofTheProgram)
+        qApp->setStyleSheet(sheet);
+    else
+        box->window()->setStyleSheet(sheet);
+    const QColor shown = imageOf(box).pixelColor(1, box->height() / 2);
+    qApp->setStyleSheet(QString());
+    box->window()->setStyleSheet(QString());
+    QCOMPARE(shown, QColor(0xff, 0, 0));
+    QCOMPARE(imageOf(box), before);
 }
 
 QTEST_MAIN(TestZorvaHeadline)
