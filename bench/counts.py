@@ -46,6 +46,8 @@ HELD = {
     "read-flat": (0.97, 1.1, 1.02),
     "read-perrow": (1.46, 1.35, 1.02),
     "formular": (0.02, 0.10, 0.46),  # without an engine until something needs it
+    "show": (0.66,),
+    "arrange": (5.1,),
     "resize": (1.75,),  # in columns there is more to paint
     "overlay": (1.12, 1.25, 1.5),
     "get-values": (1.67, 1.9, 1.05),
