@@ -73,9 +73,30 @@ bool HeadlineBox::event(QEvent* event)
 {
     if (event->type() == QEvent::ContentsRectChange && contentsMargins() != m_margins)
         setContentsMargins(m_margins);
-    if (event->type() == QEvent::Shortcut)
+    switch (event->type()) {
+    case QEvent::Shortcut:
         return true; // the box made one of an "&" in its title
-    return QGroupBox::event(event);
+    case QEvent::HoverEnter:
+    case QEvent::HoverMove:
+    case QEvent::HoverLeave:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        return QGroupBox::event(event);
+    default:
+        // The group box would ask its style sheet for colors first, whatever the event.
+        return QWidget::event(event); // NOLINT(bugprone-parent-virtual-call): passed over on purpose
+    }
+}
+
+// The group box would compute its margins. A box that is being made has them, and the sheet that names no
+// more than images would be read for that, dropped, and read again when the box is polished.
+void HeadlineBox::changeEvent(QEvent* event)
+{
+    const bool isMade = testAttribute(Qt::WA_WState_Polished);
+    if (event->type() == QEvent::StyleChange && !isMade && IndicatorImages::know(*this))
+        QWidget::changeEvent(event); // NOLINT(bugprone-parent-virtual-call): passed over on purpose
+    else
+        QGroupBox::changeEvent(event);
 }
 
 void HeadlineBox::mousePressEvent(QMouseEvent* event)

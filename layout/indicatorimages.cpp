@@ -4,6 +4,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace {
 
 bool hasOtherSheets(const QWidget& box)
@@ -25,31 +27,48 @@ QString between(const QString& text, QLatin1String before, QLatin1String after)
     return end < 0 ? QString() : text.mid(begin + before.size(), end - begin - before.size());
 }
 
+/// In the program's resources, and without what a style sheet writes in another way.
+bool isPlainResource(const QString& path)
+{
+    const auto isPlain = [](QChar letter) {
+        return letter.isLetterOrNumber() || QStringLiteral("/._-").contains(letter);
+    };
+    return path.startsWith(QLatin1String(":/")) && std::all_of(path.cbegin() + 1, path.cend(), isPlain);
+}
+
+struct Paths
+{
+    QString closed;
+    QString open;
+};
+
 /// Null if the sheet says anything else.
-QString pathIn(const QString& sheet, bool checked)
+Paths pathsIn(const QString& sheet)
 {
     const QLatin1String beforeClosed("QGroupBox::indicator:unchecked {image: url(");
     const QLatin1String beforeOpen("QGroupBox::indicator:checked {image: url(");
     const QLatin1String after(");}");
-    const QString closed = between(sheet, beforeClosed, after);
-    const QString open = between(sheet, beforeOpen, after);
-    if (sheet != beforeClosed + closed + after + beforeOpen + open + after)
-        return QString();
-    const QString& path = checked ? open : closed;
-    return path.startsWith(QLatin1String(":/")) ? path : QString();
+    const Paths paths{between(sheet, beforeClosed, after), between(sheet, beforeOpen, after)};
+    const bool isAll = sheet == beforeClosed + paths.closed + after + beforeOpen + paths.open + after;
+    return isAll && isPlainResource(paths.closed) && isPlainResource(paths.open) ? paths : Paths();
 }
 
 } // namespace
 
+bool IndicatorImages::know(const QWidget& box)
+{
+    return !pathsIn(box.styleSheet()).open.isNull() && !hasOtherSheets(box);
+}
+
 const QIcon* IndicatorImages::find(const QWidget& box, bool checked)
 {
-    const QString path = pathIn(box.styleSheet(), checked);
-    if (path.isEmpty() || hasOtherSheets(box))
+    const Paths paths = pathsIn(box.styleSheet());
+    if (paths.open.isNull() || hasOtherSheets(box))
         return nullptr;
     static QPointer<IndicatorImages> images;
     if (!images)
         images = new IndicatorImages(qApp); // whose plugins the images need to the end
-    return images->image(path);
+    return images->image(checked ? paths.open : paths.closed);
 }
 
 const QIcon* IndicatorImages::image(const QString& path)

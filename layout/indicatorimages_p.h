@@ -12,9 +12,11 @@ class QWidget;
 class IndicatorImages : public QObject
 {
 public:
-    /// What the style would paint as the indicator of @p box; null if only the style knows: the sheet of
-    /// the box has to be just an image of the program's resources for each state, and the only sheet there
-    /// is. The image lasts until the next look.
+    /// Whether the sheet of @p box is just an image of the program's resources for each state, and no
+    /// other sheet has a say in it.
+    static bool know(const QWidget& box);
+    /// What the style would paint as the indicator of @p box; null if only the style knows. The image lasts
+    /// until the next look.
     static const QIcon* find(const QWidget& box, bool checked);
 
 private:
