@@ -43,14 +43,14 @@ class BASICVALUEWIDGETS_EXPORT VCNumericFloatSpin : public QDoubleSpinBox,
     Q_PROPERTY(QString suffix READ suffix WRITE setSuffix)
 
 public:
-    /// How numbers are shown: what the setters of these take, at what they are before.
+    /// How numbers are shown: what the setters take, and what holds before they are called.
     struct Display
     {
-        QString suffix;
-        int decimals = 0;
-        double offset = 0.0;
-        double factor = 1.0;
-        double unitScale = 1.0;
+        QString suffix;         ///< setSuffix()
+        int decimals = 0;       ///< setAdditionalPrecision()
+        double offset = 0.0;    ///< SetDisplayAdditveOffset()
+        double factor = 1.0;    ///< SetDisplayScalingFactor()
+        double unitScale = 1.0; ///< SetUnitScale()
     };
 
     /// name is the object name, null for none. withButtons false leaves the
