@@ -1,6 +1,6 @@
 #include "withoutdisplay.h"
 
-#include <QtGlobal>
+#include <QByteArray>
 
 void leaveDisplay()
 {
